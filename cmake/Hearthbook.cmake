@@ -1,0 +1,45 @@
+# What every target of the house shares, and the two ways to add a room to it.
+
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+
+find_program(CCACHE ccache)
+if(CCACHE)
+  set(CMAKE_CXX_COMPILER_LAUNCHER "${CCACHE}")
+endif()
+
+option(HEARTHBOOK_WERROR "Treat warnings as errors" OFF)
+option(HEARTHBOOK_SANITIZE "Build with the address and undefined behaviour sanitizers" OFF)
+
+add_compile_options(-Wall -Wextra -Wpedantic)
+if(HEARTHBOOK_WERROR)
+  add_compile_options(-Werror)
+endif()
+if(HEARTHBOOK_SANITIZE)
+  add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=undefined
+                      -fno-omit-frame-pointer)
+  add_link_options(-fsanitize=address,undefined)
+endif()
+
+# hearthbook_library(NAME SOURCES ... [LINKS ...] [PRIVATE_LINKS ...])
+#
+# One folder, one library (a floor with windows has two, <floor>_rules and <floor>_forms).
+# A library shows its own folder to those that link it and to nobody else: a header of a
+# floor above is not on the include path, so an include upward does not compile.
+function(hearthbook_library name)
+  cmake_parse_arguments(ARG "" "" "SOURCES;LINKS;PRIVATE_LINKS" ${ARGN})
+  add_library(${name} STATIC ${ARG_SOURCES})
+  target_include_directories(${name} PUBLIC "${CMAKE_CURRENT_SOURCE_DIR}")
+  target_link_libraries(${name} PUBLIC ${ARG_LINKS} PRIVATE ${ARG_PRIVATE_LINKS})
+endfunction()
+
+# hearthbook_forms(NAME SOURCES ... [LINKS ...] [PRIVATE_LINKS ...]): the same for a library
+# with windows, whose .ui files and Q_OBJECT classes Qt's tools compile.
+function(hearthbook_forms name)
+  hearthbook_library(${name} ${ARGN})
+  set_target_properties(${name} PROPERTIES AUTOMOC ON AUTOUIC ON)
+  target_link_libraries(${name} PUBLIC Qt6::Widgets)
+  target_compile_definitions(${name} PRIVATE QT_NO_KEYWORDS QT_NO_CAST_FROM_ASCII)
+endfunction()

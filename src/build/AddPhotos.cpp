@@ -1,0 +1,1 @@
+#include "AddPhotos.h"

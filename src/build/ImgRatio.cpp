@@ -1,0 +1,1 @@
+#include "ImgRatio.h"

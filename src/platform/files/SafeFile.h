@@ -1,0 +1,28 @@
+#pragma once
+
+#include <filesystem>
+#include <functional>
+#include <iosfwd>
+
+namespace hearthbook {
+
+/// Writes a file so that at any instant the disk holds either the old file or the new one,
+/// whole: a temporary name in the same folder, flush, rename, flush of the folder. If `write`
+/// throws or the disk is full the old file stays and no temporary file is left.
+/// Throws RunTimeError, with the file and the cause in its text.
+void replaceFile(const std::filesystem::path& target,
+                 const std::function<void(std::ostream&)>& write);
+
+/// Copies the bytes of `source` to `target` in the same manner.
+void copyFileSafely(const std::filesystem::path& source, const std::filesystem::path& target);
+
+/// Deletes the file; flushes the folder. Throws if it is there and cannot be deleted.
+void deleteFile(const std::filesystem::path& file);
+
+/// Flushes a file, or a folder's entries, to the disk.
+void flushToDisk(const std::filesystem::path& fileOrFolder);
+
+/// Removes what writes cut short by a kill have left in the folder.
+void removeLeftovers(const std::filesystem::path& folder);
+
+} // namespace hearthbook

@@ -1,0 +1,91 @@
+#pragma once
+
+#include "Recordset.h"
+
+#include <QComboBox>
+#include <QListView>
+
+#include <memory>
+#include <string>
+
+class QLineEdit;
+class QPlainTextEdit;
+
+namespace hearthbook {
+
+/// Where the entries of a bound list come from: rows of a record set, `listField` shown,
+/// `boundColumn` standing behind each entry.
+struct ListSource {
+  Recordset* rows = nullptr;
+  std::string listField;
+  std::string boundColumn;
+};
+
+/// A drop-down list of rows. Offers only stored rows; typing seeks among them.
+class DataCombo : public QComboBox {
+  Q_OBJECT
+public:
+  explicit DataCombo(QWidget* parent = nullptr);
+
+  void setListSource(ListSource source); ///< and fills the list
+  void ReFill();                         ///< reads the rows again, keeps the choice
+  [[nodiscard]] QString Text() const;
+  void setText(const QString& text);     ///< chooses the row of that text (no regard to case)
+  [[nodiscard]] Value BoundText() const; ///< Null where nothing is chosen
+  void setBoundText(const Value& value);
+
+Q_SIGNALS:
+  void chosen(); ///< by the user or by setText, not by setBoundText
+
+private:
+  ListSource source_;
+};
+
+/// A list of rows.
+class DataList : public QListView {
+  Q_OBJECT
+public:
+  explicit DataList(QWidget* parent = nullptr);
+  ~DataList() override;
+
+  void setListSource(ListSource source);
+  void ReFill();
+  [[nodiscard]] QString Text() const;    ///< empty where nothing is chosen
+  [[nodiscard]] Value BoundText() const; ///< Null where nothing is chosen
+  void setBoundText(const Value& value); ///< an unknown value chooses nothing
+
+Q_SIGNALS:
+  void chosen();
+  void doubleClickedRow();
+
+private:
+  struct Impl;
+  std::unique_ptr<Impl> impl_;
+};
+
+/// Ties controls to fields of a record set's current row.
+///
+/// Writes the edits that are pending in the controls before the set leaves its row, then
+/// shows the new row. An emptied text is Null. A control marked as unchanged is not written.
+class Binding {
+public:
+  explicit Binding(Recordset& rows);
+  ~Binding();
+  Binding(const Binding&) = delete;
+  Binding& operator=(const Binding&) = delete;
+
+  void bind(QLineEdit* edit, std::string field);
+  void bind(QPlainTextEdit* edit, std::string field);
+  void bind(DataCombo* combo, std::string field);
+
+  void show();  ///< the current row in all controls; drops what is pending in them
+  void write(); ///< what is pending in the controls into the row's fields (no Update)
+  [[nodiscard]] bool isChanged(const QWidget* control) const;
+  void markUnchanged(const QWidget* control); ///< and shows the stored value again at show()
+
+private:
+  struct Impl;
+  std::unique_ptr<Impl> impl_;
+};
+
+} // namespace hearthbook

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QApplication>
+
+#include <exception>
+#include <functional>
+
+namespace hearthbook {
+
+/// Tells the user of a failed command: what failed, in plain words, with file or statement.
+void reportFailure(const std::exception& failure);
+
+/// The application with the one guard around event delivery: a handler that throws ends in
+/// the error report and the program goes on.
+class GuardedApplication : public QApplication {
+public:
+  using QApplication::QApplication;
+  bool notify(QObject* receiver, QEvent* event) override;
+};
+
+/// Runs a step that may fail without stopping the steps behind it.
+template <class Step> void passOver(Step step) {
+  try {
+    step();
+  } catch (const std::exception&) { // NOLINT(bugprone-empty-catch): this is the one place
+  }
+}
+
+/// Lets the event loop run until `done` holds, with the user's commands blocked. For waiting
+/// on work that other threads do.
+void waitUntil(const std::function<bool()>& done);
+
+} // namespace hearthbook

@@ -1,0 +1,1 @@
+#include "MsgBox.h"

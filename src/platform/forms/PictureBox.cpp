@@ -1,0 +1,1 @@
+#include "PictureBox.h"

@@ -1,0 +1,49 @@
+#pragma once
+
+#include "Twips.h"
+
+#include <QRect>
+#include <QWidget>
+
+#include <memory>
+
+namespace hearthbook {
+
+/// A widget whose children stand in a table of present rectangles in twips, scaled uniformly
+/// to the room there is. Fitting, zooming and arranging change the table; pixels follow.
+/// Printing reads the table, never a widget's pixels.
+class Stage : public QWidget {
+  Q_OBJECT
+public:
+  explicit Stage(TwipsSize design, QWidget* parent = nullptr);
+  ~Stage() override;
+
+  /// Puts a child on the stage; its font is `points` at scale 1.
+  void place(QWidget* child, TwipsRect rect, double points = 8.25);
+  void setRect(const QWidget* child, TwipsRect rect);
+  [[nodiscard]] TwipsRect rect(const QWidget* child) const;
+
+  void setDesign(TwipsSize design);
+  [[nodiscard]] TwipsSize design() const;
+  [[nodiscard]] double scale() const; ///< logical pixels per standard pixel (1 at 96 dpi)
+
+  [[nodiscard]] QRect toPixels(TwipsRect rect) const;
+  /// A point in this widget's pixels as twips of the design.
+  [[nodiscard]] TwipsPoint toTwips(QPointF pixels) const;
+
+  [[nodiscard]] QSize sizeHint() const override;
+  [[nodiscard]] QSize minimumSizeHint() const override;
+
+Q_SIGNALS:
+  void scaled(); ///< after all children have their new places
+
+protected:
+  void resizeEvent(QResizeEvent* event) override;
+  bool event(QEvent* event) override;
+
+private:
+  struct Impl;
+  std::unique_ptr<Impl> impl_;
+};
+
+} // namespace hearthbook

@@ -1,0 +1,42 @@
+#pragma once
+
+#include "Picture.h"
+
+#include <filesystem>
+#include <string>
+
+namespace hearthbook {
+
+/// What the head of a picture file tells without its pixels being read.
+struct PictureInfo {
+  PixelSize size;      ///< upright, as it will be shown
+  int orientation = 1; ///< as the camera stored it, 1 to 8
+  std::string format;  ///< "jpeg", "png", "bmp", "tiff", "ico", "gif", "pcx", "tga"
+};
+
+struct Decoded {
+  Picture picture;    ///< upright, sRGB
+  bool cut = false;   ///< the file ends early; the picture goes as far as it does
+  PixelSize fullSize; ///< upright size of the file's picture, whatever was asked for
+};
+
+/// No picture may have more pixels than this; larger ones are refused before memory is taken.
+inline constexpr std::int64_t maxPixels = 300'000'000;
+
+/// Reads the head. The content decides the format, not the name. Throws RunTimeError naming
+/// the file and the cause.
+PictureInfo readPictureInfo(const std::filesystem::path& file);
+
+/// The whole picture at its full size. Throws RunTimeError.
+Decoded decodePicture(const std::filesystem::path& file);
+
+/// The picture at exactly `size` (the caller has fitted it), through the smallest decoding
+/// that is at least as large, then an area average; enlarges smoothly where the file is
+/// smaller. Throws RunTimeError.
+Decoded decodePictureAt(const std::filesystem::path& file, PixelSize size);
+
+/// The picture fitted into a square of `longerSide` pixels, keeping its proportions, the other
+/// side rounded half to even and at least 1.
+Decoded decodePictureWithin(const std::filesystem::path& file, int longerSide);
+
+} // namespace hearthbook

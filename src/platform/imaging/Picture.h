@@ -1,0 +1,40 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <vector>
+
+namespace hearthbook {
+
+/// Width and height in pixels.
+struct PixelSize {
+  int width = 0;
+  int height = 0;
+  bool operator==(const PixelSize&) const = default;
+};
+
+/// Pixels in sRGB, 0xffRRGGBB each, rows from the top without padding. Copies share the
+/// pixels; writing to one of them makes it a picture of its own.
+class Picture {
+public:
+  Picture() = default;              ///< no picture
+  explicit Picture(PixelSize size); ///< black; throws RunTimeError where memory is short
+
+  [[nodiscard]] bool isNull() const { return !pixels_; }
+  [[nodiscard]] PixelSize size() const { return size_; }
+  [[nodiscard]] int width() const { return size_.width; }
+  [[nodiscard]] int height() const { return size_.height; }
+  [[nodiscard]] const std::uint32_t* row(int y) const {
+    return pixels_->data() + static_cast<std::size_t>(y) * static_cast<std::size_t>(size_.width);
+  }
+  [[nodiscard]] std::uint32_t* writableRow(int y);
+  /// Keeps the pixels alive for others that look at them.
+  [[nodiscard]] std::shared_ptr<const std::vector<std::uint32_t>> share() const { return pixels_; }
+
+private:
+  PixelSize size_;
+  std::shared_ptr<std::vector<std::uint32_t>> pixels_;
+};
+
+} // namespace hearthbook

@@ -1,0 +1,53 @@
+#pragma once
+
+#include "Decode.h"
+#include "WorkPool.h"
+
+#include <filesystem>
+#include <functional>
+#include <memory>
+#include <string>
+
+namespace hearthbook {
+
+/// Decodes pictures beside the album's thread and keeps the latest ones.
+///
+/// Finished pictures are handed over on the album's thread, through the `deliver` function
+/// given at construction, and only while their Ticket lives. A file that was replaced since
+/// (size or time differ) is decoded again.
+class PictureLoader {
+public:
+  struct Loaded {
+    Decoded decoded;   ///< no picture where `error` is not empty
+    std::string error; ///< what went wrong, naming the file
+  };
+  using Callback = std::function<void(const Loaded&)>;
+  using Deliver = std::function<void(std::function<void()>)>;
+
+  /// Destroying it forgets the request.
+  class Ticket {
+  public:
+    Ticket() = default;
+
+  private:
+    friend class PictureLoader;
+    std::shared_ptr<void> alive_;
+  };
+
+  PictureLoader(WorkPool& pool, Deliver deliver, std::size_t cacheBytes = 256u << 20);
+  ~PictureLoader();
+
+  /// Asks for the picture at exactly `size` pixels, before all that is only decoded ahead. If
+  /// it is ready the callback runs before load() returns.
+  [[nodiscard]] Ticket load(const std::filesystem::path& file, PixelSize size, Callback callback);
+
+  /// Decodes ahead what will probably be asked for next. Newer wishes replace older ones that
+  /// have not begun.
+  void decodeAhead(const std::vector<std::pair<std::filesystem::path, PixelSize>>& wishes);
+
+private:
+  struct Impl;
+  std::shared_ptr<Impl> impl_;
+};
+
+} // namespace hearthbook

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "Twips.h"
+#include "Value.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace hearthbook {
+
+/// One marker: "004-0341X1022,". The position is in twips from the top-left corner of the
+/// shown picture, within the 5760 box of the record editor.
+std::string markerEntry(std::int64_t id, TwipsPoint position);
+
+/// True if the field holds "<id in three digits>-" anywhere.
+bool hasMarker(std::string_view namesCords, std::int64_t id);
+
+/// The field with the person's marker added or moved.
+std::string withMarker(std::string_view namesCords, std::int64_t id, TwipsPoint position);
+
+/// The field without the person's marker; Null where nothing is left. Entries are taken to be
+/// 14 characters long, so that of an id of four digits the comma stays behind.
+Value withoutMarker(std::string_view namesCords, std::int64_t id);
+
+/// Where the person's marker stands: the first entry that begins with the id in three digits.
+std::optional<TwipsPoint> markerPosition(std::string_view namesCords, std::int64_t id);
+
+} // namespace hearthbook
