@@ -13,8 +13,8 @@ namespace hearthbook {
 inline QString toQString(std::string_view text) {
   return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
-inline QString toQString(const std::filesystem::path& path) { return toQString(path.string()); }
 inline QString toQString(const std::string& text) { return toQString(std::string_view(text)); }
+inline QString toQString(const std::filesystem::path& path) { return toQString(path.string()); }
 inline QString toQString(const char* text) { return toQString(std::string_view(text)); }
 inline std::string toUtf8(const QString& text) { return text.toStdString(); }
 inline std::filesystem::path toPath(const QString& text) {
