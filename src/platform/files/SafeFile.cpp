@@ -1,1 +1,221 @@
 #include "SafeFile.h"
+
+#include "FileDescriptor.h"
+#include "FileError.h"
+
+#include <array>
+#include <atomic>
+#include <cerrno>
+#include <charconv>
+#include <csignal>
+#include <cstdio>
+#include <cstring>
+#include <ostream>
+#include <streambuf>
+#include <string>
+#include <system_error>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+
+namespace hearthbook {
+namespace fs = std::filesystem;
+namespace {
+
+constexpr std::string_view partStart = ".hearthbook-";
+constexpr std::string_view partEnd = ".part";
+
+/// All bytes, however the system cuts them; false with errno set if it refuses.
+bool writeAll(int file, const char* bytes, std::size_t count) {
+  while (count > 0) {
+    const ssize_t written = ::write(file, bytes, count);
+    if (written < 0 && errno == EINTR)
+      continue;
+    if (written < 0)
+      return false;
+    bytes += written;
+    count -= static_cast<std::size_t>(written);
+  }
+  return true;
+}
+
+/// Lets a std::ostream write to an open file and remembers why the system refused.
+class FileBuffer : public std::streambuf {
+public:
+  explicit FileBuffer(int file) : file_(file) { setp(buffer_.data(), buffer_.data() + size); }
+  [[nodiscard]] int error() const { return error_; }
+
+protected:
+  int overflow(int character) override {
+    if (sync() != 0)
+      return traits_type::eof();
+    if (traits_type::eq_int_type(character, traits_type::eof()))
+      return traits_type::not_eof(character);
+    return sputc(traits_type::to_char_type(character));
+  }
+
+  int sync() override {
+    const auto waiting = static_cast<std::size_t>(pptr() - pbase());
+    setp(buffer_.data(), buffer_.data() + size);
+    return put(buffer_.data(), waiting) ? 0 : -1;
+  }
+
+  std::streamsize xsputn(const char* bytes, std::streamsize count) override {
+    if (count <= epptr() - pptr()) {
+      std::memcpy(pptr(), bytes, static_cast<std::size_t>(count));
+      pbump(static_cast<int>(count));
+      return count;
+    }
+    return sync() == 0 && put(bytes, static_cast<std::size_t>(count)) ? count : 0;
+  }
+
+private:
+  static constexpr std::size_t size = 65536;
+
+  bool put(const char* bytes, std::size_t count) {
+    if (error_ == 0 && !writeAll(file_, bytes, count))
+      error_ = errno;
+    return error_ == 0;
+  }
+
+  int file_;
+  int error_ = 0;
+  std::array<char, size> buffer_{};
+};
+
+/// A name that no other write uses. It is made without the file's own name, so that a name as
+/// long as the file system allows can be written too.
+fs::path nextPartName(const fs::path& folder) {
+  static std::atomic<unsigned> count{0};
+  return folder / (std::string(partStart) + std::to_string(getpid()) + "-" +
+                   std::to_string(++count) + std::string(partEnd));
+}
+
+fs::path folderOf(const fs::path& file) {
+  return file.has_parent_path() ? file.parent_path() : fs::path(".");
+}
+
+/// The temporary file beside a target: removed unless it has taken the target's place.
+class PartFile {
+public:
+  explicit PartFile(const fs::path& target) : target_(target), file_(create()) {}
+  ~PartFile() {
+    if (!placed_)
+      ::unlink(part_.c_str());
+  }
+  PartFile(const PartFile&) = delete;
+  PartFile& operator=(const PartFile&) = delete;
+
+  [[nodiscard]] int number() const { return file_.number(); }
+
+  void place() {
+    if (::fsync(file_.number()) != 0 || !file_.close())
+      throwFileError("write", target_, errno);
+    if (::rename(part_.c_str(), target_.c_str()) != 0)
+      throwFileError("write", target_, errno);
+    placed_ = true;
+    flushToDisk(folderOf(target_));
+  }
+
+private:
+  int create() {
+    for (;;) {
+      part_ = nextPartName(folderOf(target_));
+      const int file = ::open(part_.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+      if (file >= 0)
+        return file;
+      if (errno != EEXIST)
+        throwFileError("write", target_, errno);
+    }
+  }
+
+  fs::path target_;
+  fs::path part_;
+  bool placed_ = false;
+  FileDescriptor file_;
+};
+
+/// Lets the kernel copy as far as it can; what is left is for copyRest().
+void copyInKernel(int source, int target) {
+  constexpr std::size_t piece = std::size_t{1} << 30;
+  while (::copy_file_range(source, nullptr, target, nullptr, piece, 0) > 0) {
+  }
+}
+
+void copyRest(int source, const fs::path& sourceName, int target, const fs::path& targetName) {
+  std::array<char, 65536> bytes;
+  for (;;) {
+    const ssize_t count = ::read(source, bytes.data(), bytes.size());
+    if (count == 0)
+      return;
+    if (count < 0 && errno == EINTR)
+      continue;
+    if (count < 0)
+      throwFileError("read", sourceName, errno);
+    if (!writeAll(target, bytes.data(), static_cast<std::size_t>(count)))
+      throwFileError("write", targetName, errno);
+  }
+}
+
+/// The process that a temporary name belongs to; 0 if the name is not one of ours.
+pid_t ownerOf(std::string_view name) {
+  if (!name.starts_with(partStart) || !name.ends_with(partEnd))
+    return 0;
+  pid_t owner = 0;
+  std::from_chars(name.data() + partStart.size(), name.data() + name.size(), owner);
+  return owner;
+}
+
+/// Another running program may be writing in the folder at this moment.
+bool isAbandoned(std::string_view name) {
+  const pid_t owner = ownerOf(name);
+  return owner > 0 && (owner == getpid() || (::kill(owner, 0) != 0 && errno == ESRCH));
+}
+
+} // namespace
+
+void replaceFile(const fs::path& target, const std::function<void(std::ostream&)>& write) {
+  PartFile part(target);
+  FileBuffer buffer(part.number());
+  std::ostream stream(&buffer);
+  write(stream);
+  stream.flush();
+  if (!stream)
+    throwFileError("write", target, buffer.error() != 0 ? buffer.error() : EIO);
+  part.place();
+}
+
+void copyFileSafely(const fs::path& source, const fs::path& target) {
+  const FileDescriptor from(::open(source.c_str(), O_RDONLY | O_CLOEXEC));
+  if (!from.isOpen())
+    throwFileError("read", source, errno);
+  PartFile part(target);
+  copyInKernel(from.number(), part.number());
+  copyRest(from.number(), source, part.number(), target);
+  part.place();
+}
+
+void deleteFile(const fs::path& file) {
+  if (::unlink(file.c_str()) == 0)
+    flushToDisk(folderOf(file));
+  else if (errno != ENOENT)
+    throwFileError("delete", file, errno);
+}
+
+void flushToDisk(const fs::path& fileOrFolder) {
+  const FileDescriptor file(::open(fileOrFolder.c_str(), O_RDONLY | O_CLOEXEC));
+  // Some file systems cannot flush a folder: they answer EINVAL and need no flush.
+  if (!file.isOpen() || (::fsync(file.number()) != 0 && errno != EINVAL))
+    throwFileError("flush", fileOrFolder, errno);
+}
+
+void removeLeftovers(const fs::path& folder) {
+  std::error_code error;
+  fs::directory_iterator entry(folder, error);
+  for (; !error && entry != fs::directory_iterator(); entry.increment(error)) {
+    if (isAbandoned(entry->path().filename().string()))
+      ::unlink(entry->path().c_str());
+  }
+}
+
+} // namespace hearthbook
