@@ -19,6 +19,10 @@ class Recordset;
 /// where the locale is "C"); accents count. Journal: rollback, fully synchronised, so that a
 /// kill or a power cut leaves either the state before a statement or the state behind it.
 /// Everything that fails throws RunTimeError, with the statement or the path in its text.
+///
+/// A schema declares name and text columns `COLLATE HEARTHBOOK_TEXT` (TextFunctions.h) and puts
+/// no index on them; ids are `COLLATE NOCASE`. A table without a number of its own as key has
+/// `RowKey INTEGER PRIMARY KEY`, which record sets use and never show.
 class Connection {
 public:
   Connection();
@@ -30,7 +34,8 @@ public:
   /// `newestSchema` (PRAGMA user_version).
   void Open(const std::filesystem::path& file, int newestSchema = 1);
 
-  /// Writes the pending edits of its record sets, closes them, and closes the file.
+  /// Writes the pending edits of its record sets, closes them, and closes the file. Edits that
+  /// cannot be stored are told by a RunTimeError after everything is closed.
   void Close();
 
   [[nodiscard]] bool isOpen() const;
@@ -40,7 +45,8 @@ public:
   [[nodiscard]] bool passesQuickCheck();
 
   /// Runs `work` as one transaction; rolls back and rethrows if it throws. Nested calls join
-  /// the outer one. No message or dialog may be shown inside.
+  /// the outer one. No message or dialog may be shown inside. Record sets keep what was
+  /// written in a transaction that was rolled back until they are requeried.
   void transaction(const std::function<void()>& work);
 
   /// Runs a statement that gives no rows (schema tools, tests).
@@ -50,6 +56,9 @@ public:
 
 private:
   friend class Recordset;
+  void add(Recordset& recordset);
+  void remove(const Recordset& recordset);
+
   struct Impl;
   std::unique_ptr<Impl> impl_;
 };

@@ -1,1 +1,113 @@
 #include "JetEngine.h"
+
+#include "DatabaseFile.h"
+#include "RunTimeError.h"
+#include "Statement.h"
+
+#include <sqlite3.h>
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstring>
+#include <string>
+#include <system_error>
+
+namespace hearthbook {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+/// A file that is removed again unless it was kept.
+class TemporaryFile {
+public:
+  explicit TemporaryFile(fs::path path) : path_(std::move(path)) { removeIt(); }
+  ~TemporaryFile() {
+    if (!kept_)
+      removeIt();
+  }
+  TemporaryFile(const TemporaryFile&) = delete;
+  TemporaryFile& operator=(const TemporaryFile&) = delete;
+
+  [[nodiscard]] const fs::path& path() const { return path_; }
+  void keep() { kept_ = true; }
+
+private:
+  void removeIt() {
+    std::error_code ignored;
+    fs::remove(path_, ignored);
+    fs::remove(path_.string() + "-journal", ignored);
+  }
+
+  fs::path path_;
+  bool kept_ = false;
+};
+
+[[noreturn]] void throwNotMade(const fs::path& file, const std::string& trouble) {
+  throw RunTimeError("The compacted copy " + file.string() + " could not be made: " + trouble +
+                     ".");
+}
+
+[[noreturn]] void throwSystemError(const fs::path& file) {
+  throwNotMade(file, std::error_code(errno, std::generic_category()).message());
+}
+
+/// Waits until the file or the folder is on the disk.
+void flush(const fs::path& path) {
+  const int descriptor = open(path.c_str(), O_RDONLY | O_CLOEXEC);
+  if (descriptor < 0)
+    throwSystemError(path);
+  const int result = fsync(descriptor);
+  const int error = errno;
+  close(descriptor);
+  errno = error;
+  if (result != 0)
+    throwSystemError(path);
+}
+
+void writeCompacted(const fs::path& source, const fs::path& copy) {
+  const DatabaseHandle database = openDatabase(source);
+  Statement vacuum(database.get(), "VACUUM INTO ?1");
+  vacuum.bind(1, copy.string());
+  vacuum.run();
+}
+
+void check(const fs::path& copy) {
+  const DatabaseHandle database = openDatabase(copy);
+  if (!passesQuickCheck(database.get()))
+    throwNotMade(copy, "it is damaged");
+}
+
+/// Gives the file its name, unless that is taken.
+void giveName(const fs::path& from, const fs::path& to) {
+  if (link(from.c_str(), to.c_str()) == 0) {
+    unlink(from.c_str());
+    return;
+  }
+  if (errno == EEXIST)
+    throwNotMade(to, "there is a file of that name already");
+  if (std::rename(from.c_str(), to.c_str()) != 0) // a file system without links
+    throwSystemError(to);
+}
+
+fs::path folderOf(const fs::path& file) {
+  return file.has_parent_path() ? file.parent_path() : fs::path(".");
+}
+
+} // namespace
+
+void JetEngine::CompactDatabase(const fs::path& source, const fs::path& destination) const {
+  if (fs::exists(fs::symlink_status(destination)))
+    throwNotMade(destination, "there is a file of that name already");
+  TemporaryFile copy(destination.string() + ".new");
+  writeCompacted(source, copy.path());
+  check(copy.path());
+  flush(copy.path());
+  giveName(copy.path(), destination);
+  copy.keep();
+  flush(folderOf(destination));
+}
+
+} // namespace hearthbook

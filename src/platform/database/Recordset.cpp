@@ -1,1 +1,163 @@
 #include "Recordset.h"
+
+#include "Connection.h"
+#include "RecordsetImpl.h"
+#include "RunTimeError.h"
+
+#include <atomic>
+
+namespace hearthbook {
+
+namespace {
+
+std::shared_ptr<SharedRows> makeShared(std::unique_ptr<Answer> answer) {
+  static std::atomic<std::uint32_t> serials = 0;
+  auto shared = std::make_shared<SharedRows>();
+  shared->answer = std::move(answer);
+  shared->serial = ++serials;
+  return shared;
+}
+
+} // namespace
+
+Recordset::Subscription::Subscription(Subscription&&) noexcept = default;
+
+Recordset::Subscription& Recordset::Subscription::operator=(Subscription&& other) noexcept {
+  if (state_)
+    state_->alive = false;
+  state_ = std::move(other.state_);
+  return *this;
+}
+
+Recordset::Subscription::~Subscription() {
+  if (state_)
+    state_->alive = false;
+}
+
+Recordset::Recordset(Connection& connection) : impl_(std::make_unique<Impl>()) {
+  impl_->connection = &connection;
+  connection.add(*this);
+}
+
+Recordset::~Recordset() {
+  impl_->observers.clear();
+  try {
+    if (impl_->shared)
+      impl_->store();
+  } catch (const RunTimeError&) {
+    // Who wants to know whether the last edits were stored calls Close.
+  }
+  impl_->abandon();
+  if (impl_->connection)
+    impl_->connection->remove(*this);
+}
+
+void Recordset::Open(std::string_view source) {
+  const std::string statement(source); // it may be our own Source
+  Close();
+  impl_->source = statement;
+  auto answer = runSource(connection().handle(), statement);
+  if (!answer)
+    return;
+  impl_->share(makeShared(std::move(answer)));
+  impl_->arrange();
+  impl_->tellArrived();
+}
+
+void Recordset::Open() { Open(impl_->source); }
+
+void Recordset::Close() {
+  if (!impl_->shared)
+    return;
+  impl_->leave();
+  impl_->abandon();
+}
+
+void Recordset::Requery() {
+  impl_->leave();
+  auto answer = runSource(connection().handle(), impl_->source);
+  if (!answer)
+    return impl_->abandon();
+  auto matcher = impl_->filter.empty() ? std::optional<RowMatcher>()
+                                       : RowMatcher(parseCriterion(impl_->filter), *answer);
+  impl_->share(makeShared(std::move(answer)));
+  impl_->matcher = std::move(matcher);
+  impl_->arrange();
+  impl_->tellArrived();
+}
+
+bool Recordset::isOpen() const { return impl_->shared != nullptr; }
+
+const std::string& Recordset::Source() const { return impl_->source; }
+
+void Recordset::Source(std::string source) { impl_->source = std::move(source); }
+
+std::unique_ptr<Recordset> Recordset::Clone() const {
+  auto clone = std::make_unique<Recordset>(connection());
+  clone->becomeCloneOf(*this);
+  return clone;
+}
+
+void Recordset::becomeCloneOf(const Recordset& other) {
+  other.impl_->requireOpen();
+  const auto shared = other.impl_->shared;
+  Connection& theirs = other.connection();
+  std::string source = other.impl_->source;
+  Close();
+  if (impl_->connection != &theirs) {
+    if (impl_->connection)
+      impl_->connection->remove(*this);
+    impl_->connection = &theirs;
+    theirs.add(*this);
+  }
+  impl_->source = std::move(source);
+  impl_->share(shared);
+  impl_->arrange();
+  impl_->tellArrived();
+}
+
+Value Recordset::Collect(std::string_view field) const {
+  const RowId row = impl_->requireRow();
+  const std::size_t column = impl_->requireField(field);
+  for (const auto& [edited, value] : impl_->edits)
+    if (edited == column)
+      return value;
+  return impl_->rows().value(row, column);
+}
+
+void Recordset::Collect(std::string_view field, Value value) {
+  impl_->requireRow();
+  const std::size_t column = impl_->requireField(field);
+  if (!impl_->answer().isWritable(column))
+    throw RunTimeError("The field " + std::string(field) +
+                       " cannot be changed in the record set: " + impl_->source);
+  impl_->edit(column, std::move(value));
+}
+
+bool Recordset::hasField(std::string_view field) const {
+  return impl_->answer().column(field).has_value();
+}
+
+std::vector<std::string> Recordset::fieldNames() const {
+  std::vector<std::string> names;
+  for (const Column& column : impl_->answer().columns)
+    if (!column.hidden)
+      names.push_back(column.name);
+  return names;
+}
+
+Recordset::Subscription Recordset::observe(Observer observer) {
+  Subscription subscription;
+  subscription.state_ = std::make_shared<Subscription::State>();
+  subscription.state_->observer = std::move(observer);
+  impl_->observers.push_back(subscription.state_);
+  return subscription;
+}
+
+Connection& Recordset::connection() const {
+  if (!impl_->connection)
+    throw RunTimeError("The connection of the record set has gone.");
+  return *impl_->connection;
+}
+
+} // namespace hearthbook

@@ -39,8 +39,10 @@ public:
     bool operator==(const Bookmark&) const = default;
   };
 
-  /// Told before a set leaves its row (or is closed, refiltered, requeried) and after it
-  /// stands on another. A walk over many rows inside one operation tells only its end.
+  /// Told before a set stores or leaves its row (or is closed, refiltered, requeried) and
+  /// after it stands on another or an edit was cancelled. A walk over many rows inside one
+  /// operation tells only its end. What an observer does while it is told that the set is
+  /// leaving is not told again.
   struct Observer {
     std::function<void()> leaving;
     std::function<void()> arrived;
@@ -113,7 +115,9 @@ public:
   void UpdateBatch();
   void CancelUpdate();
   [[nodiscard]] bool isPending() const;
-  void Delete(); ///< the current row; the set then stands on the row that followed
+  /// The current row; the set then stands on the row that followed. A MoveNext right behind
+  /// it stays there, so that a walk may delete and move on without leaving a row out.
+  void Delete();
 
   [[nodiscard]] Value Collect(std::string_view field) const;
   void Collect(std::string_view field, Value value); ///< pending until Update or a move
@@ -124,6 +128,8 @@ public:
   [[nodiscard]] Connection& connection() const;
 
 private:
+  friend class Connection;
+  friend struct SharedRows;
   struct Impl;
   std::unique_ptr<Impl> impl_;
 };

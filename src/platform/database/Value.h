@@ -27,6 +27,8 @@ public:
   [[nodiscard]] std::string toText() const;
   /// As a whole number; text gives the number it begins with; Null is 0.
   [[nodiscard]] std::int64_t toInteger() const;
+  /// A real or whole number as it is; text and Null as toInteger() gives them.
+  [[nodiscard]] double toReal() const;
 
   bool operator==(const Value&) const = default;
 

@@ -1,0 +1,108 @@
+#include "Answer.h"
+
+#include "RunTimeError.h"
+#include "SqlTokens.h"
+#include "Statement.h"
+
+#include <sqlite3.h>
+
+namespace hearthbook {
+
+namespace {
+
+/// The columns that come from the written table, key included.
+std::vector<std::size_t> storedColumns(const Answer& answer) {
+  std::vector<std::size_t> columns;
+  for (std::size_t i = 0; i < answer.columns.size(); ++i)
+    if (answer.columns[i].table == answer.writeBack->table)
+      columns.push_back(i);
+  return columns;
+}
+
+std::string listed(const Answer& answer, const std::vector<std::size_t>& columns) {
+  std::string list;
+  for (const std::size_t column : columns)
+    list += (list.empty() ? "" : ", ") + quotedName(answer.columns[column].field);
+  return list;
+}
+
+std::string returning(const Answer& answer) {
+  return " RETURNING " + listed(answer, storedColumns(answer));
+}
+
+std::string insertStatement(const Answer& answer, const Edits& edits) {
+  std::vector<std::size_t> columns;
+  std::string marks;
+  for (const auto& [column, value] : edits) {
+    columns.push_back(column);
+    marks += marks.empty() ? "?" : ", ?";
+  }
+  const std::string content = edits.empty()
+                                  ? " DEFAULT VALUES"
+                                  : " (" + listed(answer, columns) + ") VALUES (" + marks + ")";
+  return "INSERT INTO " + quotedName(answer.writeBack->table) + content + returning(answer);
+}
+
+std::string updateStatement(const Answer& answer, const Edits& edits) {
+  std::string targets;
+  for (const auto& [column, value] : edits)
+    targets += (targets.empty() ? "" : ", ") + quotedName(answer.columns[column].field) + " = ?";
+  return "UPDATE " + quotedName(answer.writeBack->table) + " SET " + targets + " WHERE " +
+         quotedName(answer.writeBack->key) + " = ?" + returning(answer);
+}
+
+void bindEdits(Statement& statement, const Edits& edits) {
+  int parameter = 0;
+  for (const auto& [column, value] : edits)
+    statement.bind(++parameter, value);
+}
+
+/// Runs the statement to its end and shows in the row what it stored. False if it met no row.
+bool store(Statement& statement, Answer& answer, RowId row) {
+  if (!statement.step())
+    return false;
+  std::vector<Value> stored;
+  for (int i = 0; i < statement.columnCount(); ++i)
+    stored.push_back(statement.column(i));
+  statement.run(); // what is stored is stored when the statement has ended
+  const auto columns = storedColumns(answer);
+  for (std::size_t i = 0; i < columns.size(); ++i)
+    answer.rows.set(row, columns[i], stored[i]);
+  return true;
+}
+
+[[noreturn]] void throwGone(const Answer& answer) {
+  throw RunTimeError("The row is no longer in the table " + answer.writeBack->table +
+                     ": it has been deleted meanwhile.");
+}
+
+Value keyOf(const Answer& answer, RowId row) {
+  return answer.rows.value(row, answer.writeBack->keyColumn);
+}
+
+} // namespace
+
+void insertRow(sqlite3* database, Answer& answer, RowId row, const Edits& edits) {
+  Statement statement(database, insertStatement(answer, edits));
+  bindEdits(statement, edits);
+  store(statement, answer, row);
+}
+
+void updateRow(sqlite3* database, Answer& answer, RowId row, const Edits& edits) {
+  Statement statement(database, updateStatement(answer, edits));
+  bindEdits(statement, edits);
+  statement.bind(static_cast<int>(edits.size()) + 1, keyOf(answer, row));
+  if (!store(statement, answer, row))
+    throwGone(answer);
+}
+
+void deleteRow(sqlite3* database, const Answer& answer, RowId row) {
+  Statement statement(database, "DELETE FROM " + quotedName(answer.writeBack->table) + " WHERE " +
+                                    quotedName(answer.writeBack->key) + " = ?");
+  statement.bind(1, keyOf(answer, row));
+  statement.run();
+  if (sqlite3_changes(database) == 0)
+    throwGone(answer);
+}
+
+} // namespace hearthbook

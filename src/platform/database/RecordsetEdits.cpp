@@ -1,0 +1,55 @@
+#include "RecordsetImpl.h"
+
+#include "Connection.h"
+#include "RunTimeError.h"
+
+namespace hearthbook {
+
+void Recordset::AddNew() {
+  impl_->leave();
+  impl_->beginNewRow();
+  impl_->tellArrived();
+}
+
+void Recordset::AddNew(const std::vector<std::string>& fields, const std::vector<Value>& values) {
+  if (fields.size() != values.size())
+    throw RunTimeError("A new row needs one value for each of its fields.");
+  impl_->leave();
+  impl_->beginNewRow();
+  try {
+    for (std::size_t i = 0; i < fields.size(); ++i)
+      Collect(fields[i], values[i]);
+    impl_->store();
+  } catch (...) {
+    impl_->dropEdits();
+    throw;
+  }
+  impl_->tellArrived();
+}
+
+void Recordset::Update() { impl_->leave(); }
+
+void Recordset::UpdateBatch() { impl_->leave(); }
+
+void Recordset::CancelUpdate() {
+  impl_->requireOpen();
+  impl_->dropEdits();
+  impl_->tellArrived();
+}
+
+bool Recordset::isPending() const { return impl_->newRow || !impl_->edits.empty(); }
+
+void Recordset::Delete() {
+  const RowId row = impl_->requireRow();
+  if (impl_->newRow)
+    return CancelUpdate();
+  if (!impl_->answer().writeBack)
+    throw RunTimeError("No row can be deleted from the record set: " + impl_->source);
+  deleteRow(impl_->connection->handle(), impl_->answer(), row);
+  impl_->rows().setAlive(row, false);
+  const auto sharers = impl_->shared->sharers; // one that is told may clone or close
+  for (Impl* sharer : sharers)
+    sharer->rowRemoved(row);
+}
+
+} // namespace hearthbook

@@ -1,0 +1,106 @@
+#include "Statement.h"
+
+#include "RunTimeError.h"
+#include "SqlTokens.h"
+
+#include <sqlite3.h>
+
+#include <algorithm>
+
+namespace hearthbook {
+
+namespace {
+
+/// A statement may name thousands of photos; a message has room for its beginning.
+std::string forMessage(std::string_view statement) {
+  constexpr std::size_t room = 500;
+  if (statement.size() <= room)
+    return std::string(statement);
+  std::size_t end = room;
+  while (end > 0 && (static_cast<unsigned char>(statement[end]) & 0xC0U) == 0x80U)
+    --end; // not amidst a character
+  return std::string(statement.substr(0, end)) + " ...";
+}
+
+std::string refusal(std::string_view reason, std::string_view statement) {
+  return "The database refused a statement: " + std::string(reason) + ".\n" + forMessage(statement);
+}
+
+/// SQLite would pass over what stands behind the first statement, and over all behind a zero.
+bool isMoreThanOneStatement(std::string_view rest) {
+  const auto tokens = sqlTokens(rest);
+  return std::any_of(tokens.begin(), tokens.end(), [](const Token& token) {
+    return token.kind != TokenKind::Blank && !isMark(token, ';');
+  });
+}
+
+} // namespace
+
+void throwDatabaseError(sqlite3* database, std::string_view statement) {
+  throw RunTimeError(refusal(sqlite3_errmsg(database), statement));
+}
+
+Statement::Statement(sqlite3* database, std::string_view statement)
+    : database_(database), text_(statement) {
+  const char* rest = nullptr;
+  if (sqlite3_prepare_v2(database, text_.data(), static_cast<int>(text_.size()), &handle_, &rest) !=
+      SQLITE_OK)
+    throwDatabaseError(database_, text_);
+  const auto used = static_cast<std::size_t>(rest - text_.data());
+  if (handle_ && !isMoreThanOneStatement(std::string_view(text_).substr(used)))
+    return;
+  const char* reason = handle_ ? "it goes on behind its end" : "it is empty";
+  sqlite3_finalize(handle_);
+  throw RunTimeError(refusal(reason, text_));
+}
+
+Statement::~Statement() { sqlite3_finalize(handle_); }
+
+void Statement::bind(int parameter, const Value& value) {
+  int result = SQLITE_OK;
+  if (value.isNull()) {
+    result = sqlite3_bind_null(handle_, parameter);
+  } else if (value.isInteger()) {
+    result = sqlite3_bind_int64(handle_, parameter, value.toInteger());
+  } else if (value.isReal()) {
+    result = sqlite3_bind_double(handle_, parameter, value.toReal());
+  } else {
+    const std::string text = value.toText();
+    result = sqlite3_bind_text64(handle_, parameter, text.data(), text.size(), SQLITE_TRANSIENT,
+                                 SQLITE_UTF8);
+  }
+  if (result != SQLITE_OK)
+    throwDatabaseError(database_, text_);
+}
+
+bool Statement::step() {
+  const int result = sqlite3_step(handle_);
+  if (result != SQLITE_ROW && result != SQLITE_DONE)
+    throwDatabaseError(database_, text_);
+  return result == SQLITE_ROW;
+}
+
+void Statement::run() {
+  while (step()) {
+  }
+}
+
+Value Statement::column(int index) const {
+  switch (sqlite3_column_type(handle_, index)) {
+  case SQLITE_NULL:
+    return {};
+  case SQLITE_INTEGER:
+    return static_cast<std::int64_t>(sqlite3_column_int64(handle_, index));
+  case SQLITE_FLOAT:
+    return sqlite3_column_double(handle_, index);
+  default: {
+    const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(handle_, index));
+    const int size = sqlite3_column_bytes(handle_, index);
+    return std::string(text ? text : "", static_cast<std::size_t>(size));
+  }
+  }
+}
+
+int Statement::columnCount() const { return sqlite3_column_count(handle_); }
+
+} // namespace hearthbook
