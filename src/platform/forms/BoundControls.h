@@ -7,6 +7,7 @@
 
 #include <memory>
 #include <string>
+#include <vector>
 
 class QLineEdit;
 class QPlainTextEdit;
@@ -21,7 +22,19 @@ struct ListSource {
   std::string boundColumn;
 };
 
-/// A drop-down list of rows. Offers only stored rows; typing seeks among them.
+/// What a bound list shows: a text and the value behind it, in the order of the rows.
+struct ListEntries {
+  QStringList texts;
+  std::vector<Value> values;
+
+  [[nodiscard]] int indexOf(const Value& value) const; ///< -1 for Null and unknown values
+};
+
+/// Reads the entries of all rows that pass the set's filter; the set stays where it stands.
+ListEntries readEntries(const ListSource& source);
+
+/// A drop-down list of rows. Offers only stored rows; typing seeks among them. Delete and
+/// Backspace empty the choice. The wheel turns it only where it has the focus.
 class DataCombo : public QComboBox {
   Q_OBJECT
 public:
@@ -32,13 +45,21 @@ public:
   [[nodiscard]] QString Text() const;
   void setText(const QString& text);     ///< chooses the row of that text (no regard to case)
   [[nodiscard]] Value BoundText() const; ///< Null where nothing is chosen
-  void setBoundText(const Value& value);
+  void setBoundText(const Value& value); ///< an unknown value shows nothing, until a row has it
 
 Q_SIGNALS:
   void chosen(); ///< by the user or by setText, not by setBoundText
 
+protected:
+  void keyPressEvent(QKeyEvent* event) override;
+  void wheelEvent(QWheelEvent* event) override;
+
 private:
+  void choose(int index);
+
   ListSource source_;
+  std::vector<Value> values_;
+  Value wanted_; ///< what was set or chosen last, there or not
 };
 
 /// A list of rows.
@@ -49,24 +70,30 @@ public:
   ~DataList() override;
 
   void setListSource(ListSource source);
-  void ReFill();
+  void ReFill();                         ///< reads the rows again, keeps the choice
   [[nodiscard]] QString Text() const;    ///< empty where nothing is chosen
   [[nodiscard]] Value BoundText() const; ///< Null where nothing is chosen
   void setBoundText(const Value& value); ///< an unknown value chooses nothing
 
 Q_SIGNALS:
-  void chosen();
-  void doubleClickedRow();
+  void chosen();           ///< by the user, not by setBoundText
+  void doubleClickedRow(); ///< or Return on it
 
 private:
-  struct Impl;
-  std::unique_ptr<Impl> impl_;
+  class Model;
+  [[nodiscard]] int chosenRow() const;
+  void choose(int row);
+
+  ListSource source_;
+  Model* model_;
 };
 
 /// Ties controls to fields of a record set's current row.
 ///
 /// Writes the edits that are pending in the controls before the set leaves its row, then
 /// shows the new row. An emptied text is Null. A control marked as unchanged is not written.
+/// Where there is no row the controls are empty and disabled. A form that is unloaded has its
+/// edits written and stored.
 class Binding {
 public:
   explicit Binding(Recordset& rows);
@@ -85,7 +112,7 @@ public:
 
 private:
   struct Impl;
-  std::unique_ptr<Impl> impl_;
+  std::shared_ptr<Impl> impl_;
 };
 
 } // namespace hearthbook

@@ -1,1 +1,189 @@
 #include "ButtonFace.h"
+
+#include "Look.h"
+#include "Stage.h"
+
+#include <QAbstractButton>
+#include <QEvent>
+#include <QPainter>
+#include <QPainterPath>
+#include <QStyle>
+#include <QStyleOption>
+
+#include <algorithm>
+#include <memory>
+
+namespace hearthbook {
+
+namespace {
+
+constexpr double readable = 4.5; // least contrast of a caption
+
+QColor plainColour(Face face) {
+  switch (face) {
+  case Face::Gry:
+    return {0xcf, 0xca, 0xc0};
+  case Face::Org:
+    return {0xeb, 0xa4, 0x55};
+  case Face::Brn:
+    return {0x73, 0x48, 0x2b};
+  case Face::Red:
+    return {0xa6, 0x2a, 0x24};
+  case Face::Grn:
+    return {0x9c, 0xc2, 0x74};
+  case Face::Ylw:
+    return {0xf3, 0xd5, 0x58};
+  }
+  return look::linen;
+}
+
+double worstContrast(const QColor& text, const QImage& face) {
+  double worst = 21;
+  for (int y = 0; y < face.height(); ++y)
+    for (int x = 0; x < face.width(); ++x)
+      worst = std::min(worst, contrast(text, face.pixelColor(x, y)));
+  return worst;
+}
+
+void tint(QImage& image, QColor colour, double share) {
+  colour.setAlphaF(static_cast<float>(share));
+  QPainter(&image).fillRect(image.rect(), colour);
+}
+
+/// The picture of a face and the caption's colour on it, the same for all buttons of a call.
+struct FaceArt {
+  QImage picture;
+  QColor text;
+};
+
+/// The caption is dark or light, whichever reads better; where neither reads well enough the
+/// picture is made paler or deeper until it does.
+FaceArt makeArt(Face face, const QString& file) {
+  QImage picture(file);
+  if (picture.isNull()) {
+    picture = QImage(16, 16, QImage::Format_RGB32);
+    picture.fill(plainColour(face));
+  }
+  picture = picture.convertToFormat(QImage::Format_RGB32);
+  QImage sample = picture.scaled(24, 24, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+  const bool darkText = worstContrast(look::ink, sample) >= worstContrast(look::onDark, sample);
+  const QColor text = darkText ? look::ink : look::onDark;
+  for (int step = 0; step < 20 && worstContrast(text, sample) < readable; ++step) {
+    tint(sample, darkText ? Qt::white : Qt::black, 0.1);
+    tint(picture, darkText ? Qt::white : Qt::black, 0.1);
+  }
+  return {picture, text};
+}
+
+/// Paints a button in place of the style. What the button is (a push button, a check box) and
+/// how it is used stays as it was.
+class FacePainter : public QObject {
+public:
+  FacePainter(QAbstractButton* button, std::shared_ptr<const FaceArt> art)
+      : QObject(button), button_(button), art_(std::move(art)) {
+    button->setAttribute(Qt::WA_Hover);
+    button->installEventFilter(this);
+  }
+
+  bool eventFilter(QObject*, QEvent* event) override {
+    if (event->type() != QEvent::Paint)
+      return false;
+    paint();
+    return true;
+  }
+
+private:
+  [[nodiscard]] bool isSunken() const { return button_->isDown() || button_->isChecked(); }
+  void paint();
+  void paintFace(QPainter& painter, const QPainterPath& outline);
+  void paintFocus(QPainter& painter, const QRectF& edge, double unit) const;
+  void paintCaption(QPainter& painter, const QRectF& room) const;
+  const QPixmap& stretched();
+
+  QAbstractButton* button_;
+  std::shared_ptr<const FaceArt> art_;
+  QPixmap stretched_;
+};
+
+const QPixmap& FacePainter::stretched() {
+  const double ratio = button_->devicePixelRatioF();
+  const QSize pixels = (QSizeF(button_->size()) * ratio).toSize();
+  if (stretched_.size() != pixels) {
+    stretched_ = QPixmap::fromImage(
+        art_->picture.scaled(pixels, Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
+    stretched_.setDevicePixelRatio(ratio);
+  }
+  return stretched_;
+}
+
+void FacePainter::paint() {
+  const double unit = std::max(1.0, Stage::scaleOf(button_));
+  const QRectF edge = QRectF(button_->rect()).adjusted(0.5, 0.5, -0.5, -0.5);
+  QPainterPath outline;
+  outline.addRoundedRect(edge, 4 * unit, 4 * unit);
+  QPainter painter(button_);
+  painter.setRenderHint(QPainter::Antialiasing);
+  paintFace(painter, outline);
+  if (button_->hasFocus())
+    paintFocus(painter, edge, unit);
+  const double margin = 3 * unit;
+  QRectF room = edge.adjusted(margin, margin, -margin, -margin);
+  if (isSunken())
+    room.translate(unit, unit);
+  paintCaption(painter, room);
+}
+
+void FacePainter::paintFace(QPainter& painter, const QPainterPath& outline) {
+  painter.fillPath(outline, QBrush(stretched()));
+  if (!button_->isEnabled()) {
+    QColor veil = look::paper;
+    veil.setAlpha(190);
+    painter.fillPath(outline, veil);
+  } else if (isSunken()) {
+    painter.fillPath(outline, QColor(0, 0, 0, 36));
+  } else if (button_->underMouse()) {
+    painter.fillPath(outline, QColor(255, 255, 255, 40));
+  }
+  painter.setPen(button_->isEnabled() ? look::edge : look::desk);
+  painter.drawPath(outline);
+}
+
+/// A dark line inside a light one is seen on every face.
+void FacePainter::paintFocus(QPainter& painter, const QRectF& edge, double unit) const {
+  const auto ring = [&](double inset, double width, const QColor& colour) {
+    painter.setPen(QPen(colour, width));
+    painter.drawRoundedRect(edge.adjusted(inset, inset, -inset, -inset), 4 * unit - inset / 2,
+                            4 * unit - inset / 2);
+  };
+  ring(unit, 2 * unit, look::darkRed);
+  ring(2.5 * unit, unit, look::sheet);
+}
+
+void FacePainter::paintCaption(QPainter& painter, const QRectF& room) const {
+  painter.setPen(button_->isEnabled() ? art_->text : look::fadedInk);
+  QRectF textRoom = room;
+  if (!button_->icon().isNull()) {
+    const QRect iconRoom = QStyle::alignedRect(
+        button_->layoutDirection(),
+        button_->text().isEmpty() ? Qt::AlignCenter : Qt::AlignLeft | Qt::AlignVCenter,
+        button_->iconSize(), room.toRect());
+    button_->icon().paint(&painter, iconRoom, Qt::AlignCenter,
+                          button_->isEnabled() ? QIcon::Normal : QIcon::Disabled);
+    if (button_->isLeftToRight())
+      textRoom.setLeft(iconRoom.right() + 3);
+    else
+      textRoom.setRight(iconRoom.left() - 3);
+  }
+  painter.drawText(textRoom, Qt::AlignCenter | Qt::TextWordWrap | Qt::TextShowMnemonic,
+                   button_->text());
+}
+
+} // namespace
+
+void setFace(Face face, const QString& file, std::initializer_list<QAbstractButton*> buttons) {
+  const auto art = std::make_shared<const FaceArt>(makeArt(face, file));
+  for (QAbstractButton* button : buttons)
+    new FacePainter(button, art);
+}
+
+} // namespace hearthbook

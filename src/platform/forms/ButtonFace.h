@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QPixmap>
+#include <QString>
 
 #include <initializer_list>
 

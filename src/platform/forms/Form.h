@@ -5,6 +5,11 @@
 #include <QString>
 #include <QWidget>
 
+#include <functional>
+#include <vector>
+
+class QEventLoop;
+
 namespace hearthbook {
 
 /// Who changed rows of the album; each open form returns to its page by the rule for that.
@@ -18,7 +23,8 @@ struct RowsChanged {
 /// A form exists once and is reached through Forms. It can be used without having been shown:
 /// its opener sets Tag, caption or a control first. Work forms are children of the frame at
 /// the place and size given in twips, shown at the largest uniform scale that the frame holds;
-/// dialogs are modal windows of their own.
+/// dialogs are modal windows of their own. In a dialog, Return presses the focused or else the
+/// default button, Escape the button with the property `cancelButton` or else closes.
 class Form : public QWidget {
   Q_OBJECT
 public:
@@ -26,10 +32,12 @@ public:
     Work,     ///< a child of the frame, with a title bar
     Backdrop, ///< a child of the frame behind all work forms, without a title bar
     Dialog,   ///< a window of its own
+    Aside,    ///< a window of its own that never counts as being in front: Progress, Help
   };
 
   /// `name` is the form's given name, such as "DBeditor".
   Form(QString name, Kind kind);
+  ~Form() override;
 
   [[nodiscard]] const QString& name() const { return name_; }
   [[nodiscard]] Kind kind() const { return kind_; }
@@ -44,8 +52,15 @@ public:
   void ShowModal(); ///< returns when the form has been hidden or unloaded
   void Hide();
   /// Ends the form's state at once: the next Forms::get makes a new one. The object itself is
-  /// destroyed after the running handler has returned. unloading() may refuse.
-  void Unload();
+  /// destroyed after the handlers that run in it have returned. False, and the form stays, if
+  /// unloading() refuses; if it throws the form stays too.
+  bool Unload();
+
+  /// Shown by its opener and not hidden since, wherever it stands among the windows.
+  [[nodiscard]] bool isShown() const { return shown_; }
+
+  /// Runs at each Unload, before unloading(): pending entries are written here.
+  void beforeUnload(std::function<void()> step);
 
   /// Rows of the album changed under this form.
   virtual void rowsChanged(const RowsChanged& change);
@@ -53,34 +68,56 @@ public:
 protected:
   /// Runs once, before Forms::get returns the form; the caller's settings come later.
   virtual void load() {}
-  /// Runs when the form comes to the front among our forms. Message, input and file boxes,
-  /// Progress, Help and switching programs do not cause it.
+  /// Runs when the form comes to the front among our forms: when it is shown, and when the
+  /// forms over it have gone. Message, input and file boxes, Progress, Help and switching
+  /// programs do not cause it.
   virtual void activated() {}
   /// Runs when the form is unloaded, by the user or the program. The form is still whole.
   /// Returns false to stay.
   virtual bool unloading() { return true; }
 
+  virtual void mapWindow(); ///< brings a form that is a window of its own onto the screen
+  virtual void unmapWindow();
+
   void closeEvent(QCloseEvent* event) override; ///< the user's closing is an Unload
+  void keyPressEvent(QKeyEvent* event) override;
 
 private:
   friend class Forms;
   friend class FormHost;
+  [[nodiscard]] bool isHosted() const;
+  void present();
+  void endShowing();
+  bool mayUnload();
+  bool pressDefault();
+  void cancel();
+
   QString name_;
   Kind kind_;
+  int madeAtDepth_;
+  bool shown_ = false;
+  bool unloading_ = false; ///< is being asked
+  bool gone_ = false;      ///< unloaded, not yet destroyed
+  QEventLoop* modalLoop_ = nullptr;
+  std::vector<std::function<void()>> beforeUnload_;
 };
 
 /// Where work forms are shown: the frame implements it.
+///
+/// It tells activate() when the user brings another work form to the front.
 class FormHost {
 public:
   virtual ~FormHost() = default;
   virtual void showForm(Form& form) = 0; ///< to the front, at left 0, top 0
   virtual void hideForm(Form& form) = 0;
-  virtual void removeForm(Form& form) = 0;            ///< the form is being unloaded
-  [[nodiscard]] virtual Form* activeForm() const = 0; ///< null where none is shown
-  [[nodiscard]] virtual QWidget* window() = 0;        ///< the parent of dialogs
+  virtual void removeForm(Form& form) = 0; ///< it is unloaded; perhaps it was never shown
+  /// The topmost shown form, whether or not the frame has the keyboard; null if none is shown.
+  [[nodiscard]] virtual Form* activeForm() const = 0;
+  [[nodiscard]] virtual QWidget* window() = 0; ///< the parent of dialogs
 
 protected:
-  static void activate(Form& form) { form.activated(); }
+  /// The form came to the front of the frame. May be told more than once.
+  static void activate(Form& form);
 };
 
 } // namespace hearthbook

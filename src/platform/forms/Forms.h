@@ -25,7 +25,8 @@ public:
   /// The loaded forms, shown or not, in the order of loading.
   static std::vector<Form*> open();
 
-  /// Tells all open forms, in that order, on a copy of the list, skipping what has gone.
+  /// Tells all open forms, in that order, on a copy of the list, skipping what has gone. All
+  /// are told even if one fails; the first failure is thrown at the end.
   static void tellRowsChanged(const RowsChanged& change);
 
   static void setHost(FormHost* host); ///< the frame, or null
@@ -36,10 +37,17 @@ public:
 
 private:
   friend class Form;
+  friend class FormHost;
   static void provideFactory(std::type_index type, std::function<Form*()> factory);
   static Form& getForm(std::type_index type);
   static Form* loadedForm(std::type_index type);
+  static bool isLoaded(const Form* form);
   static void forget(Form& form);
+
+  static void noteShown(Form& form, bool shown);
+  static void cameToFront(Form& form); ///< told by the host
+  static void updateFront();           ///< runs activated() if another form is in front now
+  static void updateFrontSoon();       ///< when the running handler has returned
 };
 
 } // namespace hearthbook

@@ -1,1 +1,134 @@
 #include "MsgBox.h"
+
+#include "Forms.h"
+#include "NestedLoop.h"
+
+#include <QApplication>
+#include <QDialog>
+#include <QDialogButtonBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QVBoxLayout>
+
+#include <utility>
+
+namespace hearthbook {
+
+namespace {
+
+const QString& programTitle() {
+  static const QString title = QStringLiteral("Hearthbook");
+  return title;
+}
+
+QWidget* boxParent() {
+  if (QWidget* modal = QApplication::activeModalWidget())
+    return modal;
+  if (FormHost* host = Forms::host())
+    return host->window();
+  return QApplication::activeWindow();
+}
+
+QMessageBox::Icon shownIcon(MsgIcon icon) {
+  switch (icon) {
+  case MsgIcon::Critical:
+    return QMessageBox::Critical;
+  case MsgIcon::Question:
+    return QMessageBox::Question;
+  case MsgIcon::Exclamation:
+    return QMessageBox::Warning;
+  case MsgIcon::Information:
+    return QMessageBox::Information;
+  case MsgIcon::None:
+    break;
+  }
+  return QMessageBox::NoIcon;
+}
+
+void addButtons(QMessageBox& box, MsgButtons buttons) {
+  switch (buttons) {
+  case MsgButtons::Ok:
+    box.setStandardButtons(QMessageBox::Ok);
+    box.setEscapeButton(QMessageBox::Ok);
+    break;
+  case MsgButtons::OkCancel:
+    box.setStandardButtons(QMessageBox::Ok | QMessageBox::Cancel);
+    box.setEscapeButton(QMessageBox::Cancel);
+    break;
+  case MsgButtons::YesNo:
+    box.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
+    box.setEscapeButton(QMessageBox::No);
+    break;
+  }
+  box.setDefaultButton(buttons == MsgButtons::YesNo ? QMessageBox::Yes : QMessageBox::Ok);
+}
+
+MsgAnswer answerOf(int pressed) {
+  switch (pressed) {
+  case QMessageBox::Yes:
+    return MsgAnswer::Yes;
+  case QMessageBox::No:
+    return MsgAnswer::No;
+  case QMessageBox::Cancel:
+    return MsgAnswer::Cancel;
+  default:
+    return MsgAnswer::Ok;
+  }
+}
+
+/// The boxes that the user sees.
+class RealBoxes : public BoxPlayer {
+public:
+  MsgAnswer message(const QString& text, const QString& title, MsgIcon icon,
+                    MsgButtons buttons) override {
+    QMessageBox box(boxParent());
+    box.setWindowTitle(title);
+    box.setTextFormat(Qt::PlainText);
+    box.setText(text);
+    box.setIcon(shownIcon(icon));
+    addButtons(box, buttons);
+    return answerOf(box.exec());
+  }
+
+  QString input(const QString& prompt, const QString& title, const QString& initial) override {
+    QDialog box(boxParent());
+    box.setWindowTitle(title);
+    auto* label = new QLabel(prompt);
+    label->setTextFormat(Qt::PlainText);
+    auto* edit = new QLineEdit(initial);
+    edit->selectAll();
+    edit->setMinimumWidth(box.fontMetrics().averageCharWidth() * 40);
+    edit->setAccessibleName(prompt); // a buddy would take an ampersand out of the prompt
+    auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
+    QObject::connect(buttons, &QDialogButtonBox::accepted, &box, &QDialog::accept);
+    QObject::connect(buttons, &QDialogButtonBox::rejected, &box, &QDialog::reject);
+    auto* column = new QVBoxLayout(&box);
+    for (QWidget* part : {static_cast<QWidget*>(label), static_cast<QWidget*>(edit),
+                          static_cast<QWidget*>(buttons)})
+      column->addWidget(part);
+    return box.exec() == QDialog::Accepted ? edit->text() : QString();
+  }
+};
+
+RealBoxes realBoxes;
+BoxPlayer* player = &realBoxes;
+
+} // namespace
+
+MsgAnswer MsgBox(const QString& text, const QString& title, MsgIcon icon, MsgButtons buttons) {
+  const UserTurn turn;
+  return player->message(text, title.isEmpty() ? programTitle() : title, icon, buttons);
+}
+
+QString InputBox(const QString& prompt, const QString& title, const QString& initial) {
+  const UserTurn turn;
+  return player->input(prompt, title.isEmpty() ? programTitle() : title, initial);
+}
+
+BoxPlayer* BoxPlayer::install(BoxPlayer* newPlayer) {
+  BoxPlayer* former = std::exchange(player, newPlayer ? newPlayer : &realBoxes);
+  return former == &realBoxes ? nullptr : former;
+}
+
+} // namespace hearthbook

@@ -1,10 +1,6 @@
 #pragma once
 
 #include <QString>
-#include <QStringList>
-
-#include <deque>
-#include <optional>
 
 namespace hearthbook {
 
@@ -13,7 +9,7 @@ enum class MsgButtons { Ok, OkCancel, YesNo };
 enum class MsgAnswer { Ok, Cancel, Yes, No };
 
 /// A modal message. Without a title it has the program's. Escape is Cancel, No, or OK where
-/// that is all there is.
+/// that is all there is. The text is shown as it stands, never as markup.
 MsgAnswer MsgBox(const QString& text, const QString& title = {}, MsgIcon icon = MsgIcon::None,
                  MsgButtons buttons = MsgButtons::Ok);
 

@@ -2,7 +2,7 @@
 
 #include "Picture.h"
 
-#include <QImage>
+#include <QPixmap>
 #include <QWidget>
 
 namespace hearthbook {
@@ -30,7 +30,10 @@ protected:
   void mousePressEvent(QMouseEvent* event) override;
 
 private:
+  void prepare();
+
   Picture picture_;
+  QPixmap prepared_; ///< the picture at exactly the pixels that are covered
 };
 
 } // namespace hearthbook
