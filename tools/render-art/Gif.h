@@ -1,0 +1,12 @@
+#pragma once
+
+#include <QByteArray>
+
+class QImage;
+
+namespace hearthbook {
+
+/// `image` as a GIF of up to 256 colours. Qt reads GIF files but cannot write them.
+QByteArray toGif(const QImage& image);
+
+} // namespace hearthbook
