@@ -20,9 +20,6 @@ struct Decoded {
   PixelSize fullSize; ///< upright size of the file's picture, whatever was asked for
 };
 
-/// No picture may have more pixels than this; larger ones are refused before memory is taken.
-inline constexpr std::int64_t maxPixels = 300'000'000;
-
 /// Reads the head. The content decides the format, not the name. Throws RunTimeError naming
 /// the file and the cause.
 PictureInfo readPictureInfo(const std::filesystem::path& file);
@@ -36,7 +33,11 @@ Decoded decodePicture(const std::filesystem::path& file);
 Decoded decodePictureAt(const std::filesystem::path& file, PixelSize size);
 
 /// The picture fitted into a square of `longerSide` pixels, keeping its proportions, the other
-/// side rounded half to even and at least 1.
+/// side rounded half to even and at least 1. Throws RunTimeError.
 Decoded decodePictureWithin(const std::filesystem::path& file, int longerSide);
+
+/// The picture as its file gives it most cheaply with a longer side of at least `longerSide`;
+/// the whole picture where it is smaller. What several small sizes are made from.
+Decoded decodePictureRoughly(const std::filesystem::path& file, int longerSide);
 
 } // namespace hearthbook

@@ -14,12 +14,16 @@ struct PixelSize {
   bool operator==(const PixelSize&) const = default;
 };
 
+/// No picture may have more pixels than this; larger ones are refused before memory is taken.
+inline constexpr std::int64_t maxPixels = 300'000'000;
+
 /// Pixels in sRGB, 0xffRRGGBB each, rows from the top without padding. Copies share the
 /// pixels; writing to one of them makes it a picture of its own.
 class Picture {
 public:
-  Picture() = default;              ///< no picture
-  explicit Picture(PixelSize size); ///< black; throws RunTimeError where memory is short
+  Picture() = default; ///< no picture
+  /// Black. Throws RunTimeError where a side is below 1, over maxPixels, or memory is short.
+  explicit Picture(PixelSize size);
 
   [[nodiscard]] bool isNull() const { return !pixels_; }
   [[nodiscard]] PixelSize size() const { return size_; }

@@ -1,1 +1,223 @@
 #include "PictureLoader.h"
+
+#include "PictureCache.h"
+
+#include <algorithm>
+#include <condition_variable>
+#include <deque>
+#include <map>
+#include <mutex>
+
+namespace hearthbook {
+
+namespace {
+
+/// Somebody who asked, for as long as his ticket lives. Tickets end on the album's thread, the
+/// one on which callbacks run, so that a living ticket stays alive through its callback.
+struct Waiter {
+  std::weak_ptr<void> alive;
+  PictureLoader::Callback callback;
+};
+
+void tell(const std::vector<Waiter>& waiters, const PictureLoader::Loaded& loaded) {
+  for (const Waiter& waiter : waiters)
+    if (const auto alive = waiter.alive.lock())
+      waiter.callback(loaded);
+}
+
+bool anyoneWaits(const std::vector<Waiter>& waiters) {
+  return std::any_of(waiters.begin(), waiters.end(),
+                     [](const Waiter& waiter) { return !waiter.alive.expired(); });
+}
+
+PictureLoader::Loaded decodeWish(const PictureWish& wish) {
+  try {
+    return {decodePictureAt(wish.file, wish.size), {}};
+  } catch (const std::exception& error) {
+    return {{}, error.what()};
+  }
+}
+
+} // namespace
+
+/// Shared with the work on the pool, which may outlive the loader.
+struct PictureLoader::Impl : std::enable_shared_from_this<PictureLoader::Impl> {
+  using Job = std::vector<Waiter>; ///< empty where the picture is only wished
+
+  Impl(WorkPool& workPool, Deliver deliverTo, std::size_t cacheBytes)
+      : pool(workPool), deliver(std::move(deliverTo)), cache(cacheBytes) {}
+
+  void close();
+  std::optional<Loaded> ready(const PictureWish& wish);
+  void ask(const PictureWish& wish, Waiter waiter);
+  void wishFor(std::deque<PictureWish> newWishes);
+  void loadNow(const PictureWish& wish);
+  void fulfilWishes();
+  std::optional<PictureWish> nextWish();
+  void decodeJob(const PictureWish& wish);
+  void finish(const PictureWish& wish, const std::optional<FileStamp>& stamp, Loaded loaded);
+  void handOver(std::vector<Waiter> waiters, Loaded loaded);
+
+  WorkPool& pool;
+  const Deliver deliver;
+
+  std::mutex mutex;
+  std::condition_variable delivered;
+  PictureCache cache;
+  std::map<PictureWish, Job> jobs; ///< asked for or being decoded
+  std::deque<PictureWish> wishes;
+  int wishRunners = 0;
+  int deliveries = 0; ///< calls of `deliver` under way
+  bool closed = false;
+};
+
+/// Callbacks are let go on this thread, which is the album's.
+void PictureLoader::Impl::close() {
+  std::map<PictureWish, Job> dropped;
+  std::unique_lock lock(mutex);
+  closed = true;
+  dropped.swap(jobs);
+  wishes.clear();
+  delivered.wait(lock, [&] { return deliveries == 0; });
+}
+
+std::optional<PictureLoader::Loaded> PictureLoader::Impl::ready(const PictureWish& wish) {
+  const auto stamp = stampOf(wish.file);
+  if (!stamp)
+    return {};
+  const std::lock_guard lock(mutex);
+  const Decoded* decoded = cache.find(wish, *stamp);
+  if (!decoded)
+    return {};
+  return Loaded{*decoded, {}};
+}
+
+void PictureLoader::Impl::ask(const PictureWish& wish, Waiter waiter) {
+  const std::lock_guard lock(mutex);
+  const auto [job, isNew] = jobs.try_emplace(wish);
+  job->second.push_back(std::move(waiter));
+  if (isNew)
+    pool.post([self = shared_from_this(), wish] { self->loadNow(wish); }, true);
+}
+
+void PictureLoader::Impl::wishFor(std::deque<PictureWish> newWishes) {
+  const std::lock_guard lock(mutex);
+  wishes = std::move(newWishes);
+  // One thread is left to what is asked for.
+  const int most = std::max(1, pool.threads() - 1);
+  while (wishRunners < most && wishRunners < static_cast<int>(wishes.size())) {
+    ++wishRunners;
+    pool.post([self = shared_from_this()] { self->fulfilWishes(); });
+  }
+}
+
+void PictureLoader::Impl::loadNow(const PictureWish& wish) {
+  std::vector<Waiter> tooLate;
+  {
+    const std::lock_guard lock(mutex);
+    const auto job = jobs.find(wish);
+    if (job == jobs.end())
+      return;
+    if (!anyoneWaits(job->second)) {
+      tooLate.swap(job->second);
+      jobs.erase(job);
+    }
+  }
+  if (tooLate.empty())
+    decodeJob(wish);
+  else
+    handOver(std::move(tooLate), {}); // for their callbacks to be let go where they belong
+}
+
+/// One wish, then the pool's turn again, so that what is asked for is not kept waiting.
+void PictureLoader::Impl::fulfilWishes() {
+  if (const auto wish = nextWish())
+    decodeJob(*wish);
+  const std::lock_guard lock(mutex);
+  if (wishes.empty() || closed)
+    --wishRunners;
+  else
+    pool.post([self = shared_from_this()] { self->fulfilWishes(); });
+}
+
+std::optional<PictureWish> PictureLoader::Impl::nextWish() {
+  while (true) {
+    std::unique_lock lock(mutex);
+    if (closed || wishes.empty())
+      return {};
+    PictureWish wish = std::move(wishes.front());
+    wishes.pop_front();
+    if (jobs.contains(wish))
+      continue;
+    lock.unlock();
+    const bool here = ready(wish).has_value();
+    lock.lock();
+    if (!here && !closed && jobs.try_emplace(wish).second)
+      return wish;
+  }
+}
+
+void PictureLoader::Impl::decodeJob(const PictureWish& wish) {
+  const auto stamp = stampOf(wish.file);
+  auto loaded = decodeWish(wish);
+  finish(wish, stamp, std::move(loaded));
+}
+
+void PictureLoader::Impl::finish(const PictureWish& wish, const std::optional<FileStamp>& stamp,
+                                 Loaded loaded) {
+  const bool unchanged = stamp && stampOf(wish.file) == stamp;
+  std::vector<Waiter> waiters;
+  {
+    const std::lock_guard lock(mutex);
+    if (loaded.error.empty() && unchanged)
+      cache.insert(wish, *stamp, loaded.decoded);
+    if (const auto job = jobs.find(wish); job != jobs.end()) {
+      waiters = std::move(job->second);
+      jobs.erase(job);
+    }
+  }
+  if (!waiters.empty())
+    handOver(std::move(waiters), std::move(loaded));
+}
+
+void PictureLoader::Impl::handOver(std::vector<Waiter> waiters, Loaded loaded) {
+  {
+    const std::lock_guard lock(mutex);
+    if (closed)
+      return;
+    ++deliveries;
+  }
+  deliver([waiters = std::move(waiters), loaded = std::move(loaded)] { tell(waiters, loaded); });
+  {
+    const std::lock_guard lock(mutex);
+    --deliveries;
+  }
+  delivered.notify_all();
+}
+
+PictureLoader::PictureLoader(WorkPool& pool, Deliver deliver, std::size_t cacheBytes)
+    : impl_(std::make_shared<Impl>(pool, std::move(deliver), cacheBytes)) {}
+
+PictureLoader::~PictureLoader() { impl_->close(); }
+
+PictureLoader::Ticket PictureLoader::load(const std::filesystem::path& file, PixelSize size,
+                                          Callback callback) {
+  Ticket ticket;
+  ticket.alive_ = std::make_shared<char>();
+  const PictureWish wish{file, size};
+  if (const auto loaded = impl_->ready(wish))
+    callback(*loaded);
+  else
+    impl_->ask(wish, {ticket.alive_, std::move(callback)});
+  return ticket;
+}
+
+void PictureLoader::decodeAhead(
+    const std::vector<std::pair<std::filesystem::path, PixelSize>>& wishes) {
+  std::deque<PictureWish> queue;
+  for (const auto& [file, size] : wishes)
+    queue.push_back({file, size});
+  impl_->wishFor(std::move(queue));
+}
+
+} // namespace hearthbook

@@ -1,1 +1,126 @@
 #include "Resample.h"
+
+#include "AxisWeights.h"
+#include "Numbers.h"
+#include "RunTimeError.h"
+
+#include <algorithm>
+#include <array>
+
+namespace hearthbook {
+
+namespace {
+
+constexpr std::size_t channels = 4;
+constexpr int tileSide = 32;
+
+/// Adds a row of bytes with a weight; the channels lie side by side, so that the compiler can
+/// work on many at once.
+void addWeighted(float* sums, const std::uint32_t* row, std::size_t width, float weight) {
+  const auto* bytes = reinterpret_cast<const std::uint8_t*>(row);
+  for (std::size_t i = 0; i < width * channels; ++i)
+    sums[i] += weight * static_cast<float>(bytes[i]);
+}
+
+void averageRows(const Picture& picture, const AxisWeights& rows, int newRow,
+                 std::vector<float>& sums) {
+  std::fill(sums.begin(), sums.end(), 0.0F);
+  const auto& share = rows.share(newRow);
+  for (int i = 0; i < share.count; ++i)
+    addWeighted(sums.data(), picture.row(share.first + i),
+                static_cast<std::size_t>(picture.width()), rows.weights(share)[i]);
+}
+
+void averageColumns(const std::vector<float>& sums, const AxisWeights& columns, Picture& result,
+                    int newRow) {
+  auto* bytes = reinterpret_cast<std::uint8_t*>(result.writableRow(newRow));
+  for (int x = 0; x < result.width(); ++x) {
+    const auto& share = columns.share(x);
+    const float* weights = columns.weights(share);
+    const float* from = sums.data() + static_cast<std::size_t>(share.first) * channels;
+    std::array<float, channels> pixel{};
+    for (int i = 0; i < share.count; ++i)
+      for (std::size_t c = 0; c < channels; ++c)
+        pixel[c] += weights[i] * from[static_cast<std::size_t>(i) * channels + c];
+    for (std::size_t c = 0; c < channels; ++c)
+      *bytes++ = static_cast<std::uint8_t>(std::min(pixel[c] + 0.5F, 255.0F));
+  }
+}
+
+/// Where an upright picture finds its pixels in the stored one.
+struct Turn {
+  bool swapsSides;
+  bool fromRight;  ///< the stored columns run backwards
+  bool fromBottom; ///< the stored rows run backwards
+};
+
+constexpr std::array<Turn, 9> turns{{
+    {false, false, false}, // there is no orientation 0
+    {false, false, false},
+    {false, true, false},
+    {false, true, true},
+    {false, false, true},
+    {true, false, false},
+    {true, false, true},
+    {true, true, true},
+    {true, true, false},
+}};
+
+void turnTile(const Picture& stored, const Turn& turn, Picture& upright, int left, int top) {
+  const int right = std::min(left + tileSide, upright.width());
+  const int bottom = std::min(top + tileSide, upright.height());
+  for (int y = top; y < bottom; ++y) {
+    std::uint32_t* row = upright.writableRow(y);
+    for (int x = left; x < right; ++x) {
+      const int column = turn.swapsSides ? y : x;
+      const int line = turn.swapsSides ? x : y;
+      row[x] =
+          stored.row(turn.fromBottom ? stored.height() - 1 - line
+                                     : line)[turn.fromRight ? stored.width() - 1 - column : column];
+    }
+  }
+}
+
+} // namespace
+
+Picture resample(const Picture& picture, PixelSize size) {
+  if (picture.isNull())
+    throw RunTimeError("There is no picture to change in size.");
+  if (size == picture.size())
+    return picture;
+  Picture result(size);
+  const AxisWeights rows(picture.height(), size.height);
+  const AxisWeights columns(picture.width(), size.width);
+  std::vector<float> sums(static_cast<std::size_t>(picture.width()) * channels);
+  for (int y = 0; y < size.height; ++y) {
+    averageRows(picture, rows, y, sums);
+    averageColumns(sums, columns, result, y);
+  }
+  return result;
+}
+
+PixelSize sizeWithin(PixelSize full, int longerSide) {
+  const bool landscape = full.width > full.height;
+  const double longer = landscape ? full.width : full.height;
+  const double shorter = landscape ? full.height : full.width;
+  const auto other =
+      static_cast<int>(std::max<std::int64_t>(1, roundHalfEven(longerSide / longer * shorter)));
+  return landscape ? PixelSize{longerSide, other} : PixelSize{other, longerSide};
+}
+
+PixelSize uprightSize(PixelSize stored, int orientation) {
+  return orientation >= 5 && orientation <= 8 ? PixelSize{stored.height, stored.width} : stored;
+}
+
+Picture uprighted(const Picture& picture, int orientation) {
+  if (orientation < 2 || orientation > 8)
+    return picture;
+  const Turn& turn = turns[static_cast<std::size_t>(orientation)];
+  Picture upright(uprightSize(picture.size(), orientation));
+  for (int top = 0; top < upright.height(); top += tileSide)
+    for (int left = 0; left < upright.width(); left += tileSide)
+      turnTile(picture, turn, upright, left, top);
+  return upright;
+}
+
+} // namespace hearthbook

@@ -5,10 +5,18 @@
 namespace hearthbook {
 
 /// The picture at another size: exact area average when shrinking, bilinear when enlarging.
-/// Throws RunTimeError if a side is below 1 or the result would be over maxPixels.
+/// Throws RunTimeError if there is no picture, a side is below 1 or the result would be over
+/// maxPixels.
 Picture resample(const Picture& picture, PixelSize size);
 
 /// The picture put upright: `orientation` is the camera's, 1 to 8.
 Picture uprighted(const Picture& picture, int orientation);
+
+/// The size that fits a picture into a square of `longerSide` pixels: its longer side exactly
+/// that, the other in proportion, rounded half to even and at least 1.
+PixelSize sizeWithin(PixelSize full, int longerSide);
+
+/// The size of a stored picture once it is upright.
+PixelSize uprightSize(PixelSize stored, int orientation);
 
 } // namespace hearthbook

@@ -1,1 +1,66 @@
 #include "WorkPool.h"
+
+#include <algorithm>
+#include <condition_variable>
+#include <deque>
+#include <mutex>
+#include <thread>
+#include <vector>
+
+namespace hearthbook {
+
+struct WorkPool::Impl {
+  void work();
+
+  std::mutex mutex;
+  std::condition_variable changed;
+  std::deque<std::function<void()>> urgent;
+  std::deque<std::function<void()>> waiting;
+  bool stopping = false;
+  std::vector<std::thread> threads;
+};
+
+void WorkPool::Impl::work() {
+  std::unique_lock lock(mutex);
+  while (true) {
+    changed.wait(lock, [&] { return stopping || !urgent.empty() || !waiting.empty(); });
+    if (stopping)
+      return;
+    auto& queue = urgent.empty() ? waiting : urgent;
+    auto next = std::move(queue.front());
+    queue.pop_front();
+    lock.unlock();
+    next();
+    next = nullptr; // what it holds goes outside the lock
+    lock.lock();
+  }
+}
+
+WorkPool::WorkPool(int threads) : impl_(std::make_unique<Impl>()) {
+  const auto cores = static_cast<int>(std::thread::hardware_concurrency());
+  const int count = threads > 0 ? threads : std::max(1, cores);
+  for (int i = 0; i < count; ++i)
+    impl_->threads.emplace_back([impl = impl_.get()] { impl->work(); });
+}
+
+WorkPool::~WorkPool() {
+  {
+    const std::lock_guard lock(impl_->mutex);
+    impl_->stopping = true;
+  }
+  impl_->changed.notify_all();
+  for (std::thread& thread : impl_->threads)
+    thread.join();
+}
+
+int WorkPool::threads() const { return static_cast<int>(impl_->threads.size()); }
+
+void WorkPool::post(std::function<void()> work, bool urgent) {
+  {
+    const std::lock_guard lock(impl_->mutex);
+    (urgent ? impl_->urgent : impl_->waiting).push_back(std::move(work));
+  }
+  impl_->changed.notify_one();
+}
+
+} // namespace hearthbook

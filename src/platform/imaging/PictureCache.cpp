@@ -1,0 +1,63 @@
+#include "PictureCache.h"
+
+#include <iterator>
+#include <tuple>
+
+#include <sys/stat.h>
+
+namespace hearthbook {
+
+namespace {
+
+std::size_t bytesOf(const Decoded& decoded) {
+  return static_cast<std::size_t>(decoded.picture.width()) *
+         static_cast<std::size_t>(decoded.picture.height()) * sizeof(std::uint32_t);
+}
+
+} // namespace
+
+std::optional<FileStamp> stampOf(const std::filesystem::path& file) {
+  struct stat status {};
+  if (stat(file.c_str(), &status) != 0)
+    return {};
+  return FileStamp{status.st_mtim.tv_sec, status.st_mtim.tv_nsec,
+                   static_cast<std::uint64_t>(status.st_size), status.st_ino};
+}
+
+bool PictureWish::operator<(const PictureWish& other) const {
+  return std::tie(file.native(), size.width, size.height) <
+         std::tie(other.file.native(), other.size.width, other.size.height);
+}
+
+const Decoded* PictureCache::find(const PictureWish& wish, const FileStamp& stamp) {
+  const auto found = index_.find(wish);
+  if (found == index_.end())
+    return nullptr;
+  if (found->second->stamp != stamp) {
+    erase(found->second);
+    return nullptr;
+  }
+  entries_.splice(entries_.begin(), entries_, found->second);
+  return &entries_.front().decoded;
+}
+
+void PictureCache::insert(const PictureWish& wish, const FileStamp& stamp, const Decoded& decoded) {
+  const std::size_t bytes = bytesOf(decoded);
+  if (const auto old = index_.find(wish); old != index_.end())
+    erase(old->second);
+  if (bytes > room_)
+    return;
+  while (used_ + bytes > room_)
+    erase(std::prev(entries_.end()));
+  entries_.push_front({wish, stamp, decoded});
+  index_[wish] = entries_.begin();
+  used_ += bytes;
+}
+
+void PictureCache::erase(Entries::iterator entry) {
+  used_ -= bytesOf(entry->decoded);
+  index_.erase(entry->wish);
+  entries_.erase(entry);
+}
+
+} // namespace hearthbook

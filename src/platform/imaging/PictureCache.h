@@ -1,0 +1,61 @@
+#pragma once
+
+#include "Decode.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <filesystem>
+#include <list>
+#include <map>
+#include <optional>
+
+namespace hearthbook {
+
+/// What tells one state of a file from another.
+struct FileStamp {
+  std::int64_t seconds = 0;
+  std::int64_t nanoseconds = 0;
+  std::uint64_t bytes = 0;
+  std::uint64_t node = 0; ///< a file put in another's place is a file of its own
+
+  bool operator==(const FileStamp&) const = default;
+};
+
+/// Nothing where the file is not there.
+std::optional<FileStamp> stampOf(const std::filesystem::path& file);
+
+/// A picture that somebody wants.
+struct PictureWish {
+  std::filesystem::path file;
+  PixelSize size;
+
+  bool operator==(const PictureWish&) const = default;
+  bool operator<(const PictureWish& other) const;
+};
+
+/// The decoded pictures used last, as many as fit into a number of bytes. Not thread-safe.
+class PictureCache {
+public:
+  explicit PictureCache(std::size_t bytes) : room_(bytes) {}
+
+  /// The picture, if it is here and its file is still the one it was made from.
+  const Decoded* find(const PictureWish& wish, const FileStamp& stamp);
+  void insert(const PictureWish& wish, const FileStamp& stamp, const Decoded& decoded);
+
+private:
+  struct Entry {
+    PictureWish wish;
+    FileStamp stamp;
+    Decoded decoded;
+  };
+  using Entries = std::list<Entry>; // the one used last in front
+
+  void erase(Entries::iterator entry);
+
+  std::size_t room_;
+  std::size_t used_ = 0;
+  Entries entries_;
+  std::map<PictureWish, Entries::iterator> index_;
+};
+
+} // namespace hearthbook

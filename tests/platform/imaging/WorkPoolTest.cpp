@@ -1,0 +1,65 @@
+#include "WorkPool.h"
+
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <stdexcept>
+#include <vector>
+
+namespace hearthbook {
+namespace {
+
+TEST(WorkPool, RunsWhatItIsGivenAndHandsBackTheAnswer) {
+  WorkPool pool(2);
+  EXPECT_EQ(pool.threads(), 2);
+  auto answer = pool.run([] { return 6 * 7; });
+  EXPECT_EQ(answer.get(), 42);
+}
+
+TEST(WorkPool, HandsBackAnException) {
+  WorkPool pool(1);
+  auto answer = pool.run([]() -> int { throw std::runtime_error("no"); });
+  EXPECT_THROW(answer.get(), std::runtime_error);
+}
+
+TEST(WorkPool, HasAThreadForEachCore) { EXPECT_GE(WorkPool().threads(), 1); }
+
+TEST(WorkPool, UrgentWorkGoesBeforeAllThatWaits) {
+  WorkPool pool(1);
+  std::promise<void> open;
+  std::shared_future<void> gate = open.get_future();
+  std::vector<int> order; // the pool's one thread alone writes to it
+  pool.post([gate] { gate.wait(); });
+  pool.post([&] { order.push_back(1); });
+  pool.post([&] { order.push_back(2); }, true);
+  auto last = pool.run([] {});
+  open.set_value();
+  last.wait();
+  EXPECT_EQ(order, (std::vector<int>{2, 1}));
+}
+
+TEST(WorkPool, AtItsEndDropsWhatHasNotBegunAndWaitsForWhatHas) {
+  std::atomic<bool> finished = false;
+  std::atomic<bool> dropped = true;
+  std::promise<void> begun;
+  std::promise<void> open;
+  std::shared_future<void> gate = open.get_future();
+  std::thread opener;
+  {
+    WorkPool pool(1);
+    pool.post([&, gate] {
+      begun.set_value();
+      gate.wait();
+      finished = true;
+    });
+    pool.post([&] { dropped = false; });
+    begun.get_future().wait();
+    opener = std::thread([&] { open.set_value(); });
+    // The pool ends here, while its thread is at work.
+  }
+  opener.join();
+  EXPECT_TRUE(finished);
+}
+
+} // namespace
+} // namespace hearthbook
