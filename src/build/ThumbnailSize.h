@@ -10,7 +10,7 @@ inline constexpr int thumbnailSide = 73; ///< pixels of a thumbnail's longer sid
 inline constexpr std::uintmax_t reductionLimit =
     300000; ///< bytes; larger photos are reduced on wish
 
-/// A thumbnail's size: the longer side exactly 73, the other rounded half to even.
+/// A thumbnail's size: the longer side exactly 73, the other rounded half to even and at least 1.
 PixelSize thumbnailSize(PixelSize photo);
 
 /// The size of a photo reduced because its file has `bytes` bytes, which is over the limit:
