@@ -1,0 +1,325 @@
+#include "DBeditor.h"
+
+#include "ButtonFace.h"
+#include "Command.h"
+#include "Forms.h"
+#include "Guard.h"
+#include "HelpKeys.h"
+#include "MsgBox.h"
+#include "NameFilter.h"
+#include "NamesInPhoto.h"
+#include "Numbers.h"
+#include "PhotoFiles.h"
+#include "PickaPic.h"
+#include "Pointer.h"
+#include "Progress.h"
+#include "RecordMoves.h"
+#include "RecordPicture.h"
+#include "Stage.h"
+#include "Text.h"
+#include "ui_DBeditor.h"
+
+#include <QKeyEvent>
+#include <QPixmap>
+#include <QScopeGuard>
+#include <QSignalBlocker>
+#include <QTimer>
+
+#include <algorithm>
+
+namespace hearthbook {
+
+DBeditor::DBeditor(Album& album, PictureLoader& loader, WorkPool& pool, Navigator& navigator,
+                   HoverHelp& help)
+    : Form(QStringLiteral("DBeditor"), Kind::Work), album_(album), photos_(album.data.rsPhotoAlbum),
+      navigator_(navigator), help_(help), stage_(new Stage(workFormSize, this)),
+      ui(std::make_unique<Ui::DBeditor>()), binding_(photos_) {
+  ui->setupUi(this);
+  stage_->placeAsDrawn(this);
+
+  picture_ = new RecordPicture(*stage_, *ui->Image1, loader, pool, this);
+  new HelpKeys(this, [this](const QString& key) { help_.show(key); });
+  wireControls();
+
+  Recordset& people = album_.data.rsAppearances;
+  people.Close();
+  people.Open(sources::familyMembers);
+  bindFields();
+}
+
+DBeditor::~DBeditor() = default;
+
+void DBeditor::wireControls() {
+  // Walking through the album
+  onCommand(ui->Command6, this, &DBeditor::firstRecord);     // "|<<"
+  onCommand(ui->PrevPhoto, this, &DBeditor::previousRecord); // "<<"
+  onCommand(ui->NextPhoto, this, &DBeditor::nextRecord);     // ">>"
+  onCommand(ui->Command8, this, &DBeditor::lastRecord);      // ">>|"
+  onCommand(ui->Command7, this, &DBeditor::goToRecord);      // "Go To"
+  onCommand(ui->FindPhoto, this, &DBeditor::findPhoto);      // "Find Photo"
+  onCommand(ui->Command18, this, &DBeditor::findNextEmpty);  // "Find Next Empty"
+  // Photos and the form
+  onCommand(ui->Command1, this, &DBeditor::addFromFile); // "Add From File"
+  onCommand(ui->Command4, this, &DBeditor::done);        // "Done"
+  // The photo
+  connect(picture_, &RecordPicture::placed, this, &DBeditor::placeImagePath);
+  setLostFocusRule(ui->Year, [this] {
+    endYear();
+    return true;
+  });
+}
+
+void DBeditor::bindFields() {
+  binding_.bind(ui->Year, "Year");
+  binding_.bind(ui->Description, "Description");
+  ui->PlacesDrp->setListSource({&album_.data.rsPlaces, "PlaceName", "PlaceID"});
+  binding_.bind(ui->PlacesDrp, "PlaceID");
+  ui->EventsDrp->setListSource({&album_.data.rsEvents, "EventName", "EventID"});
+  binding_.bind(ui->EventsDrp, "EventID");
+  ui->DataList1->setListSource({&album_.data.rsAppearances, "AppearancesNames", "AppearancesID"});
+}
+
+void DBeditor::load() {
+  setFaces();
+  binding_.show();
+  ComposeRecord();
+}
+
+void DBeditor::setFaces() {
+  const auto media = [&](const char* file) {
+    return toQString(album_.folder.path(std::string("\\Media\\") + file));
+  };
+  setFace(Face::Gry, media("Btn_Gry.jpg"),
+          {ui->FindPhoto, ui->Command18, ui->Command7, ui->Command6, ui->Command8, ui->PrevPhoto,
+           ui->NextPhoto});
+  setFace(Face::Org, media("Btn_Org.jpg"),
+          {ui->Command1, ui->Command5, ui->Command13, ui->Command14, ui->Command15});
+  setFace(Face::Brn, media("Btn_Brn.jpg"), {ui->Command4});
+  setFace(Face::Red, media("Btn_Red.jpg"), {ui->Command16, ui->Command17});
+  setFace(Face::Grn, media("Btn_Grn.jpg"),
+          {ui->Command9, ui->Command10, ui->Command11, ui->Command19});
+  setFace(Face::Ylw, media("Btn_Ylw.jpg"), {ui->markName, ui->Command12});
+  ui->Shape1->setPixmap(QPixmap(media("MarkerIcon.ico")));
+  ui->Shape1->setScaledContents(true);
+}
+
+void DBeditor::updateEnabled() {
+  const bool hasRecords = photos_.isOpen() && photos_.RecordCount() > 0;
+  for (QWidget* walking : std::initializer_list<QWidget*>{
+           ui->Command6, ui->PrevPhoto, ui->NextPhoto, ui->Command8, ui->Command7})
+    walking->setEnabled(hasRecords);
+  ui->FindPhoto->setEnabled(hasRecords && navigator_.canFindPhoto());
+
+  ui->Command18->setEnabled(standsOnRow(photos_));
+  ui->Command1->setEnabled(standsOnWholeAlbum(photos_));
+}
+
+void DBeditor::ComposeRecord() {
+  const Hourglass hourglass;
+  passOver([&] { updateEnabled(); });
+  clearPhotoLists();
+  passOver([&] { showPosition(); });
+  passOver([&] { resolveImage(album_, photos_.Collect("PictureID").toText()); });
+  passOver([&] { picture_->show(album_.vars.ImagePicture.file); });
+  placeImagePath();
+  passOver([&] { showNames(); });
+  passOver([&] { showAudio(); });
+  passOver([&] { showNameFilter(); });
+  composedId_ = currentId();
+  // The photo on the screen comes first; its neighbours can wait for the next idle moment.
+  QTimer::singleShot(0, this, &DBeditor::decodeNeighbours);
+}
+
+bool DBeditor::isWaitingForPicture() const { return picture_->isWaiting(); }
+
+void DBeditor::clearPhotoLists() {
+  ui->List2->clear();
+  ui->Shape1->hide();
+  ui->markName->setChecked(false);
+}
+
+void DBeditor::showPosition() {
+  ui->NumRec->setText(QString::number(photos_.AbsolutePosition()) + QStringLiteral(" of ") +
+                      QString::number(photos_.RecordCount()));
+}
+
+void DBeditor::placeImagePath() {
+  constexpr double overlap = 10;
+  constexpr double leastWidth = 2400; // a narrow photo still has a readable path
+  constexpr double border = 120;
+  const TwipsRect image = stage_->rect(ui->Image1);
+  TwipsRect label = stage_->rect(ui->Label4);
+  label.width = std::max(image.width, leastWidth);
+  label.left = image.left + (image.width - label.width) / 2;
+  label.top = image.top - label.height + overlap;
+  stage_->setRect(ui->Label4, label);
+  stage_->setRect(ui->photoMount,
+                  {label.left - border, label.top - border / 2, label.width + 2 * border,
+                   label.height - overlap + image.height + 1.5 * border});
+  ui->Label4->setText(QStringLiteral("Image: ") + toQString(album_.vars.ImagePath));
+}
+
+void DBeditor::showNames() {
+  const Value names = photos_.Collect("NamesInPhoto");
+  if (names.isNull() || names.toText().empty())
+    return;
+  const std::string marks = photos_.Collect("NamesCords").toText();
+  for (const NameEntry& entry : PopList(album_.data.rsAppearances, names.toText(), marks)) {
+    auto* item = new QListWidgetItem(toQString(entry.text), ui->List2);
+    item->setData(Qt::UserRole, QVariant::fromValue<qlonglong>(entry.id));
+  }
+}
+
+void DBeditor::showAudio() {
+  const bool attached = hasSound(album_, photos_.Collect("PictureID").toText());
+  ui->Label5->setText(attached ? QStringLiteral("Update Audio") : QStringLiteral("Add Audio"));
+}
+
+void DBeditor::showNameFilter() {
+  const QSignalBlocker quiet(ui->Combo1);
+  const QString chosen = ui->Combo1->currentText();
+  const auto entries = nameFilterEntries(album_.data.rsAppearances);
+  ui->Combo1->clear();
+  for (const NameEntry& entry : entries)
+    ui->Combo1->addItem(toQString(entry.text), QVariant::fromValue<qlonglong>(entry.id));
+  ui->Combo1->setCurrentIndex(
+      ui->Combo1->findText(chosen.isEmpty() ? toQString(familyMembersEntry) : chosen));
+}
+
+void DBeditor::decodeNeighbours() {
+  passOver([&] { picture_->decodeAhead(neighbourFiles()); });
+}
+
+std::vector<std::filesystem::path> DBeditor::neighbourFiles() const {
+  std::vector<std::filesystem::path> files;
+  for (const std::string& id : neighbourIds(photos_))
+    if (const auto file = imagePath(album_, id))
+      files.push_back(*file);
+  return files;
+}
+
+std::string DBeditor::currentId() const {
+  return standsOnRow(photos_) ? photos_.Collect("PictureID").toText() : std::string();
+}
+
+void DBeditor::firstRecord() {
+  photos_.MoveFirst();
+  ComposeRecord();
+}
+
+void DBeditor::lastRecord() {
+  photos_.MoveLast();
+  ComposeRecord();
+}
+
+void DBeditor::nextRecord() {
+  if (photos_.AbsolutePosition() >= photos_.RecordCount()) {
+    MsgBox(QStringLiteral("No More Records!"), QStringLiteral("Next Photo"));
+    return;
+  }
+  photos_.MoveNext();
+  ComposeRecord();
+}
+
+void DBeditor::previousRecord() {
+  if (photos_.AbsolutePosition() < 2) {
+    MsgBox(QStringLiteral("No More Records!"), QStringLiteral("Previous Photo"));
+    return;
+  }
+  photos_.MovePrevious();
+  ComposeRecord();
+}
+
+void DBeditor::goToRecord() {
+  const QString title = QStringLiteral("Go To Record");
+  const QString answer = InputBox(QStringLiteral("Enter Record Number:"), title);
+  const auto offset = recordOffset(toUtf8(answer), photos_.RecordCount());
+  if (!offset) {
+    MsgBox(QStringLiteral("Please Enter A Valid Record."), title);
+    return;
+  }
+  photos_.Move(*offset, Recordset::Start::First);
+  ComposeRecord();
+}
+
+void DBeditor::findPhoto() { navigator_.findPhoto(); }
+
+void DBeditor::findNextEmpty() {
+  if (searchNextEmpty())
+    ComposeRecord();
+  else
+    MsgBox(QStringLiteral("No photos found, try from first record"),
+           QStringLiteral("Find Next Empty Field"));
+}
+
+bool DBeditor::searchNextEmpty() {
+  auto& progress = Forms::get<Progress>();
+  const auto unload = qScopeGuard([&progress] { progress.Unload(); });
+  const auto position = static_cast<int>(photos_.AbsolutePosition());
+  progress.setCaption(QStringLiteral("Please Wait, Searching For Next Empty Field"));
+  progress.setRange(position - 1, static_cast<int>(photos_.RecordCount()));
+  progress.setValue(position);
+  progress.Show();
+  const bool found =
+      FindNextEmpty(photos_, [&](std::int64_t at) { progress.setValue(static_cast<int>(at)); });
+  if (found)
+    progress.setValue(progress.maximum());
+  return found;
+}
+
+void DBeditor::addFromFile() {
+  Forms::get<PickaPic>().ShowModal();
+  ComposeRecord();
+}
+
+void DBeditor::done() {
+  Hide();
+  Unload();
+}
+
+void DBeditor::endYear() {
+  if (!binding_.isChanged(ui->Year))
+    return;
+  if (!isNumeric(toUtf8(ui->Year->text())))
+    ui->Year->clear();
+  if (ui->Year->text().isEmpty())
+    binding_.markUnchanged(ui->Year);
+}
+
+void DBeditor::activated() {
+  help_.workFormActive(QStringLiteral("Build Album"));
+  if (currentId() != composedId_)
+    ComposeRecord();
+}
+
+bool DBeditor::unloading() {
+  photos_.Filter("");
+  Recordset& people = album_.data.rsAppearances;
+  people.Close();
+  people.Open(sources::appearances);
+  Forms::tellRowsChanged({RowsChanged::By::EditorClosed});
+  return true;
+}
+
+void DBeditor::keyPressEvent(QKeyEvent* event) {
+  if (!photos_.isOpen() || photos_.RecordCount() == 0)
+    return Form::keyPressEvent(event);
+  switch (event->key()) {
+  case Qt::Key_PageDown:
+    runCommand([this] { nextRecord(); });
+    return;
+  case Qt::Key_PageUp:
+    runCommand([this] { previousRecord(); });
+    return;
+  case Qt::Key_Home:
+    runCommand([this] { firstRecord(); });
+    return;
+  case Qt::Key_End:
+    runCommand([this] { lastRecord(); });
+    return;
+  default:
+    Form::keyPressEvent(event);
+  }
+}
+
+} // namespace hearthbook

@@ -1,0 +1,90 @@
+#pragma once
+
+#include "Album.h"
+#include "BoundControls.h"
+#include "Form.h"
+#include "Navigator.h"
+#include "PictureLoader.h"
+
+#include <filesystem>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace Ui {
+class DBeditor;
+}
+
+namespace hearthbook {
+
+class RecordPicture;
+class Stage;
+
+/// Build Album: one photo at a time, with its year, place, event, people and description.
+///
+/// The family goes through the album here and writes down what it knows of each photo; new
+/// photos come in through "Add From File". There is no save command: what was typed is stored
+/// when the editor leaves the photo. The frame, the start screen and the result pages open
+/// it, on the row of rsPhotoAlbum on which that stands.
+class DBeditor : public Form {
+  Q_OBJECT
+public:
+  DBeditor(Album& album, PictureLoader& loader, WorkPool& pool, Navigator& navigator,
+           HoverHelp& help);
+  ~DBeditor() override;
+
+  /// Shows the current row of rsPhotoAlbum; callers position the set first. A step that fails
+  /// does not stop those behind it.
+  void ComposeRecord();
+
+  /// True while the photo's pixels are on their way.
+  [[nodiscard]] bool isWaitingForPicture() const;
+
+protected:
+  void load() override;
+  void activated() override;
+  bool unloading() override;
+  void keyPressEvent(QKeyEvent* event) override;
+
+private:
+  void wireControls();
+  void bindFields();
+  void setFaces();
+  void updateEnabled();
+  void clearPhotoLists();
+
+  void showPosition();
+  void showImage();
+  void showNames();
+  void showAudio();
+  void showNameFilter();
+  void placeImagePath();
+  void decodeNeighbours();
+  [[nodiscard]] std::string currentId() const;
+  [[nodiscard]] std::vector<std::filesystem::path> neighbourFiles() const;
+
+  void firstRecord();
+  void previousRecord();
+  void nextRecord();
+  void lastRecord();
+  void goToRecord();
+  void findPhoto();
+  void findNextEmpty();
+  bool searchNextEmpty();
+  void addFromFile();
+  void done();
+
+  void endYear();
+
+  Album& album_;
+  Recordset& photos_;
+  Navigator& navigator_;
+  HoverHelp& help_;
+  Stage* stage_;
+  std::unique_ptr<Ui::DBeditor> ui;
+  RecordPicture* picture_;
+  Binding binding_;
+  std::string composedId_; ///< of the row that is on the screen
+};
+
+} // namespace hearthbook

@@ -1,0 +1,63 @@
+#pragma once
+
+#include "PictureLoader.h"
+#include "Twips.h"
+
+#include <QObject>
+#include <QSize>
+
+#include <filesystem>
+#include <optional>
+#include <vector>
+
+namespace hearthbook {
+
+class PictureBox;
+class Stage;
+
+/// The photo of a record editor: fits each picture into its box on the stage and has it
+/// decoded for the device.
+///
+/// Place and picture change together, when the pixels are there: until then, and for good
+/// where a file is broken, the last picture stays as it was.
+class RecordPicture : public QObject {
+  Q_OBJECT
+public:
+  /// `image` stands in its box on the stage, which it fills for now.
+  RecordPicture(Stage& stage, PictureBox& image, PictureLoader& loader, WorkPool& pool,
+                QObject* parent);
+
+  /// Throws RunTimeError where the head of the file cannot be read.
+  void show(const std::filesystem::path& file);
+
+  /// Has the pictures decoded that will probably be shown next.
+  void decodeAhead(const std::vector<std::filesystem::path>& files);
+
+  /// True from a show() until its picture is on the screen or has turned out to be broken.
+  [[nodiscard]] bool isWaiting() const { return wanted_.has_value(); }
+
+Q_SIGNALS:
+  void placed(); ///< the image has a new place on the stage
+
+private:
+  struct Source {
+    std::filesystem::path file;
+    PixelSize size;
+  };
+
+  [[nodiscard]] TwipsRect fitted(PixelSize picture) const;
+  [[nodiscard]] PixelSize devicePixels(TwipsRect rect) const;
+  void request();
+  void arrived(const PictureLoader::Loaded& loaded);
+
+  Stage& stage_;
+  PictureBox& image_;
+  PictureLoader& loader_;
+  WorkPool& pool_;
+  TwipsSize box_;
+  std::optional<Source> wanted_;
+  std::optional<Source> shown_;
+  PictureLoader::Ticket ticket_;
+};
+
+} // namespace hearthbook
