@@ -58,7 +58,8 @@ struct Binding::Impl : std::enable_shared_from_this<Impl> {
         impl->of(control).isChanged = true;
     };
   }
-  void showAll();
+  void showRow();
+  void refresh();
   void writeOne(BoundControl& bound);
   void writeAll();
   void store();
@@ -73,13 +74,19 @@ void Binding::Impl::add(BoundControl bound) {
   controls.push_back(std::move(bound));
 }
 
-void Binding::Impl::showAll() {
+void Binding::Impl::showRow() {
+  for (BoundControl& bound : controls)
+    bound.isChanged = false;
+  refresh();
+}
+
+void Binding::Impl::refresh() {
   const bool onRow = hasRow();
   const auto shown = qScopeGuard([this] { isShowing = false; });
   isShowing = true;
   for (BoundControl& bound : controls) {
-    bound.isChanged = false;
-    bound.show(onRow ? rows.Collect(bound.field) : Value());
+    if (!bound.isChanged)
+      bound.show(onRow ? rows.Collect(bound.field) : Value());
     bound.control->setEnabled(onRow);
   }
 }
@@ -108,7 +115,7 @@ void Binding::Impl::store() {
 
 Binding::Binding(Recordset& rows) : impl_(std::make_shared<Impl>(rows)) {
   impl_->subscription =
-      rows.observe({.leaving = [this] { write(); }, .arrived = [this] { show(); }});
+      rows.observe({.leaving = [this] { write(); }, .arrived = [this] { impl_->showRow(); }});
 }
 
 Binding::~Binding() = default;
@@ -134,7 +141,7 @@ void Binding::bind(DataCombo* combo, std::string field) {
   QObject::connect(combo, &DataCombo::chosen, combo, impl_->marker(combo));
 }
 
-void Binding::show() { impl_->showAll(); }
+void Binding::show() { impl_->refresh(); }
 
 void Binding::write() { impl_->writeAll(); }
 

@@ -105,7 +105,9 @@ public:
   void bind(QPlainTextEdit* edit, std::string field);
   void bind(DataCombo* combo, std::string field);
 
-  void show();  ///< the current row in all controls; drops what is pending in them
+  /// The current row once more, after the program has set fields of it. What is pending in a
+  /// control stays.
+  void show();
   void write(); ///< what is pending in the controls into the row's fields (no Update)
   [[nodiscard]] bool isChanged(const QWidget* control) const;
   void markUnchanged(const QWidget* control); ///< and shows the stored value again at show()
