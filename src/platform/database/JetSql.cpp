@@ -43,11 +43,12 @@ void erase(Tokens& tokens, std::size_t from, std::size_t to) {
 
 /// `Table.Field = ...` behind SET: the table goes, and a reserved field name is quoted.
 void rewordSetTarget(Tokens& tokens, std::size_t target) {
-  const std::size_t dot = solidFrom(tokens, target + 1);
-  if (dot < tokens.size() && isMark(tokens[dot], '.')) {
+  std::size_t dot = solidFrom(tokens, target + 1);
+  while (dot < tokens.size() && isMark(tokens[dot], '.')) {
     const std::size_t field = solidFrom(tokens, dot + 1);
     erase(tokens, target, field);
     target = field;
+    dot = solidFrom(tokens, target + 1);
   }
   if (target < tokens.size() && isReserved(tokens[target]))
     quote(tokens[target]);
@@ -73,7 +74,8 @@ void rewordSetTargets(Tokens& tokens, std::size_t update) {
 
 void dropStar(Tokens& tokens, std::size_t deleteWord) {
   const std::size_t star = solidFrom(tokens, deleteWord + 1);
-  if (star < tokens.size() && isMark(tokens[star], '*'))
+  const std::size_t from = solidFrom(tokens, star + 1);
+  if (from < tokens.size() && isMark(tokens[star], '*') && isWord(tokens[from], "from"))
     erase(tokens, star, star + 1);
 }
 

@@ -4,21 +4,7 @@
 #include "RecordsetImpl.h"
 #include "RunTimeError.h"
 
-#include <atomic>
-
 namespace hearthbook {
-
-namespace {
-
-std::shared_ptr<SharedRows> makeShared(std::unique_ptr<Answer> answer) {
-  static std::atomic<std::uint32_t> serials = 0;
-  auto shared = std::make_shared<SharedRows>();
-  shared->answer = std::move(answer);
-  shared->serial = ++serials;
-  return shared;
-}
-
-} // namespace
 
 Recordset::Subscription::Subscription(Subscription&&) noexcept = default;
 
@@ -56,12 +42,8 @@ void Recordset::Open(std::string_view source) {
   const std::string statement(source); // it may be our own Source
   Close();
   impl_->source = statement;
-  auto answer = runSource(connection().handle(), statement);
-  if (!answer)
-    return;
-  impl_->share(makeShared(std::move(answer)));
-  impl_->arrange();
-  impl_->tellArrived();
+  if (auto answer = runSource(connection().handle(), statement))
+    impl_->show(std::move(answer));
 }
 
 void Recordset::Open() { Open(impl_->source); }
@@ -75,15 +57,10 @@ void Recordset::Close() {
 
 void Recordset::Requery() {
   impl_->leave();
-  auto answer = runSource(connection().handle(), impl_->source);
-  if (!answer)
-    return impl_->abandon();
-  auto matcher = impl_->filter.empty() ? std::optional<RowMatcher>()
-                                       : RowMatcher(parseCriterion(impl_->filter), *answer);
-  impl_->share(makeShared(std::move(answer)));
-  impl_->matcher = std::move(matcher);
-  impl_->arrange();
-  impl_->tellArrived();
+  if (auto answer = runSource(connection().handle(), impl_->source))
+    impl_->show(std::move(answer));
+  else
+    impl_->abandon(); // the source written meanwhile gives no rows
 }
 
 bool Recordset::isOpen() const { return impl_->shared != nullptr; }

@@ -46,10 +46,8 @@ void Recordset::Delete() {
   if (!impl_->answer().writeBack)
     throw RunTimeError("No row can be deleted from the record set: " + impl_->source);
   deleteRow(impl_->connection->handle(), impl_->answer(), row);
-  impl_->rows().setAlive(row, false);
-  const auto sharers = impl_->shared->sharers; // one that is told may clone or close
-  for (Impl* sharer : sharers)
-    sharer->rowRemoved(row);
+  const auto shared = impl_->shared; // one that is told may close this set
+  shared->remove(row);
 }
 
 } // namespace hearthbook

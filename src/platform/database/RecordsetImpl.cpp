@@ -5,8 +5,23 @@
 #include "RunTimeError.h"
 
 #include <algorithm>
+#include <atomic>
 
 namespace hearthbook {
+
+void SharedRows::remove(RowId row) {
+  answer->rows.setAlive(row, false);
+  std::vector<Recordset::Impl*> moved;
+  for (Recordset::Impl* sharer : sharers)
+    if (sharer->rowRemoved(row))
+      moved.push_back(sharer);
+  const auto isThere = [&](const Recordset::Impl* one) {
+    return std::find(sharers.begin(), sharers.end(), one) != sharers.end();
+  };
+  for (Recordset::Impl* sharer : moved)
+    if (isThere(sharer)) // one that is told may close another
+      sharer->tellArrived();
+}
 
 void Recordset::Impl::requireOpen() const {
   if (!shared)
@@ -38,6 +53,21 @@ void Recordset::Impl::share(std::shared_ptr<SharedRows> rows) {
   shared = std::move(rows);
   if (shared)
     shared->sharers.push_back(this);
+}
+
+void Recordset::Impl::show(std::unique_ptr<Answer> answer) {
+  static std::atomic<std::uint32_t> serials = 0;
+  std::optional<RowMatcher> wanted;
+  if (!filter.empty())
+    wanted.emplace(parseCriterion(filter), *answer);
+  parseSort(sort, *answer); // refused before anything is lost
+  auto fresh = std::make_shared<SharedRows>();
+  fresh->answer = std::move(answer);
+  fresh->serial = ++serials;
+  share(std::move(fresh));
+  matcher = std::move(wanted);
+  arrange();
+  tellArrived();
 }
 
 void Recordset::Impl::abandon() {
@@ -132,15 +162,14 @@ void Recordset::Impl::rowAdded(RowId row) {
     view.add(row);
 }
 
-void Recordset::Impl::rowRemoved(RowId row) {
+bool Recordset::Impl::rowRemoved(RowId row) {
   const bool wasCurrent = view.isOnRow() && view.current() == row;
   if (wasCurrent) {
     edits.clear();
     behindDeleted = true;
   }
   view.remove(row);
-  if (wasCurrent)
-    tellArrived();
+  return wasCurrent;
 }
 
 void Recordset::Impl::goToPlace(std::int64_t place) {

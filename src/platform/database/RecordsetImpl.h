@@ -24,6 +24,8 @@ struct SharedRows {
   std::unique_ptr<Answer> answer;
   std::uint32_t serial = 0; ///< tells bookmarks of one answer from those of another
   std::vector<Recordset::Impl*> sharers;
+
+  void remove(RowId row); ///< from all sharers; tells those that stood on it
 };
 
 /// The parts of a record set: the rows shared with its clones, the view of them with the place
@@ -53,7 +55,8 @@ struct Recordset::Impl {
   RowId requireRow() const;
   [[nodiscard]] std::size_t requireField(std::string_view field) const;
   void share(std::shared_ptr<SharedRows> rows);
-  void abandon(); ///< closes without storing
+  void show(std::unique_ptr<Answer> answer); ///< instead of what was shown; tells it
+  void abandon();                            ///< closes without storing
   [[nodiscard]] std::vector<RowId> livingRows() const;
   void arrange(); ///< shows what filter and sort say, on the first row
 
@@ -65,7 +68,7 @@ struct Recordset::Impl {
   void dropEdits();
   void edit(std::size_t column, Value value);
   void rowAdded(RowId row);   ///< by a clone
-  void rowRemoved(RowId row); ///< by this set or a clone
+  bool rowRemoved(RowId row); ///< by this set or a clone; true if it was the current one
   void goToPlace(std::int64_t place);
 
   // Observers

@@ -4,9 +4,17 @@
 
 #include <sqlite3.h>
 
+#include <cstdlib>
 #include <stdexcept>
 
 namespace hearthbook::test {
+
+namespace {
+
+/// The order of text is the same wherever the tests run. It is asked for at its first use.
+[[maybe_unused]] const int fixedOrder = setenv("LC_ALL", "en_US.UTF-8", 1);
+
+} // namespace
 
 const char* const albumSchema = R"(
 CREATE TABLE PhotoAlbum(RowKey INTEGER PRIMARY KEY,
