@@ -5,6 +5,7 @@
 
 #include <QAbstractButton>
 #include <QEvent>
+#include <QFile>
 #include <QPainter>
 #include <QPainterPath>
 #include <QStyle>
@@ -18,6 +19,7 @@ namespace hearthbook {
 namespace {
 
 constexpr double readable = 4.5; // least contrast of a caption
+constexpr int captionFlags = Qt::AlignCenter | Qt::TextWordWrap | Qt::TextShowMnemonic;
 
 QColor plainColour(Face face) {
   switch (face) {
@@ -59,8 +61,8 @@ struct FaceArt {
 /// The caption is dark or light, whichever reads better; where neither reads well enough the
 /// picture is made paler or deeper until it does.
 FaceArt makeArt(Face face, const QString& file) {
-  QImage picture(file);
-  if (picture.isNull()) {
+  QImage picture;
+  if (!QFile::exists(file) || !picture.load(file)) {
     picture = QImage(16, 16, QImage::Format_RGB32);
     picture.fill(plainColour(face));
   }
@@ -98,6 +100,8 @@ private:
   void paintFace(QPainter& painter, const QPainterPath& outline);
   void paintFocus(QPainter& painter, const QRectF& edge, double unit) const;
   void paintCaption(QPainter& painter, const QRectF& room) const;
+  void fitFont(QPainter& painter, const QRectF& room) const;
+  void paintTick(QPainter& painter, QRectF& room) const;
   const QPixmap& stretched();
 
   QAbstractButton* button_;
@@ -174,8 +178,44 @@ void FacePainter::paintCaption(QPainter& painter, const QRectF& room) const {
     else
       textRoom.setRight(iconRoom.left() - 3);
   }
-  painter.drawText(textRoom, Qt::AlignCenter | Qt::TextWordWrap | Qt::TextShowMnemonic,
-                   button_->text());
+  fitFont(painter, textRoom);
+  if (button_->isChecked())
+    paintTick(painter, textRoom);
+  painter.drawText(textRoom, captionFlags, button_->text());
+}
+
+/// A caption that is too long for its button breaks into lines; type that is still too large
+/// gets smaller, but not so small that nobody reads it.
+void FacePainter::fitFont(QPainter& painter, const QRectF& room) const {
+  QFont font = button_->font();
+  const double smallest = font.pointSizeF() * 0.7;
+  const auto fits = [&] {
+    const QRectF needed = painter.boundingRect(room, captionFlags, button_->text());
+    return needed.height() <= room.height() + 1 && needed.width() <= room.width() + 1;
+  };
+  painter.setFont(font);
+  while (!fits() && font.pointSizeF() - 0.25 >= smallest) {
+    font.setPointSizeF(font.pointSizeF() - 0.25);
+    painter.setFont(font);
+  }
+}
+
+/// What is switched on is not told by colour alone.
+void FacePainter::paintTick(QPainter& painter, QRectF& room) const {
+  const double size = painter.fontMetrics().ascent() * 0.8;
+  const double left = button_->isLeftToRight() ? room.left() + size / 2 : room.right() - 1.5 * size;
+  const QPointF corner(left, room.center().y() - size / 2);
+  QPolygonF tick({{0, 0.55}, {0.35, 0.9}, {1, 0.1}});
+  for (QPointF& point : tick)
+    point = corner + point * size;
+  painter.save();
+  painter.setPen(QPen(painter.pen().color(), size / 6, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+  painter.drawPolyline(tick);
+  painter.restore();
+  if (button_->isLeftToRight())
+    room.setLeft(left + size);
+  else
+    room.setRight(left);
 }
 
 } // namespace

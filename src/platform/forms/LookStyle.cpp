@@ -2,15 +2,20 @@
 
 #include "Stage.h"
 
+#include <QLineEdit>
+#include <QPainter>
+#include <QPolygonF>
 #include <QStyleFactory>
+#include <QStyleOptionComplex>
 
 #include <algorithm>
+#include <array>
 
 namespace hearthbook {
 
 namespace {
 
-bool growsWithTheStage(QStyle::PixelMetric metric) {
+bool growsWithTheStage(QStyle::PixelMetric metric, const QWidget* widget) {
   switch (metric) {
   case QStyle::PM_IndicatorWidth:
   case QStyle::PM_IndicatorHeight:
@@ -20,15 +25,76 @@ bool growsWithTheStage(QStyle::PixelMetric metric) {
   case QStyle::PM_RadioButtonLabelSpacing:
   case QStyle::PM_ScrollBarExtent:
   case QStyle::PM_ScrollBarSliderMin:
-  case QStyle::PM_SpinBoxSliderHeight:
-  case QStyle::PM_SliderThickness:
-  case QStyle::PM_SliderControlThickness:
-  case QStyle::PM_SliderLength:
     return true;
+  case QStyle::PM_DefaultFrameWidth: // the room before the text of a field
+    return qobject_cast<const QLineEdit*>(widget) != nullptr;
   default:
     return false;
   }
 }
+
+bool hasArrows(QStyle::ComplexControl control) {
+  return control == QStyle::CC_ComboBox || control == QStyle::CC_SpinBox ||
+         control == QStyle::CC_ScrollBar;
+}
+
+/// The arrows of a control, and where each points in a control that runs across.
+struct ArrowPart {
+  QStyle::SubControl part;
+  Qt::ArrowType points;
+  Qt::ArrowType pointsAcross;
+};
+
+std::array<ArrowPart, 2> arrowParts(QStyle::ComplexControl control) {
+  switch (control) {
+  case QStyle::CC_SpinBox:
+    return {{{QStyle::SC_SpinBoxUp, Qt::UpArrow, Qt::UpArrow},
+             {QStyle::SC_SpinBoxDown, Qt::DownArrow, Qt::DownArrow}}};
+  case QStyle::CC_ScrollBar:
+    return {{{QStyle::SC_ScrollBarSubLine, Qt::UpArrow, Qt::LeftArrow},
+             {QStyle::SC_ScrollBarAddLine, Qt::DownArrow, Qt::RightArrow}}};
+  default:
+    return {{{QStyle::SC_ComboBoxArrow, Qt::DownArrow, Qt::DownArrow},
+             {QStyle::SC_None, Qt::NoArrow, Qt::NoArrow}}};
+  }
+}
+
+QPolygonF arrowShape(Qt::ArrowType points, double half) {
+  switch (points) {
+  case Qt::UpArrow:
+    return {{{-half, half / 2}, {0, -half / 2}, {half, half / 2}}};
+  case Qt::DownArrow:
+    return {{{-half, -half / 2}, {0, half / 2}, {half, -half / 2}}};
+  case Qt::LeftArrow:
+    return {{{half / 2, -half}, {-half / 2, 0}, {half / 2, half}}};
+  default:
+    return {{{-half / 2, -half}, {half / 2, 0}, {-half / 2, half}}};
+  }
+}
+
+void drawArrow(QPainter& painter, const QRect& room, Qt::ArrowType points, double scale,
+               const QColor& colour) {
+  painter.save();
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.translate(QRectF(room).center());
+  painter.setPen(Qt::NoPen);
+  painter.setBrush(colour);
+  const double largest = std::min(room.width(), room.height()) / 3.0;
+  painter.drawPolygon(arrowShape(points, std::min(4 * scale, largest)));
+  painter.restore();
+}
+
+/// Widens the part at the outer edge by `more` pixels, or takes them from the part inside.
+QRect moveEdge(QRect rect, bool isOuterPart, int more, Qt::LayoutDirection direction) {
+  const bool atRight = direction == Qt::LeftToRight;
+  if (isOuterPart)
+    atRight ? rect.setLeft(rect.left() - more) : rect.setRight(rect.right() + more);
+  else
+    atRight ? rect.setRight(rect.right() - more) : rect.setLeft(rect.left() + more);
+  return rect;
+}
+
+constexpr int standardArrowWidth = 16;
 
 } // namespace
 
@@ -37,7 +103,7 @@ LookStyle::LookStyle() : QProxyStyle(QStyleFactory::create(QStringLiteral("Fusio
 int LookStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
                            const QWidget* widget) const {
   const int standard = QProxyStyle::pixelMetric(metric, option, widget);
-  if (!widget || !growsWithTheStage(metric))
+  if (!widget || !growsWithTheStage(metric, widget))
     return standard;
   return std::max(qRound(standard * Stage::scaleOf(widget)), std::min(standard, 6));
 }
@@ -47,6 +113,50 @@ int LookStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidg
   if (hint == SH_ItemView_ActivateItemOnSingleClick)
     return 0; // whatever the desktop says: a click chooses, a double click does
   return QProxyStyle::styleHint(hint, option, widget, more);
+}
+
+QSize LookStyle::sizeFromContents(ContentsType type, const QStyleOption* option,
+                                  const QSize& contents, const QWidget* widget) const {
+  QSize size = QProxyStyle::sizeFromContents(type, option, contents, widget);
+  if (type == CT_ItemViewItem)
+    size.rheight() += qRound(3 * Stage::scaleOf(widget)); // rows of a list need air
+  return size;
+}
+
+QRect LookStyle::subElementRect(SubElement element, const QStyleOption* option,
+                                const QWidget* widget) const {
+  if (element == SE_CheckBoxClickRect || element == SE_RadioButtonClickRect)
+    return option->rect; // all of the control, not only tick and text
+  return QProxyStyle::subElementRect(element, option, widget);
+}
+
+QRect LookStyle::subControlRect(ComplexControl control, const QStyleOptionComplex* option,
+                                SubControl part, const QWidget* widget) const {
+  const QRect standard = QProxyStyle::subControlRect(control, option, part, widget);
+  const double scale = Stage::scaleOf(widget);
+  if (scale <= 1 || (control != CC_ComboBox && control != CC_SpinBox))
+    return standard;
+  const bool isArrow =
+      part == SC_ComboBoxArrow || (control == CC_SpinBox && part <= SC_SpinBoxDown);
+  const bool isField = part == SC_ComboBoxEditField || part == SC_SpinBoxEditField;
+  if (!isArrow && !isField)
+    return standard;
+  const int more = qRound(standardArrowWidth * (scale - 1));
+  return moveEdge(standard, isArrow, more, option->direction);
+}
+
+void LookStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
+                                   QPainter* painter, const QWidget* widget) const {
+  QProxyStyle::drawComplexControl(control, option, painter, widget);
+  const double scale = Stage::scaleOf(widget);
+  if (scale <= 1 || !hasArrows(control))
+    return;
+  const bool across = option->state.testFlag(State_Horizontal);
+  for (const ArrowPart& arrow : arrowParts(control))
+    if (arrow.part != SC_None && option->subControls.testFlag(arrow.part))
+      drawArrow(*painter, subControlRect(control, option, arrow.part, widget),
+                across ? arrow.pointsAcross : arrow.points, scale,
+                option->palette.color(QPalette::ButtonText));
 }
 
 } // namespace hearthbook

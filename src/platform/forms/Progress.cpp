@@ -14,7 +14,7 @@ namespace hearthbook {
 
 namespace {
 
-constexpr int mapAfterMs = 250;
+int mapAfterMs = 250;
 constexpr int breatheEveryMs = 30; // a loop over every row sets the bar more often than is seen
 
 } // namespace
@@ -37,6 +37,8 @@ Progress::Progress()
 }
 
 Progress::~Progress() = default;
+
+void Progress::setPatience(int milliseconds) { mapAfterMs = milliseconds; }
 
 void Progress::setRange(int minimum, int maximum) {
   minimum_ = minimum;
@@ -71,7 +73,7 @@ void Progress::mapWindow() {
   if (isVisible() || mapTimer_.isActive())
     return;
   sinceShown_.start();
-  mapTimer_.start(mapAfterMs);
+  mapTimer_.start(std::max(0, mapAfterMs));
 }
 
 void Progress::mapNow() {

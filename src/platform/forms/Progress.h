@@ -25,6 +25,9 @@ public:
 
   void setRange(int minimum, int maximum);
   void setValue(int value); ///< repaints and lets timers and paints run, no user input
+  /// How long work may take before its window is mapped, in milliseconds.
+  static void setPatience(int milliseconds);
+
   [[nodiscard]] int value() const { return value_; }
   [[nodiscard]] int minimum() const { return minimum_; }
   [[nodiscard]] int maximum() const { return maximum_; }

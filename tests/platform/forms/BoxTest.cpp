@@ -1,0 +1,164 @@
+#include "BoxScript.h"
+#include "MsgBox.h"
+#include "PlainForms.h"
+
+#include <QAccessible>
+#include <QApplication>
+#include <QDialog>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTest>
+#include <QTimer>
+
+#include <gtest/gtest-spi.h>
+
+namespace hearthbook::test {
+
+namespace {
+
+/// Does `act` with the real box that comes next.
+template <class Act> void withBox(Act act) {
+  QTimer::singleShot(0, qApp, [act] {
+    QWidget* box = QApplication::activeModalWidget();
+    ASSERT_NE(box, nullptr);
+    act(*box);
+  });
+}
+
+void press(QWidget& box, const QString& caption) {
+  for (QPushButton* button : box.findChildren<QPushButton*>())
+    if (button->text().remove(QLatin1Char('&')) == caption)
+      return QTest::mouseClick(button, Qt::LeftButton);
+  ADD_FAILURE() << "no button " << caption.toStdString();
+}
+
+} // namespace
+
+TEST(MsgBox, ShowsTextTitleAndIconAndIsAnswered) {
+  withBox([](QWidget& widget) {
+    auto& box = dynamic_cast<QMessageBox&>(widget);
+    EXPECT_EQ(box.windowTitle(), QStringLiteral("Delete"));
+    EXPECT_EQ(box.text(), QStringLiteral("Sure?"));
+    EXPECT_EQ(box.icon(), QMessageBox::Warning);
+    press(box, QStringLiteral("Yes"));
+  });
+  EXPECT_EQ(MsgBox(QStringLiteral("Sure?"), QStringLiteral("Delete"), MsgIcon::Exclamation,
+                   MsgButtons::YesNo),
+            MsgAnswer::Yes);
+}
+
+TEST(MsgBox, WithoutATitleHasThatOfTheProgram) {
+  withBox([](QWidget& box) {
+    EXPECT_EQ(box.windowTitle(), QStringLiteral("Hearthbook"));
+    press(box, QStringLiteral("OK"));
+  });
+  EXPECT_EQ(MsgBox(QStringLiteral("Hello")), MsgAnswer::Ok);
+}
+
+TEST(MsgBox, EscapeIsCancelOrNoOrTheOnlyAnswer) {
+  const auto escape = [](QWidget& box) { QTest::keyClick(&box, Qt::Key_Escape); };
+  const auto answer = [&](MsgButtons buttons) {
+    withBox(escape);
+    return MsgBox(QStringLiteral("?"), {}, MsgIcon::Question, buttons);
+  };
+  EXPECT_EQ(answer(MsgButtons::Ok), MsgAnswer::Ok);
+  EXPECT_EQ(answer(MsgButtons::OkCancel), MsgAnswer::Cancel);
+  EXPECT_EQ(answer(MsgButtons::YesNo), MsgAnswer::No);
+}
+
+TEST(MsgBox, ReturnIsTheFirstButton) {
+  withBox([](QWidget& box) {
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&box));
+    QTest::keyClick(&box, Qt::Key_Return);
+  });
+  EXPECT_EQ(MsgBox(QStringLiteral("?"), {}, MsgIcon::Question, MsgButtons::YesNo), MsgAnswer::Yes);
+}
+
+TEST(MsgBox, MarkupInATextIsShownAsItStands) {
+  withBox([](QWidget& box) {
+    EXPECT_EQ(dynamic_cast<QMessageBox&>(box).textFormat(), Qt::PlainText);
+    QAccessibleInterface* face = QAccessible::queryAccessibleInterface(&box);
+    ASSERT_NE(face, nullptr);
+    EXPECT_EQ(face->role(), QAccessible::AlertMessage);
+    press(box, QStringLiteral("OK"));
+  });
+  MsgBox(QStringLiteral("<b>/home/ann & bob</b>"));
+}
+
+TEST(InputBox, GivesWhatWasTyped) {
+  withBox([](QWidget& box) {
+    EXPECT_EQ(box.windowTitle(), QStringLiteral("Go To Record"));
+    EXPECT_EQ(box.findChild<QLabel*>()->text(), QStringLiteral("Enter Record Number:"));
+    auto* edit = box.findChild<QLineEdit*>();
+    EXPECT_EQ(edit->accessibleName(), QStringLiteral("Enter Record Number:"));
+    EXPECT_EQ(edit->selectedText(), QStringLiteral("3")) << "typing replaces what was offered";
+    QTest::keyClicks(edit, QStringLiteral("17"));
+    QTest::keyClick(edit, Qt::Key_Return);
+  });
+  EXPECT_EQ(InputBox(QStringLiteral("Enter Record Number:"), QStringLiteral("Go To Record"),
+                     QStringLiteral("3")),
+            QStringLiteral("17"));
+}
+
+TEST(InputBox, IsEmptyAfterCancelAndEscape) {
+  withBox([](QWidget& box) { press(box, QStringLiteral("Cancel")); });
+  EXPECT_TRUE(InputBox(QStringLiteral("?"), {}, QStringLiteral("old")).isEmpty());
+  withBox([](QWidget& box) { QTest::keyClick(&box, Qt::Key_Escape); });
+  EXPECT_TRUE(InputBox(QStringLiteral("?"), {}, QStringLiteral("old")).isEmpty());
+}
+
+TEST_F(PlainForms, ABoxStandsOverTheModalForm) {
+  AskForm& ask = Forms::get<AskForm>();
+  QTimer::singleShot(0, qApp, [&] {
+    withBox([&](QWidget& box) {
+      EXPECT_EQ(box.parentWidget(), &ask);
+      press(box, QStringLiteral("OK"));
+    });
+    MsgBox(QStringLiteral("Over it"));
+    ask.Hide();
+  });
+  ask.ShowModal();
+}
+
+TEST(BoxScript, AnswersInTheOrderOfTheScript) {
+  BoxScript script;
+  script.expectQuestion(QStringLiteral("Sure?"), {}, MsgIcon::Question, MsgButtons::YesNo,
+                        MsgAnswer::No);
+  script.expectInput(QStringLiteral("Number:"), QStringLiteral("Go To"), QStringLiteral("4"));
+  EXPECT_EQ(MsgBox(QStringLiteral("Sure?"), {}, MsgIcon::Question, MsgButtons::YesNo),
+            MsgAnswer::No);
+  EXPECT_EQ(InputBox(QStringLiteral("Number:"), QStringLiteral("Go To")), QStringLiteral("4"));
+  EXPECT_TRUE(script.isDone());
+}
+
+TEST(BoxScript, FailsTheTestOnAnUnexpectedBox) {
+  EXPECT_NONFATAL_FAILURE(
+      {
+        BoxScript script;
+        MsgBox(QStringLiteral("Surprise"));
+      },
+      "unexpected box");
+}
+
+TEST(BoxScript, FailsTheTestOnABoxThatNeverCame) {
+  EXPECT_NONFATAL_FAILURE(
+      {
+        BoxScript script;
+        script.expectMessage(QStringLiteral("Hello"));
+      },
+      "never came");
+}
+
+TEST(BoxScript, FailsTheTestOnAnotherText) {
+  EXPECT_NONFATAL_FAILURE(
+      {
+        BoxScript script;
+        script.expectMessage(QStringLiteral("Hello"));
+        MsgBox(QStringLiteral("Hallo"));
+      },
+      "Hallo");
+}
+
+} // namespace hearthbook::test
