@@ -1,1 +1,215 @@
 #include "AddPhotos.h"
+
+#include "PhotoIdentity.h"
+#include "PhotoWriter.h"
+#include "PreparedPhoto.h"
+#include "Resample.h"
+#include "ThumbnailSize.h"
+
+#include <chrono>
+#include <deque>
+#include <future>
+#include <string>
+#include <system_error>
+
+namespace hearthbook {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+/// Prepares the sources to come on the pool, a few at a time, and hands them out in order.
+class PhotosAhead {
+public:
+  PhotosAhead(WorkPool& pool, std::deque<fs::path> sources, bool reduce, std::function<void()> wake)
+      : pool_(pool), sources_(std::move(sources)), reduce_(reduce), wake_(std::move(wake)) {}
+
+  std::future<PreparedPhoto> next() {
+    fill();
+    auto first = std::move(ahead_.front());
+    ahead_.pop_front();
+    fill();
+    return first;
+  }
+
+private:
+  void fill() {
+    constexpr std::size_t inFlightForEachThread = 2;
+    const auto window = static_cast<std::size_t>(pool_.threads()) * inFlightForEachThread;
+    for (; !sources_.empty() && ahead_.size() < window; sources_.pop_front())
+      ahead_.push_back(pool_.run(
+          [source = sources_.front(), reduce = reduce_] { return preparePhoto(source, reduce); },
+          wake_));
+  }
+
+  WorkPool& pool_;
+  std::deque<fs::path> sources_;
+  bool reduce_;
+  std::function<void()> wake_;
+  std::deque<std::future<PreparedPhoto>> ahead_;
+};
+
+std::deque<fs::path> selectedOf(const AddPhotosRequest& request) {
+  std::deque<fs::path> sources;
+  for (std::size_t i = 0; i < request.list.size(); ++i)
+    if (request.selected.at(i))
+      sources.push_back(request.list[i]);
+  return sources;
+}
+
+Picture thumbnailOf(const Picture& picture) {
+  return picture.isNull() ? picture : resample(picture, thumbnailSize(picture.size()));
+}
+
+class PhotoAdder {
+public:
+  PhotoAdder(Album& album, WorkPool& pool, const AddPhotosRequest& request,
+             const AddPhotosListener& listener)
+      : album_(album), request_(request), listener_(listener), held_(thumbnailOf(request.preview)),
+        ahead_(pool, selectedOf(request), request.reduce, listener.wake) {}
+
+  int run();
+
+private:
+  void add(const fs::path& source);
+  void addRow();
+  [[nodiscard]] bool hasRow(const std::string& id) const;
+  [[nodiscard]] bool isFileOfTheAlbum(const fs::path& source) const;
+  [[nodiscard]] bool mayRemove(const fs::path& source) const;
+  void load(const PreparedPhoto& photo);
+  [[nodiscard]] PhotoWriteOrder orderFor(const fs::path& source,
+                                         std::shared_ptr<const PreparedPhoto> photo) const;
+  void tell(const PhotoWriter::Outcome& outcome);
+
+  [[nodiscard]] fs::path inAlbum(const std::string& folder, const std::string& stem) const {
+    return album_.folder.path("\\" + folder + "\\" + stem + ".jpg");
+  }
+
+  template <class Step> void step(Step work);
+  void failed(const std::exception_ptr& failure);
+  template <class Answer> Answer await(std::future<Answer> answer);
+
+  Album& album_;
+  const AddPhotosRequest& request_;
+  const AddPhotosListener& listener_;
+  fs::path source_; ///< the file at work
+  std::string id_;  ///< and its photo
+  Picture held_;    ///< the picture at hand, at the size of a thumbnail
+  PhotosAhead ahead_;
+  WorkPool disk_{1}; ///< so that waiting for the disk takes no thread from the decoding
+};
+
+int PhotoAdder::run() {
+  int added = 0;
+  for (std::size_t i = 0; i < request_.list.size(); ++i) {
+    if (listener_.atIndex)
+      listener_.atIndex(static_cast<int>(i));
+    if (!request_.selected[i])
+      continue;
+    add(request_.list[i]);
+    ++added;
+  }
+  return added;
+}
+
+void PhotoAdder::add(const fs::path& source) {
+  source_ = source;
+  auto ahead = ahead_.next();
+  step([this] { album_.vars.NextPhotoNumber = nextPhotoNumber(album_.data.rsPhotoAlbum); });
+  id_ = hardDiskId(album_.vars.NextPhotoNumber);
+  step([this] { addRow(); });
+  const auto photo = std::make_shared<const PreparedPhoto>(await(std::move(ahead)));
+  step([&] { load(*photo); });
+  auto order = orderFor(source, photo);
+  if (request_.move)
+    step([&] { order.remove = mayRemove(source); });
+  tell(await(
+      disk_.run([order = std::move(order)] { return PhotoWriter(order).run(); }, listener_.wake)));
+}
+
+void PhotoAdder::addRow() { album_.data.rsPhotoAlbum.AddNew({"PictureID"}, {Value(id_)}); }
+
+bool PhotoAdder::hasRow(const std::string& id) const {
+  const auto rows = album_.data.rsPhotoAlbum.Clone();
+  rows->Find("PictureID = '" + id + "'", Recordset::Start::First);
+  return !rows->atEOF();
+}
+
+/// The photo or the thumbnail of a row, chosen from the album's own folders.
+bool PhotoAdder::isFileOfTheAlbum(const fs::path& source) const {
+  const std::string stem = source.stem().string();
+  if (stem.find_first_not_of("0123456789") != std::string::npos)
+    return false;
+  std::error_code missing;
+  return (fs::equivalent(source, inAlbum("Photos", stem), missing) ||
+          fs::equivalent(source, inAlbum("Thumbnails", stem), missing)) &&
+         hasRow("HD" + stem);
+}
+
+bool PhotoAdder::mayRemove(const fs::path& source) const {
+  return !isFileOfTheAlbum(source) && hasRow(id_);
+}
+
+void PhotoAdder::load(const PreparedPhoto& photo) {
+  if (photo.loadFailure)
+    std::rethrow_exception(photo.loadFailure);
+  held_ = photo.thumbnail;
+  if (listener_.showing)
+    listener_.showing(photo.preview);
+}
+
+PhotoWriteOrder PhotoAdder::orderFor(const fs::path& source,
+                                     std::shared_ptr<const PreparedPhoto> photo) const {
+  const std::string stem = stemOf(id_);
+  PhotoWriteOrder order;
+  order.source = source;
+  order.photo = inAlbum("Photos", stem);
+  order.thumbnail = inAlbum("Thumbnails", stem);
+  order.backup = album_.folder.path("\\Backup");
+  order.prepared = std::move(photo);
+  order.held = held_;
+  order.reduce = request_.reduce;
+  return order;
+}
+
+void PhotoAdder::tell(const PhotoWriter::Outcome& outcome) {
+  for (const auto& kept : outcome.kept)
+    if (listener_.kept)
+      listener_.kept(kept.original, kept.keptAs);
+  for (const auto& failure : outcome.failures)
+    failed(failure);
+}
+
+template <class Step> void PhotoAdder::step(Step work) {
+  try {
+    work();
+  } catch (...) {
+    failed(std::current_exception());
+  }
+}
+
+void PhotoAdder::failed(const std::exception_ptr& failure) {
+  if (!listener_.failed)
+    return;
+  try {
+    std::rethrow_exception(failure);
+  } catch (const std::exception& error) {
+    listener_.failed(source_, error);
+  }
+}
+
+template <class Answer> Answer PhotoAdder::await(std::future<Answer> answer) {
+  using namespace std::chrono_literals;
+  if (listener_.wait)
+    listener_.wait([&] { return answer.wait_for(0s) == std::future_status::ready; });
+  return answer.get();
+}
+
+} // namespace
+
+int addPhotos(Album& album, WorkPool& pool, const AddPhotosRequest& request,
+              const AddPhotosListener& listener) {
+  return PhotoAdder(album, pool, request, listener).run();
+}
+
+} // namespace hearthbook

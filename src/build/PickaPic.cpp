@@ -14,6 +14,7 @@
 #include "Text.h"
 #include "ui_PickaPic.h"
 
+#include <QCoreApplication>
 #include <QFileSystemModel>
 #include <QResizeEvent>
 #include <QScopeGuard>
@@ -236,7 +237,16 @@ int PickaPic::runAdding() {
     MsgBox(QStringLiteral("An error occurred while inserting file: ") + toQString(source),
            QStringLiteral("Error"), MsgIcon::Critical);
   };
+  listener.kept = [](const std::filesystem::path& original, const std::filesystem::path& keptAs) {
+    MsgBox(QStringLiteral("The file ") + toQString(original) +
+               QStringLiteral(" was in the way of a new one. It is kept as ") + toQString(keptAs),
+           formTitle, MsgIcon::Exclamation);
+  };
   listener.wait = waitUntil;
+  listener.wake = [] {
+    QMetaObject::invokeMethod(
+        QCoreApplication::instance(), [] {}, Qt::QueuedConnection);
+  };
 
   ui->ProgressBar1->setRange(0, std::max(1, static_cast<int>(request.list.size())));
   ui->ProgressBar1->setValue(0);
@@ -253,6 +263,7 @@ AddPhotosRequest PickaPic::readRequest() const {
     request.selected[static_cast<std::size_t>(index.row())] = true;
   request.move = ui->Option2->isChecked();
   request.reduce = ui->chkSize->isChecked();
+  request.preview = ui->ImgX1->picture();
   return request;
 }
 

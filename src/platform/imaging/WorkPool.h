@@ -18,10 +18,18 @@ public:
   /// Runs `work` some time; urgent work goes before all that waits.
   void post(std::function<void()> work, bool urgent = false);
 
-  template <class Work> auto run(Work work) -> std::future<decltype(work())> {
+  /// Runs `work` some time and hands back what it returns or throws. `afterwards` is called on
+  /// the same thread once the answer is there. An answer never given, because the pool ended,
+  /// throws std::future_error.
+  template <class Work>
+  auto run(Work work, std::function<void()> afterwards = {}) -> std::future<decltype(work())> {
     auto task = std::make_shared<std::packaged_task<decltype(work())()>>(std::move(work));
     auto result = task->get_future();
-    post([task] { (*task)(); });
+    post([task, afterwards = std::move(afterwards)] {
+      (*task)();
+      if (afterwards)
+        afterwards();
+    });
     return result;
   }
 
