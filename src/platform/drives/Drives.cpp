@@ -171,7 +171,7 @@ fs::path realPath(const std::vector<Drive>& drives, std::string_view letterPath)
       return spelledBelow(drive->root, text.substr(2));
   }
   // Below a device nothing can ever exist or be made.
-  return fs::path("/dev/null") / text;
+  return "/dev/null/" + text;
 }
 
 } // namespace hearthbook
