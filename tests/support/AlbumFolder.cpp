@@ -1,0 +1,162 @@
+#include "AlbumFolder.h"
+
+#include "DatabaseMaker.h"
+#include "FileBytes.h"
+#include "PhotoIdentity.h"
+#include "RunTimeError.h"
+
+#include <array>
+#include <cstdio>
+#include <fstream>
+#include <stdexcept>
+#include <vector>
+
+#include <jpeglib.h>
+
+namespace hearthbook::test {
+namespace fs = std::filesystem;
+namespace {
+
+constexpr std::string_view emptyGif{"GIF89a\1\0\1\0\x80\0\0\0\0\0\xFF\xFF\xFF,\0\0\0\0\1\0\1\0\0"
+                                    "\2\2D\1\0;",
+                                    35};
+
+std::string quoted(const std::string& text) {
+  std::string literal = "'";
+  for (const char c : text)
+    literal += c == '\'' ? "''" : std::string(1, c);
+  return literal + "'";
+}
+
+std::string literalOf(const Value& value) {
+  if (value.isNull())
+    return "Null";
+  return value.isText() ? quoted(value.toText()) : value.toText();
+}
+
+std::vector<HelpRow> helpRows() {
+  std::ifstream lines(HEARTHBOOK_HELP_ROWS);
+  return readHelpRows(lines);
+}
+
+/// The pictures that the build has rendered; where it has not, the one that none can miss.
+void copyMedia(const fs::path& media) {
+  if (fs::is_directory(fs::path(HEARTHBOOK_STAGED) / "Media"))
+    fs::copy(fs::path(HEARTHBOOK_STAGED) / "Media", media, fs::copy_options::recursive);
+  if (!fs::exists(media / "NotFound.gif"))
+    writeBytes(media / "NotFound.gif", emptyGif);
+}
+
+void makeFolders(const fs::path& root) {
+  for (const char* folder :
+       {"Data", "Backup", "Photos", "Thumbnails", "Audio", "Media", "help", "export"})
+    fs::create_directories(root / folder);
+}
+
+std::unique_ptr<Album> albumIn(const fs::path& root, const FakeDrives& drives) {
+  return std::make_unique<Album>(ApplicationFolder(root), Drives(drives.roots()));
+}
+
+} // namespace
+
+AlbumFolder::AlbumFolder()
+    : dataHome_("XDG_DATA_HOME", (folder_.path() / "data").string()),
+      drives_(folder_.path() / "machine"), root_(folder_.path() / "Hearthbook") {
+  makeFolders(root_);
+  copyMedia(root_ / "Media");
+  makeAlbumDatabase(at("Data/Photo_Album.mdb"), HEARTHBOOK_SCHEMA);
+  makeHelpDatabase(at("Data/Help.mdb"), HEARTHBOOK_SCHEMA, helpRows());
+  writeJpeg(at("Photos/00001.jpg"));
+  writeJpeg(at("Thumbnails/00001.jpg"), 73, 55);
+  album_ = albumIn(root_, drives_);
+}
+
+void AlbumFolder::open() {
+  album_->data.AlbumDB.Open(at("Data/Photo_Album.mdb"));
+  album_->helpConnection.Open(at("Data/Help.mdb"));
+  album_->data.openRecordsets();
+}
+
+void AlbumFolder::close() {
+  album_->data.AlbumDB.Close();
+  album_ = albumIn(root_, drives_);
+}
+
+fs::path AlbumFolder::at(const std::string& relative) const { return root_ / relative; }
+
+fs::path AlbumFolder::trash() const { return folder_.path() / "data/Trash/files"; }
+
+void AlbumFolder::addRow(const std::string& table, const Fields& fields) {
+  std::string names;
+  std::string values;
+  for (const auto& [name, value] : fields) {
+    names += (names.empty() ? "[" : ", [") + name + "]";
+    values += (values.empty() ? "" : ", ") + literalOf(value);
+  }
+  album_->data.AlbumDB.execute("INSERT INTO " + table + " (" + names + ") VALUES (" + values + ")");
+}
+
+void AlbumFolder::addPhoto(const std::string& id, const Fields& fields) {
+  Fields row = fields;
+  row["PictureID"] = id;
+  addRow("PhotoAlbum", row);
+  if (originOf(id) == PhotoOrigin::HardDisk) {
+    writeJpeg(at("Photos/" + stemOf(id) + ".jpg"));
+    writeJpeg(at("Thumbnails/" + stemOf(id) + ".jpg"), 73, 55);
+  }
+  album_->data.rsPhotoAlbum.Requery();
+}
+
+std::int64_t AlbumFolder::addNamed(const std::string& table, const std::string& key,
+                                   const Fields& fields, Recordset& shared) {
+  addRow(table, fields);
+  Recordset last(album_->data.AlbumDB);
+  last.Open("SELECT * FROM " + table + " ORDER BY " + key);
+  last.MoveLast();
+  shared.Requery();
+  return last.Collect(key).toInteger();
+}
+
+std::int64_t AlbumFolder::addPlace(const std::string& name) {
+  return addNamed("Places", "PlaceID", {{"PlaceName", name}}, album_->data.rsPlaces);
+}
+
+std::int64_t AlbumFolder::addEvent(const std::string& name) {
+  return addNamed("Events", "EventID", {{"EventName", name}}, album_->data.rsEvents);
+}
+
+std::int64_t AlbumFolder::addPerson(const std::string& name, std::int64_t relationId) {
+  return addNamed("Appearances", "AppearancesID",
+                  {{"AppearancesNames", name}, {"relationID", relationId}},
+                  album_->data.rsAppearances);
+}
+
+void writeJpeg(const fs::path& file, int width, int height, unsigned colour) {
+  fs::create_directories(file.parent_path());
+  std::FILE* stream = std::fopen(file.c_str(), "wb");
+  if (!stream)
+    throw std::runtime_error("cannot write " + file.string());
+  jpeg_compress_struct jpeg{};
+  jpeg_error_mgr errors{};
+  jpeg.err = jpeg_std_error(&errors);
+  jpeg_create_compress(&jpeg);
+  jpeg_stdio_dest(&jpeg, stream);
+  jpeg.image_width = static_cast<JDIMENSION>(width);
+  jpeg.image_height = static_cast<JDIMENSION>(height);
+  jpeg.input_components = 3;
+  jpeg.in_color_space = JCS_RGB;
+  jpeg_set_defaults(&jpeg);
+  jpeg_start_compress(&jpeg, TRUE);
+  std::vector<JSAMPLE> row;
+  for (int x = 0; x < width; ++x)
+    row.insert(row.end(), {static_cast<JSAMPLE>(colour >> 16U), static_cast<JSAMPLE>(colour >> 8U),
+                           static_cast<JSAMPLE>(colour)});
+  JSAMPROW line = row.data();
+  while (jpeg.next_scanline < jpeg.image_height)
+    jpeg_write_scanlines(&jpeg, &line, 1);
+  jpeg_finish_compress(&jpeg);
+  jpeg_destroy_compress(&jpeg);
+  std::fclose(stream);
+}
+
+} // namespace hearthbook::test
