@@ -3,15 +3,10 @@
 #include "DatabaseMaker.h"
 #include "FileBytes.h"
 #include "PhotoIdentity.h"
-#include "RunTimeError.h"
+#include "TestPictures.h"
 
-#include <array>
-#include <cstdio>
 #include <fstream>
-#include <stdexcept>
 #include <vector>
-
-#include <jpeglib.h>
 
 namespace hearthbook::test {
 namespace fs = std::filesystem;
@@ -132,31 +127,7 @@ std::int64_t AlbumFolder::addPerson(const std::string& name, std::int64_t relati
 }
 
 void writeJpeg(const fs::path& file, int width, int height, unsigned colour) {
-  fs::create_directories(file.parent_path());
-  std::FILE* stream = std::fopen(file.c_str(), "wb");
-  if (!stream)
-    throw std::runtime_error("cannot write " + file.string());
-  jpeg_compress_struct jpeg{};
-  jpeg_error_mgr errors{};
-  jpeg.err = jpeg_std_error(&errors);
-  jpeg_create_compress(&jpeg);
-  jpeg_stdio_dest(&jpeg, stream);
-  jpeg.image_width = static_cast<JDIMENSION>(width);
-  jpeg.image_height = static_cast<JDIMENSION>(height);
-  jpeg.input_components = 3;
-  jpeg.in_color_space = JCS_RGB;
-  jpeg_set_defaults(&jpeg);
-  jpeg_start_compress(&jpeg, TRUE);
-  std::vector<JSAMPLE> row;
-  for (int x = 0; x < width; ++x)
-    row.insert(row.end(), {static_cast<JSAMPLE>(colour >> 16U), static_cast<JSAMPLE>(colour >> 8U),
-                           static_cast<JSAMPLE>(colour)});
-  JSAMPROW line = row.data();
-  while (jpeg.next_scanline < jpeg.image_height)
-    jpeg_write_scanlines(&jpeg, &line, 1);
-  jpeg_finish_compress(&jpeg);
-  jpeg_destroy_compress(&jpeg);
-  std::fclose(stream);
+  writeBytes(file, jpegOf(plain({width, height}, 0xff000000U | colour)));
 }
 
 } // namespace hearthbook::test
