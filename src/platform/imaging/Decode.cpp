@@ -13,12 +13,12 @@ PixelSize fullSizeOf(const PictureFile::Head& head) {
 
 /// Reads at least `atLeast` (upright) and puts it upright; resamples to it where `exactly`.
 Decoded decodeOpened(PictureFile& file, PixelSize atLeast, bool exactly) {
-  const auto head = file.head();
-  const PixelSize stored = uprightSize(atLeast, head.orientation); // its own inverse
+  const int orientation = file.head().orientation;
+  const PixelSize stored = uprightSize(atLeast, orientation); // its own inverse
   auto pixels = file.read(stored);
   if (exactly)
     pixels.picture = resample(pixels.picture, stored);
-  return {uprighted(pixels.picture, head.orientation), pixels.cut, fullSizeOf(head)};
+  return {uprighted(pixels.picture, orientation), pixels.cut, fullSizeOf(file.head())};
 }
 
 } // namespace

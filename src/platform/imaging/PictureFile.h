@@ -27,7 +27,7 @@ public:
   };
 
   virtual ~PictureFile() = default;
-  [[nodiscard]] virtual Head head() const = 0;
+  [[nodiscard]] virtual Head head() const = 0; ///< corrected by read() where it was wrong
   /// The pixels, once: at the full size, or at a smaller one that is no smaller than `atLeast`
   /// where the format gives that sooner. Throws RunTimeError.
   virtual Pixels read(PixelSize atLeast) = 0;

@@ -86,6 +86,9 @@ std::optional<RasterHead> readPcxHead(Head head) {
   result.bitsPerPixel = static_cast<int>(bytes.u8(3));
   result.planes = static_cast<int>(bytes.u8(65));
   result.bytesPerLine = static_cast<int>(bytes.u16(66));
+  constexpr std::uint32_t mostAllowed = 32767; // SDL takes these numbers for signed ones
+  if (std::max({bytes.u16(8), bytes.u16(10), bytes.u16(66)}) > mostAllowed)
+    return {};
   const int bytesNeeded = (result.size.width * result.bitsPerPixel + 7) / 8;
   if (result.size.width < 1 || result.size.height < 1 || result.bytesPerLine < bytesNeeded)
     return {};

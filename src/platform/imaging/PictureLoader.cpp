@@ -12,24 +12,6 @@ namespace hearthbook {
 
 namespace {
 
-/// Somebody who asked, for as long as his ticket lives. Tickets end on the album's thread, the
-/// one on which callbacks run, so that a living ticket stays alive through its callback.
-struct Waiter {
-  std::weak_ptr<void> alive;
-  PictureLoader::Callback callback;
-};
-
-void tell(const std::vector<Waiter>& waiters, const PictureLoader::Loaded& loaded) {
-  for (const Waiter& waiter : waiters)
-    if (const auto alive = waiter.alive.lock())
-      waiter.callback(loaded);
-}
-
-bool anyoneWaits(const std::vector<Waiter>& waiters) {
-  return std::any_of(waiters.begin(), waiters.end(),
-                     [](const Waiter& waiter) { return !waiter.alive.expired(); });
-}
-
 PictureLoader::Loaded decodeWish(const PictureWish& wish) {
   try {
     return {decodePictureAt(wish.file, wish.size), {}};
@@ -42,7 +24,16 @@ PictureLoader::Loaded decodeWish(const PictureWish& wish) {
 
 /// Shared with the work on the pool, which may outlive the loader.
 struct PictureLoader::Impl : std::enable_shared_from_this<PictureLoader::Impl> {
+  /// Somebody who asked, for as long as his ticket lives. Tickets end on the album's thread, the
+  /// one on which callbacks run, so that a living ticket stays alive through its callback.
+  struct Waiter {
+    std::weak_ptr<void> alive;
+    Callback callback;
+  };
   using Job = std::vector<Waiter>; ///< empty where the picture is only wished
+
+  static void tell(const Job& waiters, const Loaded& loaded);
+  static bool anyoneWaits(const Job& waiters);
 
   Impl(WorkPool& workPool, Deliver deliverTo, std::size_t cacheBytes)
       : pool(workPool), deliver(std::move(deliverTo)), cache(cacheBytes) {}
@@ -56,7 +47,7 @@ struct PictureLoader::Impl : std::enable_shared_from_this<PictureLoader::Impl> {
   std::optional<PictureWish> nextWish();
   void decodeJob(const PictureWish& wish);
   void finish(const PictureWish& wish, const std::optional<FileStamp>& stamp, Loaded loaded);
-  void handOver(std::vector<Waiter> waiters, Loaded loaded);
+  void handOver(Job waiters, Loaded loaded);
 
   WorkPool& pool;
   const Deliver deliver;
@@ -70,6 +61,17 @@ struct PictureLoader::Impl : std::enable_shared_from_this<PictureLoader::Impl> {
   int deliveries = 0; ///< calls of `deliver` under way
   bool closed = false;
 };
+
+void PictureLoader::Impl::tell(const Job& waiters, const Loaded& loaded) {
+  for (const Waiter& waiter : waiters)
+    if (const auto alive = waiter.alive.lock())
+      waiter.callback(loaded);
+}
+
+bool PictureLoader::Impl::anyoneWaits(const Job& waiters) {
+  return std::any_of(waiters.begin(), waiters.end(),
+                     [](const Waiter& waiter) { return !waiter.alive.expired(); });
+}
 
 /// Callbacks are let go on this thread, which is the album's.
 void PictureLoader::Impl::close() {
@@ -112,7 +114,7 @@ void PictureLoader::Impl::wishFor(std::deque<PictureWish> newWishes) {
 }
 
 void PictureLoader::Impl::loadNow(const PictureWish& wish) {
-  std::vector<Waiter> tooLate;
+  Job tooLate;
   {
     const std::lock_guard lock(mutex);
     const auto job = jobs.find(wish);
@@ -166,7 +168,7 @@ void PictureLoader::Impl::decodeJob(const PictureWish& wish) {
 void PictureLoader::Impl::finish(const PictureWish& wish, const std::optional<FileStamp>& stamp,
                                  Loaded loaded) {
   const bool unchanged = stamp && stampOf(wish.file) == stamp;
-  std::vector<Waiter> waiters;
+  Job waiters;
   {
     const std::lock_guard lock(mutex);
     if (loaded.error.empty() && unchanged)
@@ -180,7 +182,7 @@ void PictureLoader::Impl::finish(const PictureWish& wish, const std::optional<Fi
     handOver(std::move(waiters), std::move(loaded));
 }
 
-void PictureLoader::Impl::handOver(std::vector<Waiter> waiters, Loaded loaded) {
+void PictureLoader::Impl::handOver(Job waiters, Loaded loaded) {
   {
     const std::lock_guard lock(mutex);
     if (closed)

@@ -140,6 +140,7 @@ PictureFile::Pixels QtFile::read(PixelSize) {
   const bool whole = reader_.read(&image);
   if (image.isNull() || (!whole && isAllLike(image, unreadRow)))
     cannotReadPicture(file_.path(), "the picture in it is damaged");
+  head_.size = {image.width(), image.height()}; // an icon's head and its picture may differ
   return {toPicture(std::move(image)), !whole || isShort()};
 }
 
