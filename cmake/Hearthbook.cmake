@@ -14,6 +14,10 @@ option(HEARTHBOOK_WERROR "Treat warnings as errors" OFF)
 option(HEARTHBOOK_SANITIZE "Build with the address and undefined behaviour sanitizers" OFF)
 
 add_compile_options(-Wall -Wextra -Wpedantic)
+if(CMAKE_UNITY_BUILD)
+  # Warns of anonymous namespaces in headers; in a unity build every source file is one.
+  add_compile_options(-Wno-subobject-linkage)
+endif()
 if(HEARTHBOOK_WERROR)
   add_compile_options(-Werror)
 endif()
