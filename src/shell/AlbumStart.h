@@ -1,0 +1,30 @@
+#pragma once
+
+#include "Album.h"
+
+#include <functional>
+
+namespace hearthbook {
+
+/// How opening the album ended, where it did not fail.
+enum class AlbumStart {
+  Opened,       ///< both databases and all record sets stand open
+  WithoutAlbum, ///< the database is missing and the user did not want the backup
+};
+
+/// Opens all that the program stands on: makes the backup folder, opens AlbumDB and checks it,
+/// opens the help connection and the six record sets. A missing database is first made from
+/// the backup, if `wantsBackup` says so; it is not asked otherwise.
+///
+/// Throws RunTimeError, naming the file and the cause. Nothing in Backup is ever changed here.
+AlbumStart startAlbum(Album& album, const std::function<bool()>& wantsBackup);
+
+/// Removes what files cut short by a kill have left in the album's folders.
+void tidyAlbumFolders(const ApplicationFolder& folder);
+
+/// The two databases, by the names that the program's texts use.
+inline constexpr const char* albumFile = "\\Data\\Photo_Album.mdb";
+inline constexpr const char* backupFile = "\\Backup\\Photo_Album.mdb";
+inline constexpr const char* helpFile = "\\Data\\Help.mdb";
+
+} // namespace hearthbook
