@@ -1,1 +1,38 @@
-int main() { return 0; }
+#include "FormWindow.h"
+#include "Guard.h"
+#include "Look.h"
+#include "Program.h"
+#include "Text.h"
+
+#include <QDesktopServices>
+#include <QStandardPaths>
+#include <QUrl>
+
+namespace {
+
+bool openInDesktop(const std::filesystem::path& document) {
+  return QDesktopServices::openUrl(QUrl::fromLocalFile(hearthbook::toQString(document)));
+}
+
+std::filesystem::path userFolder() {
+  const QString data = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
+  return hearthbook::toPath(data) / "Hearthbook";
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+  hearthbook::GuardedApplication application(argc, argv);
+  QCoreApplication::setApplicationName(QStringLiteral("Hearthbook"));
+  QCoreApplication::setApplicationVersion(QStringLiteral(HEARTHBOOK_VERSION));
+  hearthbook::applyLook(application);
+  hearthbook::announceFormWindows();
+
+  const auto folder = hearthbook::findApplicationFolder(
+      hearthbook::toPath(QCoreApplication::applicationFilePath()), userFolder());
+  if (!folder)
+    return 1;
+  hearthbook::ShellServices services;
+  services.openDocument = openInDesktop;
+  return hearthbook::runHearthbook(*folder, services);
+}

@@ -1,0 +1,119 @@
+#include "FormWindow.h"
+
+#include "Look.h"
+
+#include <QAccessibleWidget>
+#include <QAction>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QToolButton>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+namespace hearthbook {
+
+namespace {
+
+constexpr int border = 2;
+
+QAccessibleInterface* formWindowInterface(const QString& className, QObject* object) {
+  if (className != QStringLiteral("hearthbook::FormWindow"))
+    return nullptr;
+  return new QAccessibleWidget(static_cast<QWidget*>(object), QAccessible::Window);
+}
+
+} // namespace
+
+FormWindow::FormWindow(Form& form, QWidget* parent)
+    : QWidget(parent, Qt::SubWindow), form_(form), caption_(new QLabel) {
+  setAutoFillBackground(true);
+  auto* column = new QVBoxLayout(this);
+  column->setContentsMargins(0, 0, 0, 0);
+  column->setSpacing(0);
+  column->addWidget(makeTitleBar());
+  form_.setParent(this);
+  form_.setWindowFlags(Qt::Widget);
+  column->addWidget(&form_, 1);
+  const auto showCaption = [this](const QString& caption) {
+    caption_->setText(caption);
+    setWindowTitle(caption);
+    setAccessibleName(caption); // a widget inside a window is not named by its title
+  };
+  showCaption(form_.caption());
+  connect(&form_, &QWidget::windowTitleChanged, this, showCaption);
+
+  auto* close = new QAction(this);
+  close->setShortcuts({QKeySequence(Qt::CTRL | Qt::Key_W), QKeySequence(Qt::CTRL | Qt::Key_F4)});
+  close->setShortcutContext(Qt::WidgetWithChildrenShortcut);
+  connect(close, &QAction::triggered, &form_, &QWidget::close);
+  addAction(close);
+}
+
+QWidget* FormWindow::makeTitleBar() {
+  auto* bar = new QWidget;
+  bar->setAutoFillBackground(true);
+  QPalette palette = bar->palette();
+  palette.setColor(QPalette::Window, look::darkRed);
+  palette.setColor(QPalette::WindowText, look::onDark);
+  palette.setColor(QPalette::ButtonText, look::onDark);
+  bar->setPalette(palette);
+
+  QFont font = caption_->font();
+  font.setBold(true);
+  caption_->setFont(font);
+  caption_->setTextFormat(Qt::PlainText);
+  caption_->setMinimumWidth(1);
+
+  auto* close = new QToolButton;
+  close->setText(QStringLiteral("\u2715"));
+  close->setAccessibleName(QStringLiteral("Close"));
+  close->setToolTip(QStringLiteral("Close (Ctrl+W)"));
+  close->setAutoRaise(true);
+  close->setFocusPolicy(Qt::NoFocus);
+  close->setStyleSheet(
+      QStringLiteral("QToolButton { color: %1; border: none; padding: 2px 8px; }"
+                     "QToolButton:hover { background: %2; color: %3; }")
+          .arg(look::onDark.name(), look::panelYellow.name(), look::darkRed.name()));
+  connect(close, &QToolButton::clicked, &form_, &QWidget::close); // a command by itself
+
+  auto* row = new QHBoxLayout(bar);
+  row->setContentsMargins(8, border, 0, border);
+  row->addWidget(caption_, 1);
+  row->addWidget(close);
+  return bar;
+}
+
+QSize FormWindow::designSize() const {
+  const QSize hint = form_.sizeHint();
+  if (hint.isValid() && !hint.isEmpty())
+    return hint;
+  return {static_cast<int>(workFormSize.width) / twipsPerPixel,
+          static_cast<int>(workFormSize.height) / twipsPerPixel};
+}
+
+void FormWindow::fit(QSize area) {
+  const int title = layout()->itemAt(0)->sizeHint().height();
+  const QSize design = designSize();
+  const QSize room(area.width(), std::max(1, area.height() - title));
+  const QSize content = design.scaled(room, Qt::KeepAspectRatio);
+  setGeometry(0, 0, content.width(), content.height() + title);
+}
+
+void FormWindow::focusForm() {
+  if (QWidget* last = form_.focusWidget()) {
+    last->setFocus(Qt::ActiveWindowFocusReason);
+    return;
+  }
+  setFocus(Qt::ActiveWindowFocusReason);
+  focusNextChild();
+}
+
+void FormWindow::release() {
+  form_.hide();
+  form_.setParent(nullptr);
+}
+
+void announceFormWindows() { QAccessible::installFactory(formWindowInterface); }
+
+} // namespace hearthbook

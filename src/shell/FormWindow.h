@@ -1,0 +1,35 @@
+#pragma once
+
+#include "Form.h"
+
+class QLabel;
+
+namespace hearthbook {
+
+/// A work form as it stands in the frame: a title bar with the form's caption and a close
+/// button, and the form below it. Tab stays inside.
+class FormWindow : public QWidget {
+  Q_OBJECT
+public:
+  FormWindow(Form& form, QWidget* parent);
+
+  [[nodiscard]] Form& form() const { return form_; }
+  /// Left 0, top 0, at the largest uniform scale of the form that the area holds.
+  void fit(QSize area);
+  /// Puts the focus where it last was in the form, or on its first field.
+  void focusForm();
+  /// Lets go of the form, which stays alive without a parent.
+  void release();
+
+private:
+  QWidget* makeTitleBar();
+  [[nodiscard]] QSize designSize() const;
+
+  Form& form_;
+  QLabel* caption_;
+};
+
+/// Makes a FormWindow read as a window of its own, named by its caption, to screen readers.
+void announceFormWindows();
+
+} // namespace hearthbook

@@ -1,0 +1,69 @@
+#include "FrameCommands.h"
+
+#include "BuildAlbum.h"
+#include "DBeditor.h"
+#include "Forms.h"
+#include "MsgBox.h"
+#include "Progress.h"
+#include "Text.h"
+#include "WorkForms.h"
+#include "frmAbout.h"
+
+#include <QMainWindow>
+
+namespace hearthbook {
+
+FrameCommands::FrameCommands(Album& album, ShellServices services, QMainWindow& frame)
+    : QObject(&frame), album_(album), services_(std::move(services)), frame_(frame) {}
+
+void FrameCommands::quit() { frame_.close(); }
+
+void FrameCommands::buildFromMenu() {
+  if (!closeWorkForms())
+    return;
+  buildFromFirstUndatedPhoto(album_);
+  auto& editor = Forms::get<DBeditor>();
+  editor.setCaption(toQString(menuBuildCaption));
+  editor.Show();
+}
+
+void FrameCommands::buildFromStart() {
+  buildFromFirstPhoto(album_);
+  auto& editor = Forms::get<DBeditor>();
+  editor.setCaption(toQString(startBuildCaption));
+  editor.Show();
+}
+
+void FrameCommands::viewAlbum(int albumId, const QString& name) {
+  if (!closeWorkForms())
+    return;
+  album_.vars.chosenAlbum = {albumId, toUtf8(name)};
+  auto& progress = Forms::get<Progress>();
+  progress.setCaption(toQString("Processing Album, Please Wait"));
+  progress.Show();
+  const auto opened =
+      openAlbum(album_, albumId, toUtf8(name), [&](int value) { progress.setValue(value); });
+  progress.Unload();
+  if (!opened)
+    MsgBox(toQString("There are no photos in this album\nPlease select another one."),
+           toQString("View Album"));
+  else if (services_.albumView)
+    services_.albumView->show(*opened);
+}
+
+void FrameCommands::gettingStarted() {
+  const auto guide = guideFile(album_.folder);
+  if (!fileExists(guide))
+    MsgBox(toQString("The guide could not be found:\n" + guide.string()), {}, MsgIcon::Exclamation);
+  else if (!services_.openDocument || !services_.openDocument(guide))
+    MsgBox(toQString("The desktop has no program to show the guide:\n" + guide.string()), {},
+           MsgIcon::Exclamation);
+}
+
+void FrameCommands::about() { Forms::get<frmAbout>().ShowModal(); }
+
+std::filesystem::path guideFile(const ApplicationFolder& folder) {
+  return folder.path("\\help\\help.hlp").replace_filename("index.html");
+}
+
+} // namespace hearthbook

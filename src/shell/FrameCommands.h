@@ -1,0 +1,54 @@
+#pragma once
+
+#include "Album.h"
+#include "OpenAlbum.h"
+
+#include <QObject>
+
+#include <filesystem>
+#include <functional>
+
+class QMainWindow;
+
+namespace hearthbook {
+
+/// The album pages, as the frame opens them.
+class AlbumView {
+public:
+  virtual ~AlbumView() = default;
+  virtual void show(const OpenedAlbum& album) = 0; ///< rsViewer stands on its photos
+};
+
+/// What the shell is given from outside. An empty member means that the program does not have
+/// it: the commands that need it are there and disabled.
+struct ShellServices {
+  std::function<bool(const std::filesystem::path&)> openDocument; ///< in the desktop's viewer
+  AlbumView* albumView = nullptr;
+};
+
+/// The commands of the menu and of the start screen.
+class FrameCommands : public QObject {
+  Q_OBJECT
+public:
+  FrameCommands(Album& album, ShellServices services, QMainWindow& frame);
+
+  [[nodiscard]] bool canViewAlbums() const { return services_.albumView != nullptr; }
+
+  void quit();
+  void buildFromMenu();  ///< on the first photo without a year
+  void buildFromStart(); ///< on the first photo
+  void viewAlbum(int albumId, const QString& name);
+  void gettingStarted();
+  void about();
+
+private:
+  Album& album_;
+  ShellServices services_;
+  QMainWindow& frame_;
+};
+
+/// The guide of Getting Started. The desktop reads pages, so that of "\help\help.hlp" stands
+/// for the whole guide.
+std::filesystem::path guideFile(const ApplicationFolder& folder);
+
+} // namespace hearthbook

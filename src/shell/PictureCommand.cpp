@@ -1,0 +1,98 @@
+#include "PictureCommand.h"
+
+#include "Look.h"
+
+#include <QEvent>
+#include <QKeyEvent>
+#include <QPainter>
+
+namespace hearthbook {
+
+namespace {
+
+constexpr double captionShare = 0.2; // of the height, below the picture
+constexpr double restingOpacity = 0.45;
+
+} // namespace
+
+PictureCommand::PictureCommand(QWidget* parent) : QAbstractButton(parent) {
+  setFocusPolicy(Qt::StrongFocus);
+  setCursor(Qt::PointingHandCursor);
+}
+
+void PictureCommand::setPictures(const QString& file, const QString& hoverFile) {
+  picture_ = QPixmap(file);
+  hoverFile_ = hoverFile;
+  hoverPicture_ = {};
+  update();
+}
+
+bool PictureCommand::isPointedAt() const { return isEnabled() && (underMouse() || hasFocus()); }
+
+// Most starts never show most of these.
+void PictureCommand::loadHoverPicture() {
+  if (hoverPicture_.isNull() && !hoverFile_.isEmpty())
+    hoverPicture_ = QPixmap(hoverFile_);
+}
+
+bool PictureCommand::event(QEvent* event) {
+  const bool handled = QAbstractButton::event(event);
+  switch (event->type()) {
+  case QEvent::Enter:
+  case QEvent::Leave:
+  case QEvent::FocusIn:
+  case QEvent::FocusOut:
+    if (isPointedAt())
+      loadHoverPicture();
+    Q_EMIT pointedAt(isPointedAt());
+    update();
+    break;
+  default:
+    break;
+  }
+  return handled;
+}
+
+// The space bar alone presses a button; here Return is expected to open things.
+void PictureCommand::keyPressEvent(QKeyEvent* event) {
+  if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
+    click();
+  else
+    QAbstractButton::keyPressEvent(event);
+}
+
+QRectF PictureCommand::pictureRect() const {
+  const double side = qMin<double>(width(), height() * (1 - captionShare));
+  return {(width() - side) / 2, 0, side, side};
+}
+
+QRectF PictureCommand::captionRect() const {
+  const double caption = height() * captionShare;
+  return {0, height() - caption, static_cast<double>(width()), caption};
+}
+
+void PictureCommand::paintEvent(QPaintEvent* /*event*/) {
+  QPainter painter(this);
+  painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
+  if (!isEnabled())
+    painter.setOpacity(restingOpacity);
+  const QPixmap& shown = isPointedAt() && !hoverPicture_.isNull() ? hoverPicture_ : picture_;
+  if (!shown.isNull())
+    painter.drawPixmap(pictureRect(), shown, shown.rect());
+  drawCaption(painter);
+}
+
+void PictureCommand::drawCaption(QPainter& painter) const {
+  const QRectF plate = captionRect().adjusted(2, 2, -2, -2);
+  painter.setPen(hasFocus() ? QPen(look::darkRed, 2) : QPen(Qt::NoPen));
+  painter.setBrush(isPointedAt() ? look::panelYellow : look::paper);
+  painter.drawRoundedRect(plate, plate.height() / 2, plate.height() / 2);
+  QFont caption = font();
+  caption.setPixelSize(qMax(7, static_cast<int>(plate.height() * 0.52)));
+  caption.setBold(true);
+  painter.setFont(caption);
+  painter.setPen(look::ink);
+  painter.drawText(plate, Qt::AlignCenter, text());
+}
+
+} // namespace hearthbook

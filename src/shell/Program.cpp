@@ -1,0 +1,95 @@
+#include "Program.h"
+
+#include "AlbumStart.h"
+#include "EndSignals.h"
+#include "Forms.h"
+#include "MDIForm1.h"
+#include "MsgBox.h"
+#include "SingleInstance.h"
+#include "Text.h"
+#include "Wiring.h"
+
+#include <QApplication>
+#include <QTimer>
+
+namespace hearthbook {
+
+namespace {
+
+void tellStartFailure(const std::string& what) {
+  MsgBox(toQString("Hearthbook cannot start.\n\n" + what), {}, MsgIcon::Critical);
+}
+
+/// True where this start is to go on.
+bool claimAlbum(SingleInstance& instance, MDIForm1& frame, const ApplicationFolder& folder) {
+  const auto claim = instance.claim();
+  if (claim == SingleInstance::Claim::First)
+    return true;
+  // So that no one takes this window for the one that comes forward.
+  frame.setWindowTitle(toQString("Hearthbook2"));
+  if (claim == SingleInstance::Claim::Silent)
+    tellStartFailure("It is running already on the album in " + folder.root().string() +
+                     ", but does not answer. Wait a moment, or end it and start again.");
+  if (claim == SingleInstance::Claim::Refused)
+    tellStartFailure("The folder " + folder.root().string() + " cannot be written to.");
+  return false;
+}
+
+bool wantsBackup() {
+  return MsgBox(toQString("Your photo album database could not be found.\n"
+                          "Would you like to restore the backup database?"),
+                toQString("Database not found"), MsgIcon::None,
+                MsgButtons::YesNo) == MsgAnswer::Yes;
+}
+
+/// True where the album stands open. Otherwise the user has been told.
+bool openAlbumOrTell(Album& album) {
+  try {
+    if (startAlbum(album, wantsBackup) == AlbumStart::Opened)
+      return true;
+    MsgBox(toQString("Hearthbook Could Not Continue!"), toQString("Database Not Found"),
+           MsgIcon::Critical);
+  } catch (const std::exception& failure) {
+    tellStartFailure(std::string(failure.what()) +
+                     "\n\nNothing was changed. The copy of your album in " +
+                     album.folder.path("\\Backup").string() + " is as it was.");
+  }
+  return false;
+}
+
+int runFrame(MDIForm1& frame, const ApplicationFolder& folder) {
+  QTimer::singleShot(0, &frame, [&folder] { tidyAlbumFolders(folder); });
+  frame.open();
+  return QApplication::exec();
+}
+
+} // namespace
+
+std::optional<ApplicationFolder> findApplicationFolder(const std::filesystem::path& programFile,
+                                                       const std::filesystem::path& userFolder) {
+  try {
+    return ApplicationFolder::forProgram(programFile, userFolder);
+  } catch (const std::exception& failure) {
+    tellStartFailure(failure.what());
+    return std::nullopt;
+  }
+}
+
+int runHearthbook(const ApplicationFolder& folder, const ShellServices& services) {
+  Album album(folder);
+  MDIForm1 frame(album, services);
+  SingleInstance instance(folder.root());
+  if (!claimAlbum(instance, frame, folder))
+    return 0;
+  instance.setEnding([&frame] { return frame.isClosing(); });
+  QObject::connect(&instance, &SingleInstance::raiseAsked, &frame, &MDIForm1::bringForward);
+  if (!openAlbumOrTell(album))
+    return 1;
+
+  const Wiring wiring(album, frame);
+  const EndSignals endSignals;
+  QObject::connect(&endSignals, &EndSignals::endAsked, &frame, &MDIForm1::closeWhenFree);
+  return runFrame(frame, folder);
+}
+
+} // namespace hearthbook

@@ -1,0 +1,48 @@
+#include "Wiring.h"
+
+#include "Album.h"
+#include "DBeditor.h"
+#include "Forms.h"
+#include "FrameCommands.h"
+#include "MDIForm1.h"
+#include "PickaPic.h"
+#include "Progress.h"
+#include "Startup.h"
+#include "frmAbout.h"
+
+#include <QApplication>
+
+namespace hearthbook {
+
+namespace {
+
+StartupCommands startupCommands(FrameCommands& commands) {
+  StartupCommands start;
+  start.build = [&commands] { commands.buildFromStart(); };
+  start.exit = [&commands] { commands.quit(); };
+  return start;
+}
+
+/// Hands finished pictures over in the window's event loop.
+PictureLoader::Deliver deliverHere() {
+  return [](std::function<void()> work) {
+    QMetaObject::invokeMethod(qApp, std::move(work), Qt::QueuedConnection);
+  };
+}
+
+} // namespace
+
+Wiring::Wiring(Album& album, MDIForm1& frame) : loader_(pool_, deliverHere()) {
+  Forms::provide<Startup>([this, &album, &frame] {
+    return new Startup(album.folder, loader_, startupCommands(frame.commands()));
+  });
+  Forms::provide<DBeditor>(
+      [this, &album, &frame] { return new DBeditor(album, loader_, pool_, frame, help_); });
+  Forms::provide<PickaPic>([this, &album] { return new PickaPic(album, pool_); });
+  Forms::provide<frmAbout>([] { return new frmAbout; });
+  Forms::provide<Progress>([] { return new Progress; });
+}
+
+Wiring::~Wiring() { Forms::reset(); }
+
+} // namespace hearthbook

@@ -1,0 +1,293 @@
+#include "MDIForm1.h"
+
+#include "AlbumStart.h"
+#include "BoxScript.h"
+#include "DBeditor.h"
+#include "FileBytes.h"
+#include "Forms.h"
+#include "FrameMenu.h"
+#include "Progress.h"
+#include "ShellFixture.h"
+#include "Startup.h"
+#include "Text.h"
+#include "Wiring.h"
+#include "frmAbout.h"
+
+#include <gtest/gtest.h>
+
+#include <QLabel>
+#include <QPushButton>
+#include <QTest>
+#include <QTimer>
+
+namespace hearthbook {
+namespace {
+
+/// Notes what it is asked to show.
+class NotedAlbumView : public AlbumView {
+public:
+  void show(const OpenedAlbum& album) override { shown.push_back(album); }
+  std::vector<OpenedAlbum> shown;
+};
+
+class MDIForm1Test : public test::ShellTest {
+protected:
+  void SetUp() override {
+    addSubAlbum(7, "Lake", {"HD00001"});
+    addSubAlbum(3, "Birthday", {});
+  }
+
+  /// The frame as the program opens it.
+  void openFrame() {
+    ASSERT_EQ(startAlbum(album(), [] { return false; }), AlbumStart::Opened);
+    services.openDocument = [this](const std::filesystem::path& document) {
+      documents.push_back(document);
+      return desktopAnswers;
+    };
+    services.albumView = albumView;
+    frame = std::make_unique<MDIForm1>(album(), services);
+    wiring = std::make_unique<Wiring>(album(), *frame);
+    frame->open();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(frame.get()));
+  }
+
+  QAction* item(const char* name) { return frame->menu().item(name); }
+
+  static QStringList openForms() {
+    QStringList names;
+    for (const Form* form : Forms::open())
+      names << form->name();
+    return names;
+  }
+
+  ShellServices services;
+  NotedAlbumView view;
+  AlbumView* albumView = &view;
+  std::vector<std::filesystem::path> documents;
+  bool desktopAnswers = true;
+  std::unique_ptr<MDIForm1> frame;
+  std::unique_ptr<Wiring> wiring;
+  test::BoxScript boxes;
+};
+
+TEST_F(MDIForm1Test, OpensWithTheStartScreenAndItsTitle) {
+  openFrame();
+
+  EXPECT_EQ(frame->windowTitle(), QStringLiteral("Hearthbook"));
+  EXPECT_EQ(openForms(), QStringList{QStringLiteral("Startup")});
+  EXPECT_EQ(frame->activeForm(), &Forms::get<Startup>());
+  EXPECT_TRUE(Forms::get<Startup>().isVisible());
+}
+
+TEST_F(MDIForm1Test, EverySubAlbumHasItsEntry) {
+  openFrame();
+
+  QStringList names;
+  for (const QAction* entry : frame->menu().menu("mnuView").actions())
+    names << entry->text();
+  EXPECT_EQ(names, (QStringList{QStringLiteral("Master Album"), QStringLiteral("Birthday"),
+                                QStringLiteral("Lake")}));
+  EXPECT_EQ(frame->menu().album(7)->text(), QStringLiteral("Lake"));
+}
+
+TEST_F(MDIForm1Test, AnAlbumMadeWhileTheProgramRunsGetsItsEntry) {
+  openFrame();
+  Navigator& navigator = *frame;
+
+  navigator.addAlbumEntry(9, QStringLiteral("Cats"));
+  EXPECT_EQ(frame->menu().album(9)->text(), QStringLiteral("Cats"));
+  navigator.renameAlbumEntry(9, QStringLiteral("Dogs"));
+  EXPECT_EQ(frame->menu().album(9)->text(), QStringLiteral("Dogs"));
+  navigator.removeAlbumEntry(9);
+  EXPECT_FALSE(frame->menu().album(9));
+}
+
+TEST_F(MDIForm1Test, BuildAlbumOpensTheEditorWithItsOddCaption) {
+  openFrame();
+
+  item("mnuBuildAlbum")->trigger();
+
+  EXPECT_EQ(Forms::get<DBeditor>().caption(), QStringLiteral("Builing Master Album"));
+  EXPECT_EQ(frame->activeForm(), &Forms::get<DBeditor>());
+  EXPECT_EQ(album().vars.CallerForm, "DBeditor");
+}
+
+TEST_F(MDIForm1Test, BuildOfTheStartScreenSpellsItRight) {
+  openFrame();
+
+  frame->commands().buildFromStart();
+
+  EXPECT_EQ(Forms::get<DBeditor>().caption(), QStringLiteral("Building Master Album"));
+}
+
+TEST_F(MDIForm1Test, BuildAlbumClosesTheWorkFormsFirst) {
+  openFrame();
+  item("mnuBuildAlbum")->trigger();
+  const QPointer<DBeditor> former(&Forms::get<DBeditor>());
+
+  item("mnuBuildAlbum")->trigger();
+
+  EXPECT_NE(&Forms::get<DBeditor>(), former.data());
+}
+
+TEST_F(MDIForm1Test, AnAlbumIsShownAsOpened) {
+  openFrame();
+
+  frame->menu().album(7)->trigger();
+
+  EXPECT_EQ(view.shown, (std::vector<OpenedAlbum>{{"Viewing Album: Lake", "7", true}}));
+  EXPECT_EQ(album().vars.chosenAlbum.id, 7);
+  EXPECT_EQ(album().vars.chosenAlbum.name, "Lake");
+  EXPECT_FALSE(Forms::loaded<Progress>());
+}
+
+TEST_F(MDIForm1Test, AnEmptyAlbumLeavesTheStartScreenWithEveryWorkFormClosed) {
+  openFrame();
+  item("mnuBuildAlbum")->trigger();
+  boxes.expectMessage(
+      QStringLiteral("There are no photos in this album\nPlease select another one."),
+      QStringLiteral("View Album"));
+
+  frame->menu().album(3)->trigger();
+
+  EXPECT_TRUE(boxes.isDone());
+  EXPECT_TRUE(view.shown.empty());
+  EXPECT_EQ(openForms(), QStringList{QStringLiteral("Startup")});
+  EXPECT_EQ(frame->activeForm(), &Forms::get<Startup>());
+}
+
+TEST_F(MDIForm1Test, WithoutAlbumPagesTheEntriesAreThereAndDisabled) {
+  albumView = nullptr;
+  openFrame();
+
+  EXPECT_FALSE(frame->menu().album(0)->isEnabled());
+  EXPECT_FALSE(frame->menu().album(7)->isEnabled());
+}
+
+TEST_F(MDIForm1Test, GettingStartedOpensTheGuide) {
+  openFrame();
+  const auto guide = folder().root() / "help" / "index.html";
+  test::writeBytes(guide, "<html>");
+
+  item("mnuStart")->trigger();
+
+  EXPECT_EQ(documents, std::vector<std::filesystem::path>{guide});
+}
+
+TEST_F(MDIForm1Test, AMissingGuideIsNamed) {
+  openFrame();
+  const auto guide = folder().root() / "help" / "index.html";
+  std::filesystem::remove(guide);
+  boxes.expectMessage(toQString("The guide could not be found:\n" + guide.string()), {},
+                      MsgIcon::Exclamation);
+
+  item("mnuStart")->trigger();
+
+  EXPECT_TRUE(documents.empty());
+}
+
+TEST_F(MDIForm1Test, ADesktopThatCannotShowTheGuideIsTold) {
+  openFrame();
+  desktopAnswers = false;
+  const auto guide = folder().root() / "help" / "index.html";
+  test::writeBytes(guide, "<html>");
+  boxes.expectMessage(toQString("The desktop has no program to show the guide:\n" + guide.string()),
+                      {}, MsgIcon::Exclamation);
+
+  item("mnuStart")->trigger();
+}
+
+TEST_F(MDIForm1Test, AboutTellsNameAndVersionAndClosesOnOk) {
+  openFrame();
+  QCoreApplication::setApplicationVersion(QStringLiteral("1.2.3"));
+  QStringList texts;
+  QTimer::singleShot(0, frame.get(), [&texts] {
+    auto& about = Forms::get<frmAbout>();
+    texts << about.caption();
+    for (const QLabel* label : about.findChildren<QLabel*>())
+      texts << label->text();
+    about.findChild<QPushButton*>(QStringLiteral("cmdOK"))->click();
+  });
+
+  item("mnuAbout")->trigger();
+
+  EXPECT_TRUE(texts.contains(QStringLiteral("About Hearthbook")));
+  EXPECT_TRUE(texts.contains(QStringLiteral("Hearthbook")));
+  EXPECT_TRUE(texts.contains(QStringLiteral("Version 1.2.3")));
+  EXPECT_FALSE(Forms::loaded<frmAbout>());
+}
+
+TEST_F(MDIForm1Test, QuitMakesTheClosingBackup) {
+  openFrame();
+
+  item("mnuQuit")->trigger();
+
+  EXPECT_FALSE(frame->isVisible());
+  EXPECT_TRUE(fileExists(backup()));
+  EXPECT_TRUE(fileExists(live()));
+}
+
+TEST_F(MDIForm1Test, ClosingTheWindowClosesTheWorkForms) {
+  openFrame();
+  item("mnuBuildAlbum")->trigger();
+
+  EXPECT_TRUE(frame->close());
+
+  EXPECT_EQ(openForms(), QStringList{QStringLiteral("Startup")});
+  EXPECT_TRUE(fileExists(backup()));
+}
+
+/// A form that does not let itself be closed.
+class Stubborn : public Form {
+public:
+  Stubborn() : Form(QStringLiteral("Stubborn"), Kind::Work) {}
+  bool refuses = true;
+
+protected:
+  bool unloading() override { return !refuses; }
+};
+
+TEST_F(MDIForm1Test, AFormThatRefusesKeepsTheProgramOpen) {
+  openFrame();
+  Forms::provide<Stubborn>([] { return new Stubborn; });
+  Forms::get<Stubborn>().Show();
+
+  EXPECT_FALSE(frame->close());
+  EXPECT_TRUE(frame->isVisible());
+  EXPECT_FALSE(fileExists(backup()));
+  EXPECT_TRUE(album().data.AlbumDB.isOpen());
+
+  Forms::get<Stubborn>().refuses = false;
+  EXPECT_TRUE(frame->close());
+  EXPECT_TRUE(fileExists(backup()));
+}
+
+TEST_F(MDIForm1Test, AFrameThatNeverOpenedAnAlbumMakesNoBackup) {
+  MDIForm1 unopened(album(), {});
+
+  EXPECT_TRUE(unopened.close());
+
+  EXPECT_FALSE(fileExists(backup()));
+}
+
+TEST_F(MDIForm1Test, AnEndAskedByTheSystemClosesTheDialogsFirst) {
+  openFrame();
+  QTimer::singleShot(0, frame.get(), [this] { frame->closeWhenFree(); });
+
+  item("mnuAbout")->trigger();
+
+  EXPECT_TRUE(QTest::qWaitFor([this] { return !frame->isVisible(); }));
+  EXPECT_TRUE(fileExists(backup()));
+}
+
+TEST_F(MDIForm1Test, TheEditPopUpComesWhereItIsAsked) {
+  openFrame();
+
+  frame->popUpEdit(QPoint(100, 100));
+
+  EXPECT_TRUE(frame->menu().menu("mnuEdit").isVisible());
+  frame->menu().menu("mnuEdit").close();
+}
+
+} // namespace
+} // namespace hearthbook

@@ -1,0 +1,145 @@
+#include "Program.h"
+
+#include "BoxScript.h"
+#include "FileBytes.h"
+#include "Forms.h"
+#include "ShellFixture.h"
+#include "SingleInstance.h"
+#include "Text.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QTest>
+#include <QTimer>
+
+namespace hearthbook {
+namespace {
+
+class ProgramTest : public test::ShellTest {
+protected:
+  int run() { return runHearthbook(folder(), {}); }
+
+  /// Runs the program; as soon as its frame is there the frame is closed.
+  int runAndClose() {
+    QTimer whenThere;
+    QObject::connect(&whenThere, &QTimer::timeout, &whenThere, [this] {
+      QWidget* frame = Forms::host() ? Forms::host()->window() : nullptr;
+      if (!frame || !frame->isVisible())
+        return;
+      opened = true;
+      frame->close();
+    });
+    whenThere.start(1);
+    return run();
+  }
+
+  void expectRestoreQuestion(MsgAnswer answer) {
+    boxes.expectQuestion(QStringLiteral("Your photo album database could not be found.\n"
+                                        "Would you like to restore the backup database?"),
+                         QStringLiteral("Database not found"), MsgIcon::None, MsgButtons::YesNo,
+                         answer);
+  }
+
+  test::BoxScript boxes;
+  bool opened = false;
+};
+
+TEST_F(ProgramTest, StartsAndEndsWithTheClosingBackup) {
+  EXPECT_EQ(runAndClose(), 0);
+
+  EXPECT_TRUE(opened);
+  EXPECT_TRUE(fileExists(backup()));
+  EXPECT_TRUE(fileExists(live()));
+}
+
+TEST_F(ProgramTest, AnUnchangedAlbumIsRewrittenAllTheSame) {
+  runAndClose();
+  const auto before = std::filesystem::last_write_time(backup());
+  std::filesystem::last_write_time(backup(), before - std::chrono::hours(1));
+
+  runAndClose();
+
+  EXPECT_GT(std::filesystem::last_write_time(backup()), before - std::chrono::hours(1));
+}
+
+TEST_F(ProgramTest, RestoresTheBackupWhereTheDatabaseIsMissing) {
+  makeBackup();
+  std::filesystem::remove(live());
+  expectRestoreQuestion(MsgAnswer::Yes);
+
+  EXPECT_EQ(runAndClose(), 0);
+
+  EXPECT_TRUE(opened);
+  EXPECT_TRUE(fileExists(live()));
+}
+
+TEST_F(ProgramTest, WithTheAnswerNoItEndsAndLeavesTheBackupAlone) {
+  makeBackup();
+  const auto bytes = test::readBytes(backup());
+  std::filesystem::remove(live());
+  expectRestoreQuestion(MsgAnswer::No);
+  boxes.expectMessage(QStringLiteral("Hearthbook Could Not Continue!"),
+                      QStringLiteral("Database Not Found"), MsgIcon::Critical);
+
+  EXPECT_EQ(run(), 1);
+
+  EXPECT_EQ(test::readBytes(backup()), bytes);
+  EXPECT_FALSE(fileExists(live()));
+}
+
+TEST_F(ProgramTest, AFailedRestoreEndsTheStart) {
+  std::filesystem::remove(live());
+  expectRestoreQuestion(MsgAnswer::Yes);
+  boxes.expectFailure(toQString(backup().string()));
+
+  EXPECT_EQ(run(), 1);
+
+  EXPECT_FALSE(fileExists(live()));
+  EXPECT_FALSE(fileExists(backup()));
+}
+
+TEST_F(ProgramTest, ABadDatabaseEndsTheStartAndLeavesTheBackupAlone) {
+  makeBackup();
+  const auto bytes = test::readBytes(backup());
+  test::writeBytes(live(), "this is no database at all");
+  boxes.expectFailure(toQString(live().string()));
+
+  EXPECT_EQ(run(), 1);
+
+  EXPECT_EQ(test::readBytes(backup()), bytes);
+  EXPECT_EQ(test::readBytes(live()), "this is no database at all");
+}
+
+TEST_F(ProgramTest, AMissingHelpDatabaseEndsTheStartAndLeavesTheBackupAlone) {
+  makeBackup();
+  const auto bytes = test::readBytes(backup());
+  const auto help = folder().path("\\Data\\Help.mdb");
+  std::filesystem::remove(help);
+  boxes.expectFailure(toQString(help.string()));
+
+  EXPECT_EQ(run(), 1);
+
+  EXPECT_EQ(test::readBytes(backup()), bytes);
+  EXPECT_FALSE(fileExists(help));
+}
+
+TEST_F(ProgramTest, AnAlbumThatAnotherProgramHoldsInSilenceIsTold) {
+  SingleInstance other(folder().root());
+  ASSERT_EQ(other.claim(), SingleInstance::Claim::First);
+  boxes.expectFailure(QStringLiteral("but does not answer"));
+
+  EXPECT_EQ(run(), 0);
+
+  EXPECT_FALSE(fileExists(backup()));
+}
+
+TEST_F(ProgramTest, AFolderThatCannotBeWrittenToIsTold) {
+  const ApplicationFolder missing(folder().root() / "missing");
+  boxes.expectFailure(QStringLiteral("cannot be written to"));
+
+  EXPECT_EQ(runHearthbook(missing, {}), 0);
+}
+
+} // namespace
+} // namespace hearthbook
