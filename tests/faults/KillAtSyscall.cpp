@@ -5,6 +5,8 @@
 #include <cstdint>
 #include <cstdio>
 #include <exception>
+#include <limits>
+#include <optional>
 #include <set>
 
 #include <fcntl.h>
@@ -43,11 +45,14 @@ bool createsFile(const SyscallInfo& info) {
   return false;
 }
 
-bool standsBeforeAStep(pid_t thread) {
+/// The number of the call that the thread is about to make, if it changes the disk.
+std::optional<std::uint64_t> stepBefore(pid_t thread) {
   SyscallInfo info{};
   const long size = ptrace(PTRACE_GET_SYSCALL_INFO, thread, sizeof info, &info);
-  return size > 0 && info.op == PTRACE_SYSCALL_INFO_ENTRY &&
-         (changingCalls().contains(info.entry.nr) || createsFile(info));
+  if (size <= 0 || info.op != PTRACE_SYSCALL_INFO_ENTRY ||
+      (!changingCalls().contains(info.entry.nr) && !createsFile(info)))
+    return std::nullopt;
+  return info.entry.nr;
 }
 
 [[noreturn]] void runAsChild(const std::function<void()>& work) {
@@ -66,7 +71,9 @@ bool standsBeforeAStep(pid_t thread) {
 /// The parent's side: lets the child run from stop to stop.
 class Watch {
 public:
-  Watch(pid_t child, int step) : child_(child), stepsLeft_(step) {}
+  Watch(pid_t child, std::size_t lastStep) : child_(child), lastStep_(lastStep) {}
+
+  [[nodiscard]] const std::vector<std::uint64_t>& steps() const { return steps_; }
 
   Ending run() {
     if (!begin())
@@ -96,8 +103,7 @@ private:
   void proceed(pid_t thread, int status) {
     const int signal = WSTOPSIG(status);
     if (signal == (SIGTRAP | 0x80)) {
-      if (standsBeforeAStep(thread) && --stepsLeft_ == 0)
-        kill(child_, SIGKILL);
+      takeStep(stepBefore(thread));
       resume(thread, 0);
     } else {
       // A new thread's first stop and the notice of it are not for the thread itself.
@@ -105,26 +111,48 @@ private:
     }
   }
 
+  void takeStep(const std::optional<std::uint64_t>& step) {
+    if (!step)
+      return;
+    steps_.push_back(*step);
+    if (steps_.size() == lastStep_)
+      kill(child_, SIGKILL);
+  }
+
   static void resume(pid_t thread, int signal) { ptrace(PTRACE_SYSCALL, thread, nullptr, signal); }
 
   [[nodiscard]] Ending endingOf(int status) const {
-    if (WIFSIGNALED(status) && WTERMSIG(status) == SIGKILL && stepsLeft_ <= 0)
+    if (WIFSIGNALED(status) && WTERMSIG(status) == SIGKILL && steps_.size() >= lastStep_)
       return Ending::Killed;
     return WIFEXITED(status) && WEXITSTATUS(status) == 0 ? Ending::Finished : Ending::Failed;
   }
 
   pid_t child_;
-  int stepsLeft_;
+  std::size_t lastStep_;
+  std::vector<std::uint64_t> steps_;
 };
 
-} // namespace
-
-Ending killAtStep(int step, const std::function<void()>& work) {
+pid_t startChild(const std::function<void()>& work) {
   std::fflush(nullptr);
   const pid_t child = fork();
   if (child == 0)
     runAsChild(work);
-  return child < 0 ? Ending::Failed : Watch(child, step).run();
+  return child;
+}
+
+} // namespace
+
+Ending killAtStep(int step, const std::function<void()>& work) {
+  const pid_t child = startChild(work);
+  return child < 0 ? Ending::Failed : Watch(child, static_cast<std::size_t>(step)).run();
+}
+
+std::vector<std::uint64_t> stepsOf(const std::function<void()>& work) {
+  const pid_t child = startChild(work);
+  if (child < 0)
+    return {};
+  Watch watch(child, std::numeric_limits<std::size_t>::max());
+  return watch.run() == Ending::Finished ? watch.steps() : std::vector<std::uint64_t>();
 }
 
 bool canWatchChildren() {

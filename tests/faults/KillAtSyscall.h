@@ -1,6 +1,8 @@
 #pragma once
 
+#include <cstdint>
 #include <functional>
+#include <vector>
 
 namespace hearthbook::test {
 
@@ -15,6 +17,9 @@ enum class Ending {
 /// that changes the disk: writing, creating, renaming, removing, flushing, by any of its
 /// threads. The first step is 1. No product code knows of it.
 Ending killAtStep(int step, const std::function<void()>& work);
+
+/// The numbers of all such calls of a child that is let to its end; empty if it fails.
+std::vector<std::uint64_t> stepsOf(const std::function<void()>& work);
 
 /// True if this machine lets a process watch its child.
 bool canWatchChildren();
