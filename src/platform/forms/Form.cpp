@@ -13,6 +13,7 @@
 #include <QPushButton>
 #include <QScopeGuard>
 #include <QScreen>
+#include <QStyle>
 #include <QWindow>
 
 #include <utility>
@@ -25,7 +26,10 @@ namespace {
 void centre(QWidget& window) {
   const QWidget* below = window.parentWidget() ? window.parentWidget()->window() : nullptr;
   const QRect room = window.screen()->availableGeometry();
-  QRect place(QPoint(0, 0), window.size().expandedTo(window.minimumSize()));
+  // The desktop draws a title bar and edges around it later; about as thick as our own.
+  const int titleBar = window.style()->pixelMetric(QStyle::PM_TitleBarHeight);
+  const int edge = window.style()->pixelMetric(QStyle::PM_MdiSubWindowFrameWidth);
+  QRect place(QPoint(0, 0), window.size() + QSize(2 * edge, titleBar + edge));
   place.moveCenter(below && below->isVisible() ? below->frameGeometry().center() : room.center());
   place.moveRight(qMin(place.right(), room.right()));
   place.moveBottom(qMin(place.bottom(), room.bottom()));

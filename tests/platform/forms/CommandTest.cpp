@@ -3,12 +3,15 @@
 #include "NestedLoop.h"
 #include "PlainForms.h"
 
+#include <QApplication>
 #include <QCheckBox>
+#include <QCloseEvent>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTest>
 #include <QTimer>
 #include <QVBoxLayout>
+#include <QWindow>
 
 #include <stdexcept>
 
@@ -149,6 +152,38 @@ TEST_F(CommandTest, WhatIsTypedWhileCommandsAreBlockedIsLost) {
   EXPECT_TRUE(year->text().isEmpty());
   QTest::keyClicks(year, QStringLiteral("88"));
   EXPECT_EQ(year->text(), QStringLiteral("88"));
+}
+
+TEST_F(CommandTest, AShortcutWhileCommandsAreBlockedIsLost) {
+  QAction action;
+  action.setShortcut(QKeySequence(QStringLiteral("Ctrl+M")));
+  int triggered = 0;
+  QObject::connect(&action, &QAction::triggered, &form, [&triggered] { ++triggered; });
+  form.addAction(&action);
+  {
+    const CommandBlock block;
+    QTest::keyClick(form.windowHandle(), Qt::Key_M, Qt::ControlModifier);
+  }
+  EXPECT_EQ(triggered, 0);
+  QTest::keyClick(form.windowHandle(), Qt::Key_M, Qt::ControlModifier);
+  EXPECT_EQ(triggered, 1);
+}
+
+TEST_F(CommandTest, AMnemonicEndsTheEntryThoughTheFocusStays) {
+  QTest::keyClick(form.windowHandle(), Qt::Key_N, Qt::AltModifier);
+  EXPECT_TRUE(QTest::qWaitFor([this] { return commandRuns > 0; })); // it is an animated click
+  EXPECT_TRUE(year->hasFocus());
+  EXPECT_EQ(ruleRuns, 1);
+  EXPECT_EQ(commandRuns, 1);
+}
+
+TEST_F(CommandTest, TheUsersClosingWhileCommandsAreBlockedIsLost) {
+  const CommandBlock block;
+  QCloseEvent byUser;
+  QSpontaneKeyEvent::setSpontaneous(&byUser);
+  QApplication::sendEvent(form.windowHandle(), &byUser);
+  EXPECT_FALSE(byUser.isAccepted());
+  EXPECT_TRUE(form.isVisible());
 }
 
 TEST_F(CommandTest, TheUserMayActAgainInABoxOverABlock) {

@@ -10,6 +10,7 @@
 #include <QMainWindow>
 #include <QPointer>
 #include <QPushButton>
+#include <QScreen>
 #include <QTest>
 #include <QTimer>
 
@@ -279,6 +280,28 @@ TEST_F(FormsTest, WorkFormsAreShownByTheHostAndDialogsStandOverIt) {
   EXPECT_TRUE(ask.isWindow());
   Forms::reset();
   EXPECT_EQ(host.removed, QStringList({QStringLiteral("Page")}));
+}
+
+TEST_F(FormsTest, ADialogStandsOverTheMiddleOfTheFrame) {
+  PlainHost host;
+  host.setGeometry(100, 100, 500, 400);
+  host.show();
+  AskForm& ask = Forms::get<AskForm>();
+  ask.resize(200, 100);
+  ask.Show();
+  const QPoint apart = ask.geometry().center() - host.geometry().center();
+  EXPECT_LE(apart.manhattanLength(), 40) << "but for the title bar";
+}
+
+TEST_F(FormsTest, ADialogOverAFrameAtTheEdgeIsWholeOnTheScreen) {
+  PlainHost host;
+  const QRect room = host.screen()->availableGeometry();
+  host.setGeometry(room.right() - 50, room.bottom() - 50, 300, 300);
+  host.show();
+  AskForm& ask = Forms::get<AskForm>();
+  ask.resize(200, 100);
+  ask.Show();
+  EXPECT_TRUE(room.contains(ask.geometry()));
 }
 
 TEST_F(FormsTest, AFormDestroyedWithItsParentIsForgotten) {
