@@ -5,6 +5,7 @@
 #include "Forms.h"
 #include "Guard.h"
 #include "HelpKeys.h"
+#include "Look.h"
 #include "MsgBox.h"
 #include "NameFilter.h"
 #include "NamesInPhoto.h"
@@ -15,6 +16,7 @@
 #include "Progress.h"
 #include "RecordMoves.h"
 #include "RecordPicture.h"
+#include "SoundIcon.h"
 #include "Stage.h"
 #include "Text.h"
 #include "ui_DBeditor.h"
@@ -81,6 +83,7 @@ void DBeditor::bindFields() {
 
 void DBeditor::load() {
   setFaces();
+  colourLabels();
   binding_.show();
   ComposeRecord();
 }
@@ -101,6 +104,16 @@ void DBeditor::setFaces() {
   setFace(Face::Ylw, media("Btn_Ylw.jpg"), {ui->markName, ui->Command12});
   ui->Shape1->setPixmap(QPixmap(media("MarkerIcon.ico")));
   ui->Shape1->setScaledContents(true);
+  ui->Image2->setIcon(soundIcon());
+}
+
+void DBeditor::colourLabels() {
+  for (QLabel* label : {ui->placeLabel, ui->eventLabel, ui->yearLabel, ui->descriptionLabel,
+                        ui->namesLabel, ui->NumRec}) {
+    QPalette palette = label->palette();
+    palette.setColor(QPalette::WindowText, look::darkRed);
+    label->setPalette(palette);
+  }
 }
 
 void DBeditor::updateEnabled() {

@@ -50,6 +50,7 @@ private:
   void wireControls();
   void bindFields();
   void setFaces();
+  void colourLabels();
   void updateEnabled();
   void clearPhotoLists();
 

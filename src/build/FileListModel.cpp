@@ -3,6 +3,8 @@
 #include "SmallPictures.h"
 #include "Text.h"
 
+#include <QIcon>
+
 #include <utility>
 
 namespace hearthbook {
@@ -31,7 +33,7 @@ QVariant FileListModel::data(const QModelIndex& index, int role) const {
   if (role == Qt::DisplayRole || role == Qt::ToolTipRole)
     return toQString(file.filename());
   if (role == Qt::DecorationRole)
-    return pictures_->of(index.row(), file);
+    return QIcon(pictures_->of(index.row(), file)); // an icon shows that it is chosen
   return {};
 }
 

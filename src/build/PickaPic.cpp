@@ -7,6 +7,7 @@
 #include "Guard.h"
 #include "HelpEntry.h"
 #include "HelpKeys.h"
+#include "Look.h"
 #include "MsgBox.h"
 #include "PictureBox.h"
 #include "Pointer.h"
@@ -50,6 +51,7 @@ PickaPic::PickaPic(Album& album, WorkPool& pool)
       files_(new FileListModel(pool, this)) {
   ui->setupUi(this);
   ui->frmProgress->hide();
+  showOnPaper();
   ui->Preview->installEventFilter(this); // keeps the preview's proportions
   new HelpKeys(this, [this](const QString& key) { showHelp(toUtf8(key)); });
   wireBrowser();
@@ -58,17 +60,37 @@ PickaPic::PickaPic(Album& album, WorkPool& pool)
 
 PickaPic::~PickaPic() = default;
 
+void PickaPic::showOnPaper() {
+  QPalette heading = ui->Label1->palette();
+  heading.setColor(QPalette::WindowText, look::darkRed);
+  ui->Label1->setPalette(heading);
+  QPalette hint = ui->Text1->palette();
+  hint.setColor(QPalette::Base, look::panelYellow);
+  ui->Text1->setPalette(hint);
+}
+
 void PickaPic::wireBrowser() {
   folders_->setFilter(QDir::Dirs | QDir::NoDotAndDotDot);
   folders_->setRootPath(QStringLiteral("/"));
   ui->Dir1->setModel(folders_);
   for (int column = 1; column < folders_->columnCount(); ++column)
     ui->Dir1->hideColumn(column);
+  // The tree is read and sorted beside the window's thread: its rows move until it is. Once
+  // the user has touched it, it stays where he left it.
+  connect(folders_, &QFileSystemModel::directoryLoaded, this, &PickaPic::keepFolderInSight);
+  connect(folders_, &QFileSystemModel::layoutChanged, this, &PickaPic::keepFolderInSight);
+  ui->Dir1->installEventFilter(this);
+  ui->Dir1->viewport()->installEventFilter(this);
 
   constexpr int side = FileListModel::pictureSide;
   ui->File1->setModel(files_);
   ui->File1->setIconSize({side, side});
   ui->File1->setGridSize({side + 24, side + 2 * fontMetrics().height() + 6});
+}
+
+void PickaPic::keepFolderInSight() {
+  if (seeking_)
+    ui->Dir1->scrollTo(ui->Dir1->currentIndex());
 }
 
 void PickaPic::wireControls() {
@@ -142,6 +164,7 @@ void PickaPic::showFolder(const std::filesystem::path& folder) {
   ui->Dir1->expand(index);
   ui->Dir1->scrollTo(index);
   placing_ = false;
+  seeking_ = true;
   openFolder(folder);
 }
 
@@ -283,8 +306,18 @@ void PickaPic::showHelp(const std::string& key) {
 }
 
 bool PickaPic::eventFilter(QObject* watched, QEvent* event) {
-  if (event->type() == QEvent::Resize)
+  switch (event->type()) {
+  case QEvent::Resize:
     placePreview();
+    break;
+  case QEvent::KeyPress:
+  case QEvent::MouseButtonPress:
+  case QEvent::Wheel:
+    seeking_ = false;
+    break;
+  default:
+    break;
+  }
   return Form::eventFilter(watched, event);
 }
 

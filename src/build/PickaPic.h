@@ -46,6 +46,8 @@ protected:
 private:
   void wireControls();
   void wireBrowser();
+  void keepFolderInSight();
+  void showOnPaper();
 
   void showDrives();
   void chooseDrive(int index);
@@ -76,6 +78,7 @@ private:
   std::filesystem::path previewed_; ///< the file whose preview is wanted
   std::string helpKey_;             ///< of the text in the help pane
   bool placing_ = false;            ///< the program, not the user, goes to a folder
+  bool seeking_ = false;            ///< the folder list is to stay where the folder is in sight
   bool reading_ = false;
   bool running_ = false;
 };

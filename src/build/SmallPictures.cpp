@@ -2,6 +2,7 @@
 
 #include "Beside.h"
 #include "Decode.h"
+#include "Look.h"
 #include "PictureImage.h"
 
 #include <QGuiApplication>
@@ -21,15 +22,30 @@ Picture decodeSmall(const std::filesystem::path& file, int side) {
   }
 }
 
+QPixmap clearSquare(int side, double ratio) {
+  QPixmap square(QSize(side, side) * ratio);
+  square.setDevicePixelRatio(ratio);
+  square.fill(Qt::transparent);
+  return square;
+}
+
 QPixmap blankPaper(int side, double ratio) {
-  QPixmap paper(QSize(side, side) * ratio);
-  paper.setDevicePixelRatio(ratio);
-  paper.fill(Qt::transparent);
+  QPixmap paper = clearSquare(side, ratio);
   QPainter painter(&paper);
-  painter.setPen(QColor(214, 204, 186));
-  painter.setBrush(QColor(246, 240, 226));
+  painter.setPen(look::linen.darker(110));
+  painter.setBrush(look::linen);
   painter.drawRect(QRectF(side * 0.05, side * 0.15, side * 0.9, side * 0.7));
   return paper;
+}
+
+/// In a square of its own, so that the names below stand on one line.
+QPixmap centredIn(int side, double ratio, QPixmap picture) {
+  picture.setDevicePixelRatio(ratio);
+  const QSizeF size = picture.deviceIndependentSize();
+  QPixmap square = clearSquare(side, ratio);
+  QPainter(&square).drawPixmap(QPointF((side - size.width()) / 2, (side - size.height()) / 2),
+                               picture);
+  return square;
 }
 
 } // namespace
@@ -66,9 +82,8 @@ void SmallPictures::request(int row, const std::filesystem::path& file) {
 }
 
 void SmallPictures::arrived(int row, QPixmap picture) {
-  picture.setDevicePixelRatio(ratio_);
   asked_.remove(row);
-  kept_.insert(row, new QPixmap(std::move(picture)));
+  kept_.insert(row, new QPixmap(centredIn(side_, ratio_, std::move(picture))));
   Q_EMIT ready(row);
 }
 

@@ -15,6 +15,14 @@ namespace hearthbook {
 
 namespace {
 
+struct BoundControl {
+  QWidget* control;
+  std::string field;
+  std::function<Value()> read;
+  std::function<void(const Value&)> show;
+  bool isChanged = false;
+};
+
 Value textOrNull(const QString& text) { return text.isEmpty() ? Value() : Value(toUtf8(text)); }
 
 /// The form in which the control stands.
@@ -27,14 +35,6 @@ Form* formOf(QWidget* control) {
 } // namespace
 
 struct Binding::Impl : std::enable_shared_from_this<Impl> {
-  struct BoundControl {
-    QWidget* control;
-    std::string field;
-    std::function<Value()> read;
-    std::function<void(const Value&)> show;
-    bool isChanged = false;
-  };
-
   explicit Impl(Recordset& set) : rows(set) {}
 
   Recordset& rows;

@@ -160,7 +160,7 @@ void FacePainter::paintFocus(QPainter& painter, const QRectF& edge, double unit)
                             4 * unit - inset / 2);
   };
   ring(unit, 2 * unit, look::darkRed);
-  ring(2.75 * unit, 1.5 * unit, look::sheet);
+  ring(2.5 * unit, unit, look::sheet);
 }
 
 void FacePainter::paintCaption(QPainter& painter, const QRectF& room) const {

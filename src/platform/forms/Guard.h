@@ -14,8 +14,7 @@ void reportFailure(const std::exception& failure);
 bool guarded(const std::function<void()>& step);
 
 /// The application with the one guard around event delivery: a handler that throws ends in
-/// the error report and the program goes on. It is the last net: commands are caught before
-/// (Command.h), since what passes through the toolkit leaves a little of it undone.
+/// the error report and the program goes on.
 class GuardedApplication : public QApplication {
 public:
   using QApplication::QApplication;

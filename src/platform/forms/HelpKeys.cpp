@@ -1,7 +1,7 @@
 #include "HelpKeys.h"
 
 #include <QAbstractScrollArea>
-#include <QEvent>
+#include <QMouseEvent>
 #include <QVariant>
 #include <QWidget>
 
@@ -14,6 +14,16 @@ QString helpKeyOf(const QObject* watched) {
   // The mouse moves over the viewport of a list; the key stands on the list.
   return own.isValid() || !watched->parent() ? own.toString()
                                              : watched->parent()->property("helpKey").toString();
+}
+
+/// A move that a control inside a frame does not use goes on to the frame, whose help would
+/// take the place of the control's.
+bool isOverPart(QObject* watched, QEvent* event) {
+  const QPoint position = static_cast<QMouseEvent*>(event)->pos();
+  const QWidget* part = static_cast<QWidget*>(watched)->childAt(position);
+  while (part && part != watched && !part->property("helpKey").isValid())
+    part = part->parentWidget();
+  return part && part != watched;
 }
 
 } // namespace
@@ -35,9 +45,12 @@ void HelpKeys::watch(QWidget* control) {
 }
 
 bool HelpKeys::eventFilter(QObject* watched, QEvent* event) {
-  const bool onFocus = watched->property("helpOnFocus").toBool();
-  if (event->type() == (onFocus ? QEvent::FocusIn : QEvent::MouseMove))
+  if (watched->property("helpOnFocus").toBool()) {
+    if (event->type() == QEvent::FocusIn)
+      show_(helpKeyOf(watched));
+  } else if (event->type() == QEvent::MouseMove && !isOverPart(watched, event)) {
     show_(helpKeyOf(watched));
+  }
   return false;
 }
 

@@ -17,6 +17,14 @@ namespace {
 
 constexpr double smallestScale = 0.6; // below it one-line fields are lower than their type
 
+struct Actor {
+  QWidget* widget;
+  TwipsRect rect;
+  double points;
+  double presentPoints; ///< 0 before the first layout
+  QSize iconSize;
+};
+
 QSize iconSizeOf(const QWidget* widget) {
   if (const auto* button = qobject_cast<const QAbstractButton*>(widget))
     return button->iconSize();
@@ -54,14 +62,6 @@ double drawnPoints(const QWidget* widget) {
 } // namespace
 
 struct Stage::Impl {
-  struct Actor {
-    QWidget* widget;
-    TwipsRect rect;
-    double points;
-    double presentPoints; ///< 0 before the first layout
-    QSize iconSize;
-  };
-
   explicit Impl(TwipsSize size) : design(size) {}
 
   TwipsSize design;
@@ -125,7 +125,7 @@ void Stage::place(QWidget* child, TwipsRect rect, double points) {
     child->setParent(this);
     child->setHidden(hidden);
   }
-  std::erase_if(impl_->actors, [child](const Impl::Actor& actor) { return actor.widget == child; });
+  std::erase_if(impl_->actors, [child](const Actor& actor) { return actor.widget == child; });
   impl_->actors.push_back({child, rect, points, 0, iconSizeOf(child)});
   impl_->layOut(impl_->actors.back());
 }
@@ -149,7 +149,7 @@ void Stage::placeAsDrawn(QWidget* drawn) {
 }
 
 void Stage::setRect(const QWidget* child, TwipsRect rect) {
-  Impl::Actor& actor = impl_->of(child);
+  Actor& actor = impl_->of(child);
   actor.rect = rect;
   impl_->layOut(actor);
 }
@@ -190,7 +190,7 @@ QSize Stage::minimumSizeHint() const { return sizeHint() * smallestScale; }
 
 void Stage::resizeEvent(QResizeEvent*) {
   impl_->fit(size());
-  for (Impl::Actor& actor : impl_->actors)
+  for (Actor& actor : impl_->actors)
     impl_->layOut(actor);
   Q_EMIT scaled();
 }
@@ -198,7 +198,7 @@ void Stage::resizeEvent(QResizeEvent*) {
 bool Stage::event(QEvent* event) {
   if (event->type() == QEvent::ChildRemoved) {
     const QObject* gone = static_cast<QChildEvent*>(event)->child();
-    std::erase_if(impl_->actors, [gone](const Impl::Actor& actor) { return actor.widget == gone; });
+    std::erase_if(impl_->actors, [gone](const Actor& actor) { return actor.widget == gone; });
   }
   return QWidget::event(event);
 }
