@@ -152,7 +152,6 @@ TEST(ButtonFace, TheFocusIsSeenOnEveryFace) {
     setFace(face, {}, {&button});
     const QColor plain = ground(grabbed(button));
     form.show();
-    form.activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&form));
     button.setFocus();
     const QImage ringed = grabbed(button);

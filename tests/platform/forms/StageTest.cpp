@@ -220,7 +220,6 @@ TEST_F(StageTest, TheOrderOfTheTabKeyIsThatOfTheDrawing) {
   auto* table = new Stage(workFormSize, &drawn);
   table->placeAsDrawn(&drawn);
   drawn.show();
-  drawn.activateWindow();
   ASSERT_TRUE(QTest::qWaitForWindowActive(&drawn));
   fields[0]->setFocus();
   QTest::keyClick(fields[0], Qt::Key_Tab);

@@ -1,0 +1,205 @@
+#include "EditorFixture.h"
+
+#include <QAccessible>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QGroupBox>
+#include <QLineEdit>
+#include <QListView>
+#include <QPlainTextEdit>
+#include <QProgressBar>
+#include <QSet>
+
+namespace hearthbook {
+
+namespace {
+
+struct Control {
+  const char* name;
+  const char* kind;
+  const char* caption = "";
+  const char* helpItem = "";
+};
+
+// Every control of the two forms with the kind that it is, the caption that it
+// bears at first and the item by which its help is found.
+const Control editorControls[] = {
+    {"Year", "QLineEdit", "", "Year"},
+    {"Description", "QPlainTextEdit", "", "Description"},
+    {"PlacesDrp", "hearthbook::DataCombo", "", "Place"},
+    {"EventsDrp", "hearthbook::DataCombo", "", "Event"},
+    {"DataList1", "hearthbook::DataList", "", "Names"},
+    {"List2", "QListWidget", "", "Names In Photo"},
+    {"Combo1", "QComboBox", "", "Family Members"},
+    {"Image1", "hearthbook::PictureBox"},
+    {"Shape1", "QLabel"},
+    {"NumRec", "QLabel", "1 of 1", "Navigation Buttons"},
+    {"Label5", "QLabel", "Add Audio"},
+    {"Image2", "QToolButton"},
+    {"Command6", "QPushButton", "|<<", "Navigation Buttons"},
+    {"PrevPhoto", "QPushButton", "<<", "Navigation Buttons"},
+    {"NextPhoto", "QPushButton", ">>", "Navigation Buttons"},
+    {"Command8", "QPushButton", ">>|", "Navigation Buttons"},
+    {"Command7", "QPushButton", "Go To", "Go To"},
+    {"FindPhoto", "QPushButton", "Find Photo", "Find Photo"},
+    {"Command18", "QPushButton", "Find Next Empty", "Find Next Empty"},
+    {"Command1", "QPushButton", "Add From File", "Add From File"},
+    {"Command13", "QPushButton", "Add From Scanner", "Add From Scanner"},
+    {"Command14", "QPushButton", "Edit Image", "Edit Image"},
+    {"Command15", "QPushButton", "Add To Sub-Album", "Add To Sub-Album"},
+    {"Command5", "QPushButton", "Delete", "Delete"},
+    {"Command4", "QPushButton", "Done", "Done"},
+    {"Command9", "QPushButton", "Add", "Add Place"},
+    {"Command17", "QPushButton", "Delete", "Delete Place"},
+    {"Command10", "QPushButton", "Add", "Add Event"},
+    {"Command16", "QPushButton", "Delete", "Delete Event"},
+    {"Command19", "QPushButton", "Add", "Add/Update Names"},
+    {"Command11", "QPushButton", "Update", "Add/Update Names"},
+    {"Command2", "QPushButton", ">>"},
+    {"Command3", "QPushButton", "<<"},
+    {"Command12", "QPushButton", "Find Year", "Find Year"},
+    {"markName", "QCheckBox", "Mark Names", "Mark Names"},
+    {"placeLabel", "QLabel", " Place:"},
+    {"eventLabel", "QLabel", " Event:"},
+    {"namesLabel", "QLabel", "Names In Photo:"},
+    {"yearLabel", "QLabel", " Year:"},
+    {"descriptionLabel", "QLabel", " Description:"},
+};
+
+const Control pickerControls[] = {
+    {"Label1", "QLabel",
+     "Pick the Picture you want to add to your Album: (Supported Files- Jpg, "
+     "Bmp, Tif, Png, Tga, "
+     "Ico, Pcx)"},
+    {"Drive1", "QComboBox", "", "Drive"},
+    {"Dir1", "QTreeView", "", "Directory List"},
+    {"File1", "QListView", "", "File List"},
+    {"Preview", "QFrame"},
+    {"ImgX1", "hearthbook::PictureBox"},
+    {"transferMethod", "QGroupBox", "Transfer Method", "Transfer Method"},
+    {"Option1", "QRadioButton", "Copy Files", "Copy Files"},
+    {"Option2", "QRadioButton", "Move Files", "Move Files"},
+    {"chkSize", "QCheckBox", "Reduce size for images over 300k"},
+    {"OK", "QPushButton", "Insert Single", "Add Files"},
+    {"Cancel", "QPushButton", "Cancel"},
+    {"frmProgress", "QGroupBox", "Adding New Photos, Please Wait"},
+    {"ProgressBar1", "QProgressBar"},
+    {"Help", "QGroupBox", "Help"},
+    {"Text1", "QPlainTextEdit"},
+};
+
+std::string captionOf(const QWidget& control) {
+  if (const auto* label = qobject_cast<const QLabel*>(&control))
+    return toUtf8(label->text());
+  if (const auto* button = qobject_cast<const QAbstractButton*>(&control))
+    return toUtf8(button->text());
+  if (const auto* group = qobject_cast<const QGroupBox*>(&control))
+    return toUtf8(group->title());
+  return {};
+}
+
+template <std::size_t count>
+void expectControls(const QWidget& form, const char* screen, const Control (&controls)[count]) {
+  for (const Control& wanted : controls) {
+    const auto found = form.findChildren<QWidget*>(toQString(wanted.name));
+    ASSERT_EQ(found.size(), 1) << wanted.name;
+    EXPECT_STREQ(found.front()->metaObject()->className(), wanted.kind) << wanted.name;
+    EXPECT_EQ(captionOf(*found.front()), wanted.caption) << wanted.name;
+    const std::string key =
+        *wanted.helpItem ? std::string(screen) + "*" + wanted.helpItem : std::string();
+    EXPECT_EQ(toUtf8(found.front()->property("helpKey").toString()), key) << wanted.name;
+  }
+}
+
+QWidgetList tabRound(QWidget& form, Qt::Key key) {
+  QWidgetList round;
+  QSet<QWidget*> seen;
+  while (QWidget* at = QApplication::focusWidget()) {
+    if (seen.contains(at))
+      break;
+    seen.insert(at);
+    round << at;
+    QTest::keyClick(at, key, key == Qt::Key_Backtab ? Qt::ShiftModifier : Qt::NoModifier);
+  }
+  EXPECT_TRUE(form.isAncestorOf(QApplication::focusWidget()));
+  return round;
+}
+
+void expectTabReachesAll(QWidget& form, QWidget* start) {
+  form.activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&form));
+  start->setFocus();
+  const QWidgetList forward = tabRound(form, Qt::Key_Tab);
+  start->setFocus();
+  const QWidgetList back = tabRound(form, Qt::Key_Backtab);
+  EXPECT_GT(forward.size(), 4);
+  EXPECT_EQ(forward.size(), back.size());
+  for (const QWidget* reached : forward) {
+    const auto* accessible = QAccessible::queryAccessibleInterface(const_cast<QWidget*>(reached));
+    ASSERT_NE(accessible, nullptr);
+    EXPECT_FALSE(accessible->text(QAccessible::Name).trimmed().isEmpty())
+        << toUtf8(reached->objectName());
+  }
+}
+
+class BuildControls : public test::EditorFixture {};
+
+} // namespace
+
+TEST_F(BuildControls, TheEditorHasEachOfItsControlsOnce) {
+  expectControls(openEditor(), "Build Album", editorControls);
+}
+
+TEST_F(BuildControls, AddFromFileHasEachOfItsControlsOnce) {
+  const auto& picker = Forms::get<PickaPic>();
+  EXPECT_EQ(picker.caption(), toQString("Add From File"));
+  expectControls(picker, "Add From File", pickerControls);
+}
+
+TEST_F(BuildControls, EveryHelpKeyHasItsRow) {
+  for (const Form* form : std::initializer_list<Form*>{&openEditor(), &Forms::get<PickaPic>()})
+    for (const QWidget* control : form->findChildren<QWidget*>()) {
+      const std::string key = toUtf8(control->property("helpKey").toString());
+      if (key.empty())
+        continue;
+      vars().rsHelp->Find("HelpID = '" + key + "'", Recordset::Start::First);
+      EXPECT_FALSE(vars().rsHelp->atEOF()) << key;
+    }
+}
+
+TEST_F(BuildControls, CommandsWhoseWorkIsNotThereYetAreDisabled) {
+  const auto& editor = openEditor();
+  for (const char* name : {"Command13", "Command14", "Command15", "Command5", "Image2", "Label5",
+                           "Command9", "Command17", "Command10", "Command16", "Command19",
+                           "Command11", "Command2", "Command3", "Command12", "markName", "Combo1"})
+    EXPECT_FALSE(isEnabled(editor, name)) << name;
+}
+
+TEST_F(BuildControls, TabReachesEveryControlOfTheEditorBothWays) {
+  auto& editor = openEditor();
+  expectTabReachesAll(editor, control<QWidget>(editor, "Year"));
+}
+
+TEST_F(BuildControls, TabReachesEveryControlOfAddFromFileBothWays) {
+  auto& picker = Forms::get<PickaPic>();
+  picker.Show();
+  expectTabReachesAll(picker, control<QWidget>(picker, "File1"));
+}
+
+TEST_F(BuildControls, EveryCaptionOfTheEditorFitsItsControl) {
+  auto& editor = openEditor();
+  for (const QSize size : {QSize(1012, 669), QSize(3000, 1982)}) {
+    editor.resize(size);
+    for (const QAbstractButton* button : editor.findChildren<QAbstractButton*>())
+      EXPECT_LE(button->fontMetrics().horizontalAdvance(button->text()), button->width() - 8)
+          << toUtf8(button->text());
+    for (const QLabel* label : editor.findChildren<QLabel*>()) {
+      if (label->objectName() == toQString("Label4"))
+        continue; // leaves the middle of a long path out
+      EXPECT_LE(label->fontMetrics().horizontalAdvance(label->text()), label->width())
+          << toUtf8(label->text());
+    }
+  }
+}
+
+} // namespace hearthbook

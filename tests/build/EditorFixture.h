@@ -1,0 +1,113 @@
+#pragma once
+
+#include "AlbumFixture.h"
+#include "BoxScript.h"
+#include "DBeditor.h"
+#include "Forms.h"
+#include "Guard.h"
+#include "Navigator.h"
+#include "PickaPic.h"
+#include "PictureBox.h"
+#include "PictureLoader.h"
+#include "Progress.h"
+#include "Stage.h"
+#include "Text.h"
+
+#include <QAbstractButton>
+#include <QLabel>
+#include <QTest>
+
+namespace hearthbook::test {
+
+/// What stands above the forms of building, as they see it.
+class FakeFrame : public Navigator, public HoverHelp {
+public:
+  void findPhoto() override { ++searches; }
+  [[nodiscard]] bool canFindPhoto() const override { return canSearch; }
+  void addAlbumEntry(int, const QString&) override {}
+  void renameAlbumEntry(int, const QString&) override {}
+  void removeAlbumEntry(int) override {}
+  void popUpEdit(QPoint) override {}
+
+  void workFormActive(const QString& screen) override { active = screen; }
+  void show(const QString& key) override { keys << key; }
+
+  bool canSearch = false;
+  int searches = 0;
+  QString active;
+  QStringList keys;
+};
+
+/// An album, its editor and Add From File, as the program wires them.
+class EditorFixture : public AlbumFixture {
+protected:
+  EditorFixture() {
+    vars().rsHelp = std::make_unique<Recordset>(album().helpConnection);
+    vars().rsHelp->Open("SELECT * FROM Help");
+    Forms::provide<Progress>([] { return new Progress; });
+    Forms::provide<DBeditor>(
+        [this] { return new DBeditor(album(), loader_, pool_, frame_, frame_); });
+    Forms::provide<PickaPic>([this] { return new PickaPic(album(), pool_); });
+  }
+  ~EditorFixture() override { Forms::reset(); }
+
+  /// Adds photos HD00002 to HD`last`, so that the album has `last` of them.
+  void addPhotosUpTo(int last) {
+    for (int number = 2; number <= last; ++number)
+      folder_.addPhoto(QStringLiteral("HD%1").arg(number, 5, 10, QLatin1Char('0')).toStdString());
+  }
+
+  DBeditor& openEditor() {
+    auto& editor = Forms::get<DBeditor>();
+    editor.Show();
+    settle();
+    return editor;
+  }
+
+  /// Lets pictures that are on their way arrive.
+  static void settle() {
+    auto* editor = Forms::loaded<DBeditor>();
+    const auto isWaiting = [editor] { return editor && editor->isWaitingForPicture(); };
+    waitUntil([&] { return !isWaiting(); });
+    QCoreApplication::processEvents();
+  }
+
+  template <class X> static X* control(const QWidget& form, const char* name) {
+    X* found = form.findChild<X*>(QString::fromLatin1(name));
+    if (!found)
+      throw std::logic_error(std::string("no control ") + name);
+    return found;
+  }
+  static void press(const QWidget& form, const char* name) {
+    QTest::mouseClick(control<QAbstractButton>(form, name), Qt::LeftButton);
+    settle();
+  }
+  static std::string labelOf(const QWidget& form, const char* name) {
+    return toUtf8(control<QLabel>(form, name)->text());
+  }
+  static bool isEnabled(const QWidget& form, const char* name) {
+    return control<QWidget>(form, name)->isEnabled();
+  }
+  static TwipsRect rectOf(const QWidget& form, const char* name) {
+    return form.findChild<Stage*>()->rect(control<QWidget>(form, name));
+  }
+
+  Recordset& photos() { return data().rsPhotoAlbum; }
+  std::string currentId() { return photos().Collect("PictureID").toText(); }
+  /// What is on the disk, not what a record set remembers.
+  Value stored(const std::string& id, const char* field) {
+    Recordset rows(data().AlbumDB);
+    rows.Open("SELECT * FROM PhotoAlbum WHERE PictureID = '" + id + "'");
+    return rows.Collect(field);
+  }
+
+  WorkPool pool_{2};
+  PictureLoader loader_{pool_, [](std::function<void()> task) {
+                          QMetaObject::invokeMethod(QCoreApplication::instance(), std::move(task),
+                                                    Qt::QueuedConnection);
+                        }};
+  FakeFrame frame_;
+  BoxScript boxes_;
+};
+
+} // namespace hearthbook::test

@@ -1,0 +1,319 @@
+#include "EditorFixture.h"
+
+#include "FileBytes.h"
+
+#include <QComboBox>
+#include <QGroupBox>
+#include <QLineEdit>
+#include <QListView>
+#include <QPlainTextEdit>
+#include <QProgressBar>
+#include <QRadioButton>
+#include <QTreeView>
+
+#include <fstream>
+
+namespace hearthbook {
+
+namespace {
+
+class PickaPicTest : public test::EditorFixture {
+protected:
+  PickaPicTest() { std::filesystem::create_directories(source_); }
+
+  PickaPic& openPicker() {
+    auto& picker = Forms::get<PickaPic>();
+    picker.Show();
+    wait(picker);
+    return picker;
+  }
+  PickaPic& openPickerAtSource() {
+    auto& picker = openPicker();
+    picker.showFolder(source_);
+    wait(picker);
+    return picker;
+  }
+  static void wait(const PickaPic& picker) {
+    waitUntil([&] { return !picker.isReading(); });
+  }
+  static QStringList listed(const PickaPic& picker) {
+    QStringList names;
+    const auto* model = control<QListView>(picker, "File1")->model();
+    for (int row = 0; row < model->rowCount(); ++row)
+      names << model->index(row, 0).data().toString();
+    return names;
+  }
+  /// Clicks a file as the user does; with Ctrl it is added to or taken from the
+  /// selection.
+  static void click(const PickaPic& picker, int row, Qt::KeyboardModifiers keys = {}) {
+    auto* list = control<QListView>(picker, "File1");
+    const QRect place = list->visualRect(list->model()->index(row, 0));
+    QTest::mouseClick(list->viewport(), Qt::LeftButton, keys, place.center());
+    QCoreApplication::processEvents();
+  }
+  void expectCount(int count) {
+    boxes_.expectMessage(QString::number(count) + toQString(" Files added to album."),
+                         toQString("Add From File"), MsgIcon::Information);
+  }
+  void expectError(const std::filesystem::path& source) {
+    boxes_.expectMessage(toQString("An error occurred while inserting file: ") + toQString(source),
+                         toQString("Error"), MsgIcon::Critical);
+  }
+  void insert(const PickaPic& picker) {
+    press(picker, "OK");
+    wait(picker);
+  }
+  std::filesystem::path add(const std::string& name) {
+    test::writeJpeg(source_ / name, 160, 120, 0x336699);
+    return source_ / name;
+  }
+
+  std::filesystem::path source_ = at("Source");
+};
+
+} // namespace
+
+TEST_F(PickaPicTest, AtFirstNothingIsChosen) {
+  const auto& picker = openPicker();
+  EXPECT_FALSE(isEnabled(picker, "OK"));
+  EXPECT_TRUE(control<QRadioButton>(picker, "Option1")->isChecked());
+  EXPECT_FALSE(control<QAbstractButton>(picker, "chkSize")->isChecked());
+  EXPECT_FALSE(control<QWidget>(picker, "frmProgress")->isVisible());
+  EXPECT_EQ(control<QListView>(picker, "File1")->selectionMode(),
+            QAbstractItemView::ExtendedSelection);
+}
+
+TEST_F(PickaPicTest, TheBrowserStartsInTheAlbumsPhotos) {
+  const auto& picker = openPicker();
+  EXPECT_EQ(listed(picker), QStringList{toQString("00001.jpg")});
+  EXPECT_EQ(vars().LastFolder, at("Photos"));
+}
+
+TEST_F(PickaPicTest, TheFolderLastOpenedIsThereAgain) {
+  add("lake.jpg");
+  press(openPickerAtSource(), "Cancel");
+  EXPECT_EQ(vars().LastFolder, source_);
+  EXPECT_EQ(listed(openPicker()), QStringList{toQString("lake.jpg")});
+}
+
+TEST_F(PickaPicTest, AFolderThatHasGoneSinceIsReplacedByTheNearestAboveIt) {
+  vars().LastFolder = source_ / "gone";
+  openPicker();
+  EXPECT_EQ(vars().LastFolder, source_);
+}
+
+TEST_F(PickaPicTest, AChoiceInTheFolderListShowsItsFiles) {
+  add("sub/lake.jpg");
+  auto& picker = openPickerAtSource();
+  auto* folders = control<QTreeView>(picker, "Dir1");
+  const QModelIndex here = folders->currentIndex();
+  waitUntil([&] { return folders->model()->rowCount(here) > 0; });
+  folders->setCurrentIndex(folders->model()->index(0, 0, here));
+  wait(picker);
+  EXPECT_EQ(vars().LastFolder, source_ / "sub");
+  EXPECT_EQ(listed(picker), QStringList{toQString("lake.jpg")});
+}
+
+TEST_F(PickaPicTest, ATypedFolderIsOpened) {
+  add("lake.jpg");
+  const auto& picker = openPicker();
+  auto* edit = control<QLineEdit>(picker, "folderEdit");
+  edit->setText(toQString(source_));
+  QTest::keyClick(edit, Qt::Key_Return);
+  wait(picker);
+  EXPECT_EQ(listed(picker), QStringList{toQString("lake.jpg")});
+}
+
+TEST_F(PickaPicTest, ATypedFolderThatIsNotThereIsRefused) {
+  const auto& picker = openPicker();
+  auto* edit = control<QLineEdit>(picker, "folderEdit");
+  edit->setText(toQString("/nowhere"));
+  boxes_.expectMessage(toQString("There is no folder /nowhere"), toQString("Add From File"),
+                       MsgIcon::Exclamation);
+  QTest::keyClick(edit, Qt::Key_Return);
+  EXPECT_EQ(edit->text(), toQString(at("Photos")));
+}
+
+TEST_F(PickaPicTest, ADriveThatIsNotReadyIsRefusedAndTheFolderStays) {
+  folder_.drives().listOptical({"sr0"});
+  const auto& picker = openPicker();
+  auto* drives = control<QComboBox>(picker, "Drive1");
+  const int disc = drives->findText(toQString("d:"), Qt::MatchStartsWith);
+  ASSERT_GE(disc, 0);
+  boxes_.expectMessage(toQString("Drive Does Not Exist"));
+  Q_EMIT drives->activated(disc);
+  EXPECT_EQ(vars().LastFolder, at("Photos"));
+  EXPECT_NE(drives->currentIndex(), disc);
+  EXPECT_EQ(control<QGroupBox>(picker, "Help")->title(), toQString("Drive"));
+}
+
+TEST_F(PickaPicTest, AReadyDriveIsOpenedAtItsRoot) {
+  add("on disc.jpg");
+  folder_.drives().insertDisc("sr0", source_);
+  const auto& picker = openPicker();
+  auto* drives = control<QComboBox>(picker, "Drive1");
+  Q_EMIT drives->activated(drives->findText(toQString("d:"), Qt::MatchStartsWith));
+  wait(picker);
+  EXPECT_EQ(listed(picker), QStringList{toQString("on disc.jpg")});
+}
+
+TEST_F(PickaPicTest, OneSelectedFileReadsInsertSingleAndTwoInsertMultiple) {
+  add("a.jpg");
+  add("b.jpg");
+  const auto& picker = openPickerAtSource();
+  click(picker, 0);
+  EXPECT_TRUE(isEnabled(picker, "OK"));
+  EXPECT_EQ(control<QAbstractButton>(picker, "OK")->text(), toQString("Insert Single"));
+  click(picker, 1, Qt::ControlModifier);
+  EXPECT_EQ(control<QAbstractButton>(picker, "OK")->text(), toQString("Insert Multiple"));
+  click(picker, 1, Qt::ControlModifier);
+  EXPECT_EQ(control<QAbstractButton>(picker, "OK")->text(), toQString("Insert Single"));
+}
+
+TEST_F(PickaPicTest, ASelectedFileIsPreviewedAndItsPathKept) {
+  const auto file = add("a.jpg");
+  const auto& picker = openPickerAtSource();
+  click(picker, 0);
+  EXPECT_EQ(vars().ImagePath, file);
+  const auto* preview = control<PictureBox>(picker, "ImgX1");
+  waitUntil([&] { return preview->hasPicture(); });
+  EXPECT_NEAR(double(preview->width()) / preview->height(), 160.0 / 120.0, 0.02);
+}
+
+TEST_F(PickaPicTest, AFileThatIsNoPictureLeavesThePreviewEmpty) {
+  test::writeBytes(source_ / "text.jpg", "no picture");
+  const auto& picker = openPickerAtSource();
+  click(picker, 0);
+  EXPECT_TRUE(isEnabled(picker, "OK"));
+  EXPECT_FALSE(control<PictureBox>(picker, "ImgX1")->hasPicture());
+}
+
+TEST_F(PickaPicTest, DeselectingEverythingLeavesTheCommandEnabledAndAddsNothing) {
+  add("a.jpg");
+  const auto& picker = openPickerAtSource();
+  click(picker, 0);
+  click(picker, 0, Qt::ControlModifier);
+  EXPECT_TRUE(isEnabled(picker, "OK"));
+  expectCount(0);
+  insert(picker);
+  EXPECT_EQ(photos().RecordCount(), 1);
+}
+
+TEST_F(PickaPicTest, ThreeSelectedFilesAddThreeRowsWithConsecutiveIds) {
+  for (const char* name : {"a.jpg", "b.jpg", "c.jpg"})
+    add(name);
+  const auto& picker = openPickerAtSource();
+  control<QListView>(picker, "File1")->selectAll();
+  expectCount(3);
+  insert(picker);
+  EXPECT_EQ(photos().RecordCount(), 4);
+  EXPECT_EQ(currentId(), "HD00004");
+  for (const char* stem : {"00002", "00003", "00004"}) {
+    EXPECT_TRUE(std::filesystem::exists(at(std::string("Photos/") + stem + ".jpg"))) << stem;
+    EXPECT_TRUE(std::filesystem::exists(at(std::string("Thumbnails/") + stem + ".jpg"))) << stem;
+  }
+}
+
+TEST_F(PickaPicTest, OnlyTheSelectedFilesAreAdded) {
+  for (const char* name : {"a.jpg", "b.jpg", "c.jpg"})
+    add(name);
+  const auto& picker = openPickerAtSource();
+  click(picker, 1);
+  expectCount(1);
+  insert(picker);
+  EXPECT_EQ(test::readBytes(at("Photos/00002.jpg")), test::readBytes(source_ / "b.jpg"));
+}
+
+TEST_F(PickaPicTest, AfterARunTheFormStaysAndOffersDone) {
+  add("a.jpg");
+  const auto& picker = openPickerAtSource();
+  click(picker, 0);
+  expectCount(1);
+  insert(picker);
+  EXPECT_FALSE(isEnabled(picker, "OK"));
+  EXPECT_EQ(control<QAbstractButton>(picker, "Cancel")->text(), toQString("Done"));
+  EXPECT_FALSE(control<QWidget>(picker, "frmProgress")->isVisible());
+  EXPECT_EQ(control<QProgressBar>(picker, "ProgressBar1")->maximum(), 1);
+  EXPECT_TRUE(control<QWidget>(picker, "File1")->hasFocus());
+  click(picker, 0);
+  EXPECT_TRUE(isEnabled(picker, "OK"));
+}
+
+TEST_F(PickaPicTest, MovedFilesLeaveTheList) {
+  for (const char* name : {"a.jpg", "b.jpg"})
+    add(name);
+  const auto& picker = openPickerAtSource();
+  control<QAbstractButton>(picker, "Option2")->click();
+  click(picker, 0);
+  expectCount(1);
+  insert(picker);
+  EXPECT_EQ(listed(picker), QStringList{toQString("b.jpg")});
+}
+
+TEST_F(PickaPicTest, AFileThatCannotBeDecodedIsToldAndCountedAllTheSame) {
+  test::writeBytes(source_ / "text.png", "no picture");
+  const auto& picker = openPickerAtSource();
+  click(picker, 0);
+  struct Listening : BoxPlayer {
+    MsgAnswer message(const QString& text, const QString& title, MsgIcon icon,
+                      MsgButtons) override {
+      boxes.push_back({toUtf8(text), toUtf8(title), icon});
+      return MsgAnswer::Ok;
+    }
+    QString input(const QString&, const QString&, const QString&) override { return {}; }
+    struct Box {
+      std::string text;
+      std::string title;
+      MsgIcon icon;
+    };
+    std::vector<Box> boxes;
+  } listening;
+  BoxPlayer* former = BoxPlayer::install(&listening);
+  insert(picker);
+  BoxPlayer::install(former);
+  ASSERT_GE(listening.boxes.size(), 2U);
+  EXPECT_EQ(listening.boxes.front().text,
+            "An error occurred while inserting file: " + (source_ / "text.png").string());
+  EXPECT_EQ(listening.boxes.front().title, "Error");
+  EXPECT_EQ(listening.boxes.front().icon, MsgIcon::Critical);
+  EXPECT_EQ(listening.boxes.back().text, "1 Files added to album.");
+  EXPECT_EQ(photos().RecordCount(), 2);
+}
+
+TEST_F(PickaPicTest, AFolderOfTenThousandFilesIsListed) {
+  for (int number = 0; number < 10'000; ++number)
+    std::ofstream(source_ / (std::to_string(number) + ".jpg"));
+  EXPECT_EQ(listed(openPickerAtSource()).size(), 10'000);
+}
+
+TEST_F(PickaPicTest, AFolderThatCannotBeReadIsTold) {
+  auto& picker = openPicker();
+  const auto gone = at("Gone");
+  boxes_.expectMessage(
+      toQString("The folder " + gone.string() + " cannot be read: No such file or directory"),
+      toQString("Add From File"), MsgIcon::Exclamation);
+  picker.showFolder(gone);
+  wait(picker);
+  EXPECT_TRUE(listed(picker).empty());
+}
+
+TEST_F(PickaPicTest, TheHelpPaneBeginsWithItsOwnKey) {
+  const auto& picker = openPicker();
+  EXPECT_EQ(control<QGroupBox>(picker, "Help")->title(), toQString("Help"));
+  EXPECT_FALSE(control<QPlainTextEdit>(picker, "Text1")->toPlainText().isEmpty());
+}
+
+TEST_F(PickaPicTest, TheHelpPaneFollowsTheMouse) {
+  const auto& picker = openPicker();
+  const QString before = control<QPlainTextEdit>(picker, "Text1")->toPlainText();
+  QTest::mouseMove(control<QWidget>(picker, "Option2"));
+  EXPECT_EQ(control<QGroupBox>(picker, "Help")->title(), toQString("Move Files"));
+  EXPECT_NE(control<QPlainTextEdit>(picker, "Text1")->toPlainText(), before);
+}
+
+TEST_F(PickaPicTest, CancelUnloads) {
+  press(openPicker(), "Cancel");
+  EXPECT_EQ(Forms::loaded<PickaPic>(), nullptr);
+}
+
+} // namespace hearthbook
