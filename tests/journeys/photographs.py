@@ -1,0 +1,42 @@
+"""Photographs to add: real ones, and our own drawings in every format that can be added."""
+import os
+import pathlib
+import shutil
+import subprocess
+
+REAL = pathlib.Path("/usr/share/backgrounds/mate/nature")
+
+# name in the folder: (where it comes from, how ImageMagick makes it; nothing: copied as it is)
+REAL_ONES = ("Garden.jpg", "YellowFlower.jpg", "LadyBird.jpg", "Dune.jpg")
+MADE = {
+    "Aqua.png": (REAL / "Aqua.jpg", ["-resize", "900x"]),
+    "Storm.tif": (REAL / "Storm.jpg", ["-resize", "900x", "-compress", "lzw"]),
+    "Picnic in May.bmp": ("picnic.jpg", ["-resize", "800x", "-type", "TrueColor", "-define", "bmp:format=bmp3"]),
+    "Lake.pcx": ("lake.jpg", ["-resize", "800x"]),
+    "Dog.tga": ("dog.jpg", ["-resize", "800x"]),
+    "Cake.ico": ("birthday.jpg", ["-resize", "200x150!"]),
+    "Großmutter's garden.jpg": ("garden.jpg", None),
+    "Wedding.jpg": ("wedding.jpg", None),
+    "School.jpg": ("school.jpg", None),
+    "Grandparents.jpg": ("grandparents.jpg", None),
+    "Beach.jpg": ("beach.jpg", None),
+    "Christmas.jpg": ("christmas.jpg", None),
+    "Bicycle.jpg": ("bicycle.jpg", None),
+    "Baby.jpg": ("baby.jpg", None),
+}
+
+
+def lay_out(folder, samples, wanted):
+    """Puts the wanted photographs into the folder."""
+    folder = pathlib.Path(folder)
+    folder.mkdir(parents=True, exist_ok=True)
+    for name in wanted:
+        source, how = MADE.get(name, (REAL / name, None))
+        source = pathlib.Path(samples, source)
+        if how is None:
+            shutil.copyfile(source, folder / name)
+        else:
+            subprocess.run(["convert", "-limit", "thread", "1", str(source), *how, str(folder / name)],
+                           check=True, stdin=subprocess.DEVNULL)
+        os.utime(folder / name, (961000000, 961000000))
+    return folder
