@@ -16,6 +16,9 @@ namespace {
 /// The key of tables that have no number of their own; the program never sees it.
 constexpr const char* rowKey = "RowKey";
 
+/// From so many rows on, memory is worth more than having the pages at hand for the next select.
+constexpr RowId largeAnswer = 20'000;
+
 std::string orEmpty(const char* text) { return text ? text : ""; }
 
 std::string keyOf(sqlite3* database, const std::string& table) {
@@ -171,6 +174,9 @@ std::unique_ptr<Answer> runSource(sqlite3* database, std::string_view source) {
   auto answer = std::make_unique<Answer>(
       Answer{std::move(prepared.columns), std::move(prepared.writeBack), RowSet(width)});
   readAll(*prepared.select, answer->rows);
+  prepared.select.reset();
+  if (answer->rows.rowCount() >= largeAnswer)
+    sqlite3_db_release_memory(database); // the pages hold what the row set holds now
   return answer;
 }
 

@@ -81,21 +81,19 @@ void Recordset::Impl::abandon() {
   share(nullptr);
 }
 
-std::vector<RowId> Recordset::Impl::livingRows() const {
-  std::vector<RowId> living;
-  living.reserve(rows().rowCount());
-  for (RowId row = 0; row < rows().rowCount(); ++row)
-    if (rows().isAlive(row))
-      living.push_back(row);
-  return living;
+std::vector<RowId> Recordset::Impl::wantedRows() const {
+  const RowSet& all = rows();
+  std::vector<RowId> wanted;
+  for (RowId row = 0; row < all.rowCount(); ++row)
+    if (all.isAlive(row) && (!matcher || matcher->matches(all, row)))
+      wanted.push_back(row);
+  return wanted;
 }
 
 void Recordset::Impl::arrange() {
-  std::vector<RowId> shown = livingRows();
-  if (matcher)
-    std::erase_if(shown, [&](RowId row) { return !matcher->matches(rows(), row); });
-  sortRows(shown, rows(), parseSort(sort, answer()));
-  view.show(std::move(shown), sort.empty());
+  std::vector<RowId> wanted = wantedRows();
+  sortRows(wanted, rows(), parseSort(sort, answer()));
+  view.show(std::move(wanted), sort.empty());
   behindDeleted = false;
 }
 

@@ -55,9 +55,9 @@ struct Recordset::Impl {
   RowId requireRow() const;
   [[nodiscard]] std::size_t requireField(std::string_view field) const;
   void share(std::shared_ptr<SharedRows> rows);
-  void show(std::unique_ptr<Answer> answer); ///< instead of what was shown; tells it
-  void abandon();                            ///< closes without storing
-  [[nodiscard]] std::vector<RowId> livingRows() const;
+  void show(std::unique_ptr<Answer> answer);           ///< instead of what was shown; tells it
+  void abandon();                                      ///< closes without storing
+  [[nodiscard]] std::vector<RowId> wantedRows() const; ///< that pass the filter
   void arrange(); ///< shows what filter and sort say, on the first row
 
   // Edits

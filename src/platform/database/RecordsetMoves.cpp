@@ -102,8 +102,9 @@ void Recordset::Find(std::string_view text, Start start) {
   const RowMatcher matcher(criterion, impl_->answer());
   impl_->leave();
   const RowView& view = impl_->view;
+  const RowSet& rows = impl_->rows();
   std::int64_t place = start == Start::First ? 0 : std::max<std::int64_t>(view.place(), 0);
-  while (place < view.size() && !matcher.matches(impl_->rows(), view.at(place)))
+  while (place < view.size() && !matcher.matches(rows, view.at(place)))
     ++place;
   impl_->goToPlace(place);
 }

@@ -55,12 +55,9 @@ void RowSet::set(RowId row, std::size_t column, const Value& value) {
     setText(row, column, value.toText());
 }
 
-std::int64_t RowSet::integer(RowId row, std::size_t column) const {
-  const Cell& content = cell(row, column);
-  if (content.kind == Kind::SmallInteger)
-    return static_cast<std::int32_t>(content.place);
+std::int64_t RowSet::wideInteger(std::uint32_t place) const {
   std::int64_t number = 0;
-  std::memcpy(&number, at(content.place), sizeof number);
+  std::memcpy(&number, at(place), sizeof number);
   return number;
 }
 
@@ -68,11 +65,6 @@ double RowSet::real(RowId row, std::size_t column) const {
   double number = 0;
   std::memcpy(&number, at(cell(row, column).place), sizeof number);
   return number;
-}
-
-std::string_view RowSet::text(RowId row, std::size_t column) const {
-  const Cell& content = cell(row, column);
-  return content.size == 0 ? std::string_view() : std::string_view(at(content.place), content.size);
 }
 
 Value RowSet::value(RowId row, std::size_t column) const {

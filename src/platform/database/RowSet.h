@@ -37,9 +37,17 @@ public:
     return kind(row, column) == Kind::Null;
   }
   /// Of a cell that holds a whole number, small or not.
-  [[nodiscard]] std::int64_t integer(RowId row, std::size_t column) const;
+  [[nodiscard]] std::int64_t integer(RowId row, std::size_t column) const {
+    const Cell& content = cell(row, column);
+    return content.kind == Kind::SmallInteger ? static_cast<std::int32_t>(content.place)
+                                              : wideInteger(content.place);
+  }
   [[nodiscard]] double real(RowId row, std::size_t column) const;
-  [[nodiscard]] std::string_view text(RowId row, std::size_t column) const;
+  [[nodiscard]] std::string_view text(RowId row, std::size_t column) const {
+    const Cell& content = cell(row, column);
+    return content.size == 0 ? std::string_view()
+                             : std::string_view(at(content.place), content.size);
+  }
   [[nodiscard]] Value value(RowId row, std::size_t column) const;
 
 private:
@@ -50,7 +58,7 @@ private:
   };
   static_assert(sizeof(Cell) == 8);
 
-  static constexpr std::size_t rowsPerPage = 1024;
+  static constexpr std::size_t rowsPerPage = 4096;
   static constexpr unsigned offsetBits = 20;
   static constexpr std::uint32_t longestText = (1U << 28) - 1;
 
@@ -69,6 +77,7 @@ private:
     content.size = size & longestText;
     content.kind = kind;
   }
+  [[nodiscard]] std::int64_t wideInteger(std::uint32_t place) const;
   std::uint32_t keep(const void* bytes, std::size_t size);
   void openChunk(std::size_t size);
 

@@ -86,7 +86,8 @@ std::string withColumn(std::string_view select, std::string_view table, std::str
   const std::size_t second = solidFrom(tokens, word + 1);
   if (second < tokens.size() && isWord(tokens[second], "all"))
     word = second;
-  tokens[word].text += " " + quotedName(table) + "." + quotedName(field) + ",";
+  tokens[word].text.append(" ").append(quotedName(table)).append(".");
+  tokens[word].text.append(quotedName(field)).append(",");
   return joined(tokens);
 }
 

@@ -82,6 +82,21 @@ char32_t nextFolded(std::string_view text, int& at) {
   return static_cast<char32_t>(u_foldCase(c, U_FOLD_CASE_DEFAULT));
 }
 
+// From `at` on, the first place where the character may stand. Characters beyond ASCII may fold
+// to one within it.
+int whereItMayStand(char32_t wanted, std::string_view text, int at) {
+  if (wanted >= 0x80)
+    return at;
+  const auto lower = static_cast<unsigned char>(wanted);
+  while (at < length(text)) {
+    const auto c = static_cast<unsigned char>(text[static_cast<std::size_t>(at)]);
+    if (!isAscii(c) || lowerAscii(c) == lower)
+      return at;
+    ++at;
+  }
+  return at;
+}
+
 // Walks both at once and remembers the last run of anything, to which it falls back.
 bool matchesFolded(const std::vector<char32_t>& pattern, std::string_view text) {
   std::size_t p = 0;
@@ -91,7 +106,9 @@ bool matchesFolded(const std::vector<char32_t>& pattern, std::string_view text) 
   while (at < length(text)) {
     if (p < pattern.size() && pattern[p] == anyRun) {
       behindRun = ++p;
-      runFrom = at;
+      if (p == pattern.size())
+        return true;
+      runFrom = at = whereItMayStand(pattern[p], text, at);
       continue;
     }
     int behind = at;
@@ -105,7 +122,7 @@ bool matchesFolded(const std::vector<char32_t>& pattern, std::string_view text) 
       return false;
     p = behindRun;
     nextFolded(text, runFrom);
-    at = runFrom;
+    runFrom = at = whereItMayStand(pattern[p], text, runFrom);
   }
   return std::all_of(pattern.begin() + static_cast<std::ptrdiff_t>(p), pattern.end(),
                      [](char32_t c) { return c == anyRun; });
@@ -140,6 +157,16 @@ bool sameText(std::string_view left, std::string_view right) {
   const bool leftPlain = at == left.size() || isPlain(static_cast<unsigned char>(left[at]));
   const bool rightPlain = at == right.size() || isPlain(static_cast<unsigned char>(right[at]));
   return !(leftPlain && rightPlain) && compareText(left, right) == 0;
+}
+
+std::optional<std::string> foldedPlain(std::string_view text) {
+  std::string folded(text);
+  for (char& c : folded) {
+    if (!isPlain(static_cast<unsigned char>(c)))
+      return std::nullopt;
+    c = static_cast<char>(lowerAscii(static_cast<unsigned char>(c)));
+  }
+  return folded;
 }
 
 std::string textSortKey(std::string_view text) {

@@ -18,6 +18,10 @@ int compareText(std::string_view left, std::string_view right);
 /// compareText() == 0, quickly.
 bool sameText(std::string_view left, std::string_view right);
 
+/// The text in lower case, if it has plain ASCII characters alone: two such are the same if
+/// their folded bytes are. Nothing for other texts.
+std::optional<std::string> foldedPlain(std::string_view text);
+
 /// Bytes that compare as the texts do; for sorting many.
 std::string textSortKey(std::string_view text);
 
