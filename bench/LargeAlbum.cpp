@@ -117,7 +117,7 @@ void fill(Recordset& rows, const std::vector<Photo>& photos) {
 }
 
 fs::path make(const fs::path& folder, int count) {
-  const fs::path file = folder / (std::to_string(count) + ".mdb");
+  fs::path file = folder / (std::to_string(count) + ".mdb");
   makeTables(file);
   Connection connection;
   connection.Open(file);

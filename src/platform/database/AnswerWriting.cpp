@@ -62,6 +62,7 @@ bool store(Statement& statement, Answer& answer, RowId row) {
   if (!statement.step())
     return false;
   std::vector<Value> stored;
+  stored.reserve(static_cast<std::size_t>(statement.columnCount()));
   for (int i = 0; i < statement.columnCount(); ++i)
     stored.push_back(statement.column(i));
   statement.run(); // what is stored is stored when the statement has ended

@@ -10,8 +10,8 @@ namespace hearthbook {
 
 namespace {
 
-constexpr std::size_t smallestChunk = 16 * 1024;
-constexpr std::size_t largestChunk = 1024 * 1024;
+constexpr std::size_t smallestChunk = 1U << 14;
+constexpr std::size_t largestChunk = 1U << 20;
 constexpr std::size_t mostChunks = 4096;
 
 } // namespace

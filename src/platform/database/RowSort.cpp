@@ -5,7 +5,8 @@
 #include "TextOrder.h"
 
 #include <algorithm>
-#include <numeric>
+#include <ranges>
+#include <tuple>
 
 namespace hearthbook {
 
@@ -16,7 +17,9 @@ struct SortKey {
   double number = 0;
   std::string text;
 
-  auto operator<=>(const SortKey&) const = default;
+  bool operator<(const SortKey& other) const {
+    return std::tie(rank, number, text) < std::tie(other.rank, other.number, other.text);
+  }
 };
 
 SortKey keyOf(const RowSet& rows, RowId row, std::size_t column) {
@@ -73,8 +76,8 @@ std::vector<SortField> parseSort(std::string_view text, const Answer& answer) {
 }
 
 void sortRows(std::vector<RowId>& order, const RowSet& rows, const std::vector<SortField>& fields) {
-  for (auto field = fields.rbegin(); field != fields.rend(); ++field)
-    sortBy(order, rows, *field); // stable: the first field is sorted by last
+  for (const SortField field : std::views::reverse(fields))
+    sortBy(order, rows, field); // stable: the first field is sorted by last
 }
 
 } // namespace hearthbook
