@@ -1,5 +1,7 @@
 #include "NamesCords.h"
 
+#include "NamesInPhoto.h"
+
 #include "Numbers.h"
 
 #include <algorithm>
@@ -9,11 +11,11 @@ namespace hearthbook {
 namespace {
 
 constexpr std::size_t entryLength = 14; // of an id with three digits
-constexpr int idDigits = 3;
+constexpr std::size_t keyLength = 3;
 constexpr int placeDigits = 4;
 constexpr std::size_t xStart = 4; // behind the id and the dash
 
-std::string keyOf(std::int64_t id) { return padded(id, idDigits) + "-"; }
+std::string keyOf(std::int64_t id) { return personKey(id) + "-"; }
 
 /// What stands in front of a person's entries and behind them.
 struct Surroundings {
@@ -70,10 +72,10 @@ Value withoutMarker(std::string_view namesCords, std::int64_t id) {
 }
 
 std::optional<TwipsPoint> markerPosition(std::string_view namesCords, std::int64_t id) {
-  const std::string wanted = padded(id, idDigits);
+  const std::string wanted = personKey(id);
   for (auto end = namesCords.find(','); end != std::string_view::npos; end = namesCords.find(',')) {
     const std::string_view entry = namesCords.substr(0, end);
-    if (entry.substr(0, idDigits) == wanted)
+    if (entry.substr(0, keyLength) == wanted)
       return placeIn(entry);
     namesCords.remove_prefix(end + 1);
   }

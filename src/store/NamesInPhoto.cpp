@@ -10,8 +10,6 @@
 namespace hearthbook {
 namespace {
 
-constexpr int idDigits = 3;
-
 /// The parts in front of the first empty one.
 std::vector<std::string_view> idsIn(std::string_view namesInPhoto) {
   std::vector<std::string_view> ids;
@@ -42,6 +40,8 @@ std::vector<Person> peopleOf(Recordset& appearances) {
 
 } // namespace
 
+std::string personKey(std::int64_t id) { return padded(id, 3); }
+
 std::vector<NameEntry> PopList(Recordset& appearances, std::string_view namesInPhoto,
                                std::string_view namesCords) {
   if (appearances.isOpen())
@@ -50,7 +50,7 @@ std::vector<NameEntry> PopList(Recordset& appearances, std::string_view namesInP
   std::vector<NameEntry> list;
   for (const std::string_view id : idsIn(namesInPhoto)) {
     for (const Person& person : people) {
-      if (padded(person.id, idDigits) == id)
+      if (personKey(person.id) == id)
         list.push_back(
             {(hasMarker(namesCords, person.id) ? "*" : "") + person.name, leadingNumber(id)});
     }
@@ -65,7 +65,7 @@ bool ChkList(const std::vector<NameEntry>& list, std::int64_t id) {
 Value namesInPhotoText(const std::vector<NameEntry>& list) {
   std::string text;
   for (const NameEntry& entry : list)
-    text += padded(entry.id, idDigits) + ",";
+    text += personKey(entry.id) + ",";
   return text.empty() ? Value() : Value(text);
 }
 

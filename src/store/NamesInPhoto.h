@@ -9,6 +9,9 @@
 
 namespace hearthbook {
 
+/// A person's number as both fields of names write it: "004"; 1234 stands as it is.
+std::string personKey(std::int64_t id);
+
 /// One line of the names-in-photo list.
 struct NameEntry {
   std::string text; ///< the screen name, with a leading "*" where the person has a marker
