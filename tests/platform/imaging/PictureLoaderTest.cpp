@@ -68,6 +68,17 @@ protected:
     pool_.run([] {}).wait();
   }
 
+  /// The pool's thread stands at the gate when this returns: urgent work posted later cannot
+  /// slip in before it.
+  void holdPool(const std::shared_future<void>& gate) {
+    std::promise<void> reached;
+    pool_.post([&reached, gate] {
+      reached.set_value();
+      gate.wait();
+    });
+    reached.get_future().wait();
+  }
+
   TemporaryFolder folder_;
   Mailbox mailbox_;
   WorkPool pool_{1};
@@ -131,7 +142,7 @@ TEST_F(PictureLoaderTest, WhatWasDecodedAheadIsReady) {
 TEST_F(PictureLoaderTest, NewWishesReplaceThoseNotBegun) {
   PictureLoader loader(pool_, mailbox_.deliver());
   std::promise<void> open;
-  pool_.post([gate = open.get_future().share()] { gate.wait(); });
+  holdPool(open.get_future().share());
   const auto a = file("a.jpg", red);
   const auto b = file("b.jpg", blue);
   loader.decodeAhead({{a, {32, 24}}});
@@ -192,7 +203,7 @@ TEST_F(PictureLoaderTest, AnErrorNamesTheFile) {
 TEST_F(PictureLoaderTest, TwoWhoAskForTheSameAreServedByOneDecoding) {
   PictureLoader loader(pool_, mailbox_.deliver());
   std::promise<void> open;
-  pool_.post([gate = open.get_future().share()] { gate.wait(); });
+  holdPool(open.get_future().share());
   const auto path = file("a.jpg", red);
   const auto first = loader.load(path, {32, 24}, keep());
   const auto second = loader.load(path, {32, 24}, keep());
@@ -205,7 +216,7 @@ TEST_F(PictureLoaderTest, TwoWhoAskForTheSameAreServedByOneDecoding) {
 
 TEST_F(PictureLoaderTest, AnEndedLoaderDeliversNoMore) {
   std::promise<void> open;
-  pool_.post([gate = open.get_future().share()] { gate.wait(); });
+  holdPool(open.get_future().share());
   PictureLoader::Ticket ticket;
   {
     PictureLoader loader(pool_, mailbox_.deliver());
