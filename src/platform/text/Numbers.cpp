@@ -1,5 +1,8 @@
 #include "Numbers.h"
 
+#include "RunTimeError.h"
+#include "Words.h"
+
 #include <charconv>
 #include <cmath>
 #include <limits>
@@ -8,17 +11,8 @@
 namespace hearthbook {
 namespace {
 
-bool isBlank(char c) { return c == ' ' || (c >= '\t' && c <= '\r'); }
 bool isDigit(char c) { return c >= '0' && c <= '9'; }
 char lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
-
-std::string_view trimmed(std::string_view text) {
-  while (!text.empty() && isBlank(text.front()))
-    text.remove_prefix(1);
-  while (!text.empty() && isBlank(text.back()))
-    text.remove_suffix(1);
-  return text;
-}
 
 int digitValue(char c) {
   if (isDigit(c))
@@ -71,11 +65,11 @@ Dress undress(std::string_view& text) {
     dress.sign = dress.negative = true;
     text = text.substr(1, text.size() - 2);
   }
-  text = trimmed(text);
+  text = withoutBlanks(text);
   while (!text.empty() && (takeSign(dress, text.front()) || takeCurrency(dress, text.front())))
-    text = trimmed(text.substr(1));
+    text = withoutBlanks(text.substr(1));
   while (!text.empty() && (takeSign(dress, text.back()) || takeCurrency(dress, text.back())))
-    text = trimmed(text.substr(0, text.size() - 1));
+    text = withoutBlanks(text.substr(0, text.size() - 1));
   return dress;
 }
 
@@ -134,7 +128,7 @@ std::optional<double> readPlain(const std::string& plain) {
 bool isNumeric(std::string_view text) { return numericValue(text).has_value(); }
 
 std::optional<double> numericValue(std::string_view text) {
-  text = trimmed(text);
+  text = withoutBlanks(text);
   if (const auto based = basedValue(text))
     return based;
   const Dress dress = undress(text);
@@ -146,7 +140,7 @@ std::optional<double> numericValue(std::string_view text) {
 }
 
 std::int64_t leadingNumber(std::string_view text) {
-  text = trimmed(text);
+  text = withoutBlanks(text);
   const bool negative = !text.empty() && text[0] == '-';
   if (!text.empty() && (text[0] == '-' || text[0] == '+'))
     text.remove_prefix(1);
@@ -182,6 +176,15 @@ std::int64_t roundHalfEven(double number) {
   if (rest == 0.5)
     return whole % 2 == 0 ? whole : whole + 1;
   return rest > 0.5 ? whole + 1 : whole;
+}
+
+std::int16_t shortNumber(std::int64_t number) {
+  using Limits = std::numeric_limits<std::int16_t>;
+  constexpr int overflow = 6;
+  if (number < Limits::min() || number > Limits::max())
+    throw RunTimeError("The number " + std::to_string(number) + " is too large to be used here.",
+                       overflow);
+  return static_cast<std::int16_t>(number);
 }
 
 } // namespace hearthbook

@@ -25,4 +25,7 @@ std::string padded(std::int64_t number, int digits);
 /// Rounded to the nearest whole number, ties to the even one: 54.5 and 53.5 both give 54.
 std::int64_t roundHalfEven(double number);
 
+/// The number as one of 16 bits; throws RunTimeError 6 where it does not fit.
+std::int16_t shortNumber(std::int64_t number);
+
 } // namespace hearthbook

@@ -1,4 +1,5 @@
 #include "Numbers.h"
+#include "RunTimeError.h"
 
 #include <gtest/gtest.h>
 
@@ -82,6 +83,13 @@ TEST(Numbers, TiesRoundToTheEvenNumber) {
   EXPECT_EQ(roundHalfEven(-2.5), -2);
   EXPECT_EQ(roundHalfEven(1e300), std::numeric_limits<std::int64_t>::max());
   EXPECT_EQ(roundHalfEven(-1e300), std::numeric_limits<std::int64_t>::min());
+}
+
+TEST(Numbers, AShortNumberThatDoesNotFitIsRefused) {
+  EXPECT_EQ(shortNumber(32767), 32767);
+  EXPECT_EQ(shortNumber(-32768), -32768);
+  EXPECT_THROW(shortNumber(32768), RunTimeError);
+  EXPECT_THROW(shortNumber(-32769), RunTimeError);
 }
 
 } // namespace

@@ -1,0 +1,34 @@
+#include "Words.h"
+
+#include <gtest/gtest.h>
+
+namespace hearthbook {
+namespace {
+
+TEST(Words, TrimmingTakesOnlyTheBlanksAround) {
+  EXPECT_EQ(trimmed("  Anna Maria "), "Anna Maria");
+  EXPECT_EQ(trimmed("\tAnna"), "\tAnna");
+  EXPECT_EQ(trimmed("   "), "");
+  EXPECT_EQ(trimmed(""), "");
+}
+
+TEST(Words, WithoutBlanksTakesTabsAndLineEndsToo) {
+  EXPECT_EQ(withoutBlanks(" \t 12\n"), "12");
+  EXPECT_EQ(withoutBlanks(" \n"), "");
+}
+
+TEST(Words, CharactersAreCountedNotBytes) {
+  EXPECT_EQ(characterCount(""), 0U);
+  EXPECT_EQ(characterCount("Zoë"), 3U);
+  EXPECT_EQ(characterCount("שרה"), 3U);
+  EXPECT_EQ(characterCount("Zoe\u0308"), 4U); // the accent is a character of its own
+  EXPECT_EQ(characterCount("\U0001F382"), 1U);
+}
+
+TEST(Words, ApostrophesAreDoubled) {
+  EXPECT_EQ(doubled("O'Brien's", '\''), "O''Brien''s");
+  EXPECT_EQ(doubled("Anna", '\''), "Anna");
+}
+
+} // namespace
+} // namespace hearthbook
