@@ -4,7 +4,8 @@
 -- RowKey tells the record sets which row a line of an answer came from. Numbers given by the
 -- database are never given twice. Names have the order HEARTHBOOK_TEXT, which the program brings
 -- along. No index may use it, since other tools could not keep that in order; triggers see to it
--- that a name stands once.
+-- that a name stands once. How long the name of a person may be, the forms that ask for it say:
+-- one of them takes a longer one, to be shortened in its field.
 BEGIN IMMEDIATE;
 
 CREATE TABLE PhotoAlbum (
@@ -30,7 +31,7 @@ CREATE TABLE Events (
 
 CREATE TABLE Appearances (
   AppearancesID    INTEGER PRIMARY KEY AUTOINCREMENT,
-  AppearancesNames TEXT NOT NULL COLLATE HEARTHBOOK_TEXT CHECK (length(AppearancesNames) <= 20),
+  AppearancesNames TEXT NOT NULL COLLATE HEARTHBOOK_TEXT,
   AFirstName       TEXT COLLATE HEARTHBOOK_TEXT,
   ALastName        TEXT COLLATE HEARTHBOOK_TEXT,
   BirthDate        TEXT,
