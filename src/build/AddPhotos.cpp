@@ -2,6 +2,7 @@
 
 #include "PhotoIdentity.h"
 #include "PhotoWriter.h"
+#include "PhotosAhead.h"
 #include "PreparedPhoto.h"
 #include "Resample.h"
 #include "ThumbnailSize.h"
@@ -17,37 +18,6 @@ namespace hearthbook {
 namespace fs = std::filesystem;
 
 namespace {
-
-/// Prepares the sources to come on the pool, a few at a time, and hands them out in order.
-class PhotosAhead {
-public:
-  PhotosAhead(WorkPool& pool, std::deque<fs::path> sources, bool reduce, std::function<void()> wake)
-      : pool_(pool), sources_(std::move(sources)), reduce_(reduce), wake_(std::move(wake)) {}
-
-  std::future<PreparedPhoto> next() {
-    fill();
-    auto first = std::move(ahead_.front());
-    ahead_.pop_front();
-    fill();
-    return first;
-  }
-
-private:
-  void fill() {
-    constexpr std::size_t inFlightForEachThread = 2;
-    const auto window = static_cast<std::size_t>(pool_.threads()) * inFlightForEachThread;
-    for (; !sources_.empty() && ahead_.size() < window; sources_.pop_front())
-      ahead_.push_back(pool_.run(
-          [source = sources_.front(), reduce = reduce_] { return preparePhoto(source, reduce); },
-          wake_));
-  }
-
-  WorkPool& pool_;
-  std::deque<fs::path> sources_;
-  bool reduce_;
-  std::function<void()> wake_;
-  std::deque<std::future<PreparedPhoto>> ahead_;
-};
 
 std::deque<fs::path> selectedOf(const AddPhotosRequest& request) {
   std::deque<fs::path> sources;
@@ -66,7 +36,8 @@ public:
   PhotoAdder(Album& album, WorkPool& pool, const AddPhotosRequest& request,
              const AddPhotosListener& listener)
       : album_(album), request_(request), listener_(listener), held_(thumbnailOf(request.preview)),
-        ahead_(pool, selectedOf(request), request.reduce, listener.wake) {}
+        ahead_(pool, disk_, album.folder.path("\\Photos"), selectedOf(request), request.reduce,
+               listener.wake) {}
 
   int run();
 
@@ -92,11 +63,11 @@ private:
   Album& album_;
   const AddPhotosRequest& request_;
   const AddPhotosListener& listener_;
-  fs::path source_; ///< the file at work
-  std::string id_;  ///< and its photo
-  Picture held_;    ///< the picture at hand, at the size of a thumbnail
+  fs::path source_;  ///< the file at work
+  std::string id_;   ///< and its photo
+  Picture held_;     ///< the picture at hand, at the size of a thumbnail
+  WorkPool disk_{2}; ///< so that waiting for the disk takes no thread from the decoding
   PhotosAhead ahead_;
-  WorkPool disk_{1}; ///< so that waiting for the disk takes no thread from the decoding
 };
 
 int PhotoAdder::run() {
@@ -118,9 +89,11 @@ void PhotoAdder::add(const fs::path& source) {
   step([this] { album_.vars.NextPhotoNumber = nextPhotoNumber(album_.data.rsPhotoAlbum); });
   id_ = hardDiskId(album_.vars.NextPhotoNumber);
   step([this] { addRow(); });
-  const auto photo = std::make_shared<const PreparedPhoto>(await(std::move(ahead)));
+  const auto photo = std::make_shared<const PreparedPhoto>(await(std::move(ahead.prepared)));
   step([&] { load(*photo); });
   auto order = orderFor(source, photo);
+  if (ahead.copy.valid())
+    order.early = await(std::move(ahead.copy));
   if (request_.move)
     step([&] { order.remove = mayRemove(source); });
   tell(await(

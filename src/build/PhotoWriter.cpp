@@ -27,15 +27,21 @@ bool isReadOnly(const fs::path& file) {
   return (fs::status(file).permissions() & fs::perms::owner_write) == fs::perms::none;
 }
 
-/// "Photos 00001.jpg", or with a number that is free: nothing in Backup is written over.
-fs::path freeNameInBackup(const fs::path& backup, const fs::path& original) {
-  const std::string stem =
-      original.parent_path().filename().string() + " " + original.stem().string();
-  const std::string extension = original.extension().string();
-  fs::path name = backup / (stem + extension);
-  for (int number = 2; fileExists(name); ++number)
-    name = backup / (stem + " (" + std::to_string(number) + ")" + extension);
-  return name;
+/// "Photos 00001.jpg", "Photos 00001 (2).jpg", ...
+std::string nameInBackup(const fs::path& original, int number) {
+  std::string name = original.parent_path().filename().string();
+  name += " " + original.stem().string();
+  if (number > 1)
+    name += " (" + std::to_string(number) + ")";
+  return name += original.extension().string();
+}
+
+/// Nothing in Backup is written over.
+fs::path freePlaceInBackup(const fs::path& backup, const fs::path& original) {
+  int number = 1;
+  while (fileExists(backup / nameInBackup(original, number)))
+    ++number;
+  return backup / nameInBackup(original, number);
 }
 
 } // namespace
@@ -89,7 +95,8 @@ void PhotoWriter::copyPhoto() {
     flushToDisk(order_.photo); // it is where it belongs
   } else {
     keep(order_.photo);
-    copyFileSafely(bytesFrom_, order_.photo);
+    if (!order_.early || !order_.early->place(bytesFrom_, order_.photo))
+      copyFileSafely(bytesFrom_, order_.photo);
     photoIsOurs_ = true;
   }
   holds_ = Holds::ItsBytes;
@@ -156,7 +163,7 @@ void PhotoWriter::keep(const fs::path& target) {
   if (!fileExists(target))
     return;
   fs::create_directories(order_.backup);
-  const fs::path keptAs = freeNameInBackup(order_.backup, target);
+  const fs::path keptAs = freePlaceInBackup(order_.backup, target);
   copyFileSafely(target, keptAs);
   if (isSameFile(bytesFrom_, target))
     bytesFrom_ = keptAs;

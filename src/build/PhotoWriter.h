@@ -1,5 +1,6 @@
 #pragma once
 
+#include "EarlyCopy.h"
 #include "PreparedPhoto.h"
 
 #include <filesystem>
@@ -16,6 +17,7 @@ struct PhotoWriteOrder {
   std::filesystem::path thumbnail; ///< where its thumbnail goes
   std::filesystem::path backup;    ///< the folder for what would be written over
   std::shared_ptr<const PreparedPhoto> prepared;
+  std::shared_ptr<EarlyCopy> early; ///< the photo, if it could be copied ahead
   Picture held; ///< the picture at hand: the source's thumbnail, or that of the file before
   bool reduce = false;
   bool remove = false; ///< the source has to go once the album has it

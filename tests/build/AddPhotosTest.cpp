@@ -3,6 +3,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <stdexcept>
+
 namespace hearthbook {
 namespace {
 
@@ -144,7 +146,21 @@ TEST_F(AddPhotos, TheAlbumsThreadOnlyWaitsThroughTheListener) {
       std::this_thread::yield();
   };
   add({source("a.jpg", photoJpeg()), source("b.jpg", photoJpeg())});
-  EXPECT_EQ(waits, 4); // for the picture and for the disk
+  EXPECT_EQ(waits, 6); // for the picture, for its copy and for the rest of its files
+}
+
+TEST_F(AddPhotos, NothingHalfMadeIsLeft) {
+  add({source("a.jpg", photoJpeg()), source("letter.jpg", letter), at("Photos/gone.jpg")});
+  EXPECT_THAT(namesIn(at("Photos")), ElementsAre("00001.jpg", "00002.jpg", "00003.jpg"));
+  EXPECT_THAT(namesIn(at("Thumbnails")),
+              ElementsAre("00001.jpg", "00002.jpg", "00003.jpg", "00004.jpg"));
+}
+
+TEST_F(AddPhotos, AFormThatThrowsEndsTheAddingInOrder) {
+  listener_.showing = [](const Picture&) { throw std::runtime_error("closed"); };
+  listener_.failed = [](const fs::path&, const std::exception&) { throw std::logic_error("no"); };
+  EXPECT_THROW(add({source("a.jpg", photoJpeg()), source("b.jpg", photoJpeg())}), std::logic_error);
+  EXPECT_THAT(namesIn(at("Photos")), ElementsAre("00001.jpg"));
 }
 
 TEST_F(AddPhotos, NamesOfAllKindsAreTaken) {

@@ -95,46 +95,6 @@ fs::path folderOf(const fs::path& file) {
   return file.has_parent_path() ? file.parent_path() : fs::path(".");
 }
 
-/// The temporary file beside a target: removed unless it has taken the target's place.
-class PartFile {
-public:
-  explicit PartFile(const fs::path& target) : target_(target), file_(create()) {}
-  ~PartFile() {
-    if (!placed_)
-      ::unlink(part_.c_str());
-  }
-  PartFile(const PartFile&) = delete;
-  PartFile& operator=(const PartFile&) = delete;
-
-  [[nodiscard]] int number() const { return file_.number(); }
-
-  void place() {
-    if (::fsync(file_.number()) != 0 || !file_.close())
-      throwFileError("write", target_, errno);
-    if (::rename(part_.c_str(), target_.c_str()) != 0)
-      throwFileError("write", target_, errno);
-    placed_ = true;
-    flushToDisk(folderOf(target_));
-  }
-
-private:
-  int create() {
-    for (;;) {
-      part_ = nextPartName(folderOf(target_));
-      const int file = ::open(part_.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
-      if (file >= 0)
-        return file;
-      if (errno != EEXIST)
-        throwFileError("write", target_, errno);
-    }
-  }
-
-  fs::path target_;
-  fs::path part_;
-  bool placed_ = false;
-  FileDescriptor file_;
-};
-
 /// Lets the kernel copy as far as it can; what is left is for copyRest().
 void copyInKernel(int source, int target) {
   constexpr std::size_t piece = std::size_t{1} << 30;
@@ -174,6 +134,59 @@ bool isAbandoned(std::string_view name) {
 
 } // namespace
 
+/// The temporary file beside a target: removed unless it has taken the target's place.
+class PartFile {
+public:
+  explicit PartFile(const fs::path& target) : target_(target), file_(create()) {}
+  ~PartFile() {
+    if (!placed_)
+      ::unlink(part_.c_str());
+  }
+  PartFile(const PartFile&) = delete;
+  PartFile& operator=(const PartFile&) = delete;
+
+  [[nodiscard]] int number() const { return file_.number(); }
+  void copyFrom(const fs::path& source);
+
+  /// All of it is on the disk, under its temporary name.
+  void finish() {
+    if (::fsync(file_.number()) != 0 || !file_.close())
+      throwFileError("write", target_, errno);
+  }
+
+  void place(const fs::path& target) {
+    if (::rename(part_.c_str(), target.c_str()) != 0)
+      throwFileError("write", target, errno);
+    placed_ = true;
+    flushToDisk(folderOf(target));
+  }
+
+private:
+  int create() {
+    for (;;) {
+      part_ = nextPartName(folderOf(target_));
+      const int file = ::open(part_.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+      if (file >= 0)
+        return file;
+      if (errno != EEXIST)
+        throwFileError("write", target_, errno);
+    }
+  }
+
+  fs::path target_;
+  fs::path part_;
+  bool placed_ = false;
+  FileDescriptor file_;
+};
+
+void PartFile::copyFrom(const fs::path& source) {
+  const FileDescriptor from(::open(source.c_str(), O_RDONLY | O_CLOEXEC));
+  if (!from.isOpen())
+    throwFileError("read", source, errno);
+  copyInKernel(from.number(), number());
+  copyRest(from.number(), source, number(), target_);
+}
+
 void replaceFile(const fs::path& target, const std::function<void(std::ostream&)>& write) {
   PartFile part(target);
   FileBuffer buffer(part.number());
@@ -182,18 +195,26 @@ void replaceFile(const fs::path& target, const std::function<void(std::ostream&)
   stream.flush();
   if (!stream)
     throwFileError("write", target, buffer.error() != 0 ? buffer.error() : EIO);
-  part.place();
+  part.finish();
+  part.place(target);
 }
 
 void copyFileSafely(const fs::path& source, const fs::path& target) {
-  const FileDescriptor from(::open(source.c_str(), O_RDONLY | O_CLOEXEC));
-  if (!from.isOpen())
-    throwFileError("read", source, errno);
   PartFile part(target);
-  copyInKernel(from.number(), part.number());
-  copyRest(from.number(), source, part.number(), target);
-  part.place();
+  part.copyFrom(source);
+  part.finish();
+  part.place(target);
 }
+
+StagedCopy::StagedCopy(const fs::path& source, const fs::path& folder)
+    : part_(std::make_unique<PartFile>(folder / source.filename())) {
+  part_->copyFrom(source);
+  part_->finish();
+}
+
+StagedCopy::~StagedCopy() = default;
+
+void StagedCopy::place(const fs::path& target) { part_->place(target); }
 
 void deleteFile(const fs::path& file) {
   if (::unlink(file.c_str()) == 0)

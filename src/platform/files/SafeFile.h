@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <functional>
 #include <iosfwd>
+#include <memory>
 
 namespace hearthbook {
 
@@ -15,6 +16,24 @@ void replaceFile(const std::filesystem::path& target,
 
 /// Copies the bytes of `source` to `target` in the same manner.
 void copyFileSafely(const std::filesystem::path& source, const std::filesystem::path& target);
+
+class PartFile;
+
+/// A copy made ahead in the folder where it will stand, flushed, under a temporary name. It is
+/// gone with this object unless it has taken its place.
+class StagedCopy {
+public:
+  StagedCopy(const std::filesystem::path& source, const std::filesystem::path& folder);
+  ~StagedCopy();
+  StagedCopy(const StagedCopy&) = delete;
+  StagedCopy& operator=(const StagedCopy&) = delete;
+
+  /// Takes its place, which is in the folder, or throws RunTimeError.
+  void place(const std::filesystem::path& target);
+
+private:
+  std::unique_ptr<PartFile> part_;
+};
 
 /// Deletes the file; flushes the folder. Throws if it is there and cannot be deleted.
 void deleteFile(const std::filesystem::path& file);

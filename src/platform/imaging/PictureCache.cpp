@@ -3,8 +3,6 @@
 #include <iterator>
 #include <tuple>
 
-#include <sys/stat.h>
-
 namespace hearthbook {
 
 namespace {
@@ -15,14 +13,6 @@ std::size_t bytesOf(const Decoded& decoded) {
 }
 
 } // namespace
-
-std::optional<FileStamp> stampOf(const std::filesystem::path& file) {
-  struct stat status {};
-  if (stat(file.c_str(), &status) != 0)
-    return {};
-  return FileStamp{status.st_mtim.tv_sec, status.st_mtim.tv_nsec,
-                   static_cast<std::uint64_t>(status.st_size), status.st_ino};
-}
 
 bool PictureWish::operator<(const PictureWish& other) const {
   return std::tie(file.native(), size.width, size.height) <

@@ -22,14 +22,17 @@ public:
   /// the same thread once the answer is there. An answer never given, because the pool ended,
   /// throws std::future_error.
   template <class Work>
-  auto run(Work work, std::function<void()> afterwards = {}) -> std::future<decltype(work())> {
+  auto run(Work work, std::function<void()> afterwards = {}, bool urgent = false)
+      -> std::future<decltype(work())> {
     auto task = std::make_shared<std::packaged_task<decltype(work())()>>(std::move(work));
     auto result = task->get_future();
-    post([task, afterwards = std::move(afterwards)] {
-      (*task)();
-      if (afterwards)
-        afterwards();
-    });
+    post(
+        [task, afterwards = std::move(afterwards)] {
+          (*task)();
+          if (afterwards)
+            afterwards();
+        },
+        urgent);
     return result;
   }
 
