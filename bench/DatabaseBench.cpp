@@ -44,19 +44,23 @@ void readColumn(sqlite3_stmt* statement, int column) {
   }
 }
 
-/// The same connection and settings, every column read and none kept.
+/// Every column read and none kept.
+void readAll(const Connection& connection, const std::string& select) {
+  sqlite3_stmt* statement = nullptr;
+  sqlite3_prepare_v2(connection.handle(), select.c_str(), -1, &statement, nullptr);
+  const int columns = sqlite3_column_count(statement);
+  while (sqlite3_step(statement) == SQLITE_ROW)
+    for (int column = 0; column < columns; ++column)
+      readColumn(statement, column);
+  sqlite3_finalize(statement);
+}
+
+/// The same connection and settings.
 void openReference(benchmark::State& state) {
   Connection connection;
   connection.Open(largeAlbum(static_cast<int>(state.range(0))));
-  for (auto _ : state) {
-    sqlite3_stmt* statement = nullptr;
-    sqlite3_prepare_v2(connection.handle(), wholeAlbum, -1, &statement, nullptr);
-    const int columns = sqlite3_column_count(statement);
-    while (sqlite3_step(statement) == SQLITE_ROW)
-      for (int column = 0; column < columns; ++column)
-        readColumn(statement, column);
-    sqlite3_finalize(statement);
-  }
+  for (auto _ : state)
+    readAll(connection, wholeAlbum);
 }
 
 BENCHMARK(openOurs)->Name("database open 10,000/ours")->Arg(10'000)->Unit(benchmark::kMillisecond);
@@ -68,6 +72,41 @@ BENCHMARK(openOurs)->Name("database open 100,000/ours")->Arg(many)->Unit(benchma
 BENCHMARK(openReference)
     ->Name("database open 100,000/reference")
     ->Arg(many)
+    ->Unit(benchmark::kMillisecond);
+
+// Opening the chosen photos of a search
+
+constexpr int chosen = 5'000;
+
+std::string idOf(int number) { return "'HD" + std::to_string(100'000 + number).substr(1) + "'"; }
+
+void openChosenOurs(benchmark::State& state) {
+  std::string select = "SELECT * From PhotoAlbum Where PictureID = Null";
+  for (int i = 1; i <= chosen; ++i)
+    select += " OR PictureID = " + idOf(i * 7);
+  Connection connection;
+  connection.Open(largeAlbum(many));
+  Recordset photos(connection);
+  for (auto _ : state) {
+    photos.Open(select);
+    benchmark::DoNotOptimize(photos.RecordCount());
+  }
+}
+
+/// As one would word it for this database.
+void openChosenReference(benchmark::State& state) {
+  std::string select = "SELECT * FROM PhotoAlbum WHERE PictureID IN (''";
+  for (int i = 1; i <= chosen; ++i)
+    select += "," + idOf(i * 7);
+  Connection connection;
+  connection.Open(largeAlbum(many));
+  for (auto _ : state)
+    readAll(connection, select + ") ORDER BY PictureID");
+}
+
+BENCHMARK(openChosenOurs)->Name("database open 5,000 chosen/ours")->Unit(benchmark::kMillisecond);
+BENCHMARK(openChosenReference)
+    ->Name("database open 5,000 chosen/reference")
     ->Unit(benchmark::kMillisecond);
 
 // Find and Filter

@@ -5,7 +5,6 @@
 #include "TextOrder.h"
 
 #include <algorithm>
-#include <ranges>
 #include <tuple>
 
 namespace hearthbook {
@@ -76,8 +75,9 @@ std::vector<SortField> parseSort(std::string_view text, const Answer& answer) {
 }
 
 void sortRows(std::vector<RowId>& order, const RowSet& rows, const std::vector<SortField>& fields) {
-  for (const SortField field : std::views::reverse(fields))
-    sortBy(order, rows, field); // stable: the first field is sorted by last
+  // Each sort is stable, so the first field comes last.
+  std::for_each(fields.rbegin(), fields.rend(),
+                [&](const SortField& field) { sortBy(order, rows, field); });
 }
 
 } // namespace hearthbook

@@ -92,11 +92,16 @@ std::string withColumn(std::string_view select, std::string_view table, std::str
 }
 
 std::string withOrder(std::string_view select, const std::vector<std::string>& fields) {
-  std::string order;
-  for (const std::string& field : fields)
-    order += (order.empty() ? " ORDER BY " : ", ") + quotedName(field);
   Tokens tokens = sqlTokens(select);
-  for (const std::size_t i : outermost(tokens)) {
+  const auto outer = outermost(tokens);
+  const bool hasCondition = std::any_of(outer.begin(), outer.end(),
+                                        [&](std::size_t i) { return isWord(tokens[i], "where"); });
+  std::string order;
+  for (const std::string& field : fields) {
+    order.append(order.empty() ? " ORDER BY " : ", ").append(hasCondition ? "+" : "");
+    order.append(quotedName(field));
+  }
+  for (const std::size_t i : outer) {
     if (isMark(tokens[i], ';') || isWord(tokens[i], "limit")) {
       tokens[i].text = order + " " + tokens[i].text;
       return joined(tokens);

@@ -18,7 +18,8 @@ SelectShape selectShape(std::string_view select);
 /// The same select with one more column, `"table"."field"`, in front.
 std::string withColumn(std::string_view select, std::string_view table, std::string_view field);
 
-/// The same select, ordered by the fields.
+/// The same select, ordered by the fields. Where it has a condition, the answer is sorted
+/// (which the + says): walking the whole table in order would test every row.
 std::string withOrder(std::string_view select, const std::vector<std::string>& fields);
 
 /// A bare name stands for the whole table.

@@ -1,14 +1,21 @@
 #include "AlbumFile.h"
 
+#include "PrivateMount.h"
 #include "RunTimeError.h"
 
 #include <sqlite3.h>
 
-#include <cstdlib>
-#include <fstream>
-#include <string>
+#include <sys/time.h>
 #include <sys/wait.h>
 #include <unistd.h>
+
+#include <array>
+#include <csignal>
+#include <cstdlib>
+#include <fstream>
+#include <memory>
+#include <stdexcept>
+#include <string>
 
 namespace hearthbook::test {
 namespace {
@@ -197,6 +204,73 @@ TEST_F(AlbumFile, TakesBackWhatAKilledProcessLeftHalfDone) {
   EXPECT_EQ(stored("SELECT max(length(NamesCords)) FROM PhotoAlbum"), "14");
   EXPECT_TRUE(connection.passesQuickCheck());
   EXPECT_FALSE(fs::exists(file.string() + "-journal"));
+}
+
+/// In a process of its own: writes year after year into the first photo and says each one that
+/// is stored, until an alarm ends it as a kill would.
+void writeYearsUntilKilled(const fs::path& file, int told, suseconds_t after) {
+  const itimerval alarm{{0, 0}, {0, after}};
+  setitimer(ITIMER_REAL, &alarm, nullptr);
+  Connection connection;
+  connection.Open(file);
+  Recordset photos(connection);
+  photos.Open("PhotoAlbum");
+  for (int year = 1;; ++year) {
+    photos.Collect("Year", year);
+    photos.Update();
+    if (write(told, &year, sizeof year) != sizeof year)
+      _exit(1);
+  }
+}
+
+/// The last year that the process said is stored; 0 if none.
+int lastYearBeforeTheKill(const fs::path& file, suseconds_t after) {
+  std::array<int, 2> ends{};
+  if (pipe(ends.data()) != 0)
+    throw std::runtime_error("no pipe");
+  const pid_t child = fork();
+  if (child == 0)
+    writeYearsUntilKilled(file, ends[1], after);
+  close(ends[1]);
+  int last = 0;
+  for (int year = 0; read(ends[0], &year, sizeof year) == sizeof year;)
+    last = year;
+  close(ends[0]);
+  waitpid(child, nullptr, 0);
+  return last;
+}
+
+TEST_F(AlbumFile, WhatWasStoredBeforeAKillIsThere) {
+  connection.Close();
+  for (suseconds_t after = 1'000; after < 60'000; after += 3'000) {
+    const int last = lastYearBeforeTheKill(file, after);
+    connection.Open(file);
+    EXPECT_TRUE(connection.passesQuickCheck());
+    EXPECT_EQ(stored("SELECT count(*) FROM PhotoAlbum"), "6");
+    const Value year(stored("SELECT Year FROM PhotoAlbum WHERE PictureID = 'CD00002'"));
+    EXPECT_TRUE(last == 0 || year.toInteger() >= last) << year.toInteger() << " after " << last;
+    connection.execute("UPDATE PhotoAlbum SET Year = 0 WHERE PictureID = 'CD00002'");
+    connection.Close();
+  }
+}
+
+TEST_F(AlbumFile, AnAlbumThatCannotBeWrittenIsReadAndKeepsItsEditsPending) {
+  if (!canMountPrivately())
+    GTEST_SKIP() << "this machine allows no mounts";
+  connection.Close();
+  const ReadOnlyMount mount(folder.path());
+  connection.Open(file);
+  Recordset photos(connection);
+  photos.Open("PhotoAlbum");
+  EXPECT_EQ(photos.RecordCount(), 6);
+  photos.Collect("Year", 1960);
+  EXPECT_THROW(photos.Update(), RunTimeError);
+  EXPECT_THROW(photos.MoveNext(), RunTimeError);
+  EXPECT_TRUE(photos.isPending());
+  photos.CancelUpdate();
+  photos.MoveNext();
+  EXPECT_EQ(photos.AbsolutePosition(), 2);
+  connection.Close();
 }
 
 TEST_F(AlbumFile, LongStatementsAreCutInMessages) {

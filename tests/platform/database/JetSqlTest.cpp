@@ -97,6 +97,8 @@ TEST(SelectShape, KnowsWhetherTheRowsHaveAnOrder) {
 TEST(SelectShape, PutsAnOrderWhereItBelongs) {
   EXPECT_EQ(withOrder("SELECT * FROM a;", {"x", "y\"z"}),
             "SELECT * FROM a ORDER BY \"x\", \"y\"\"z\" ;");
+  EXPECT_EQ(withOrder("SELECT * FROM a WHERE b", {"x", "y"}),
+            "SELECT * FROM a WHERE b\n ORDER BY +\"x\", +\"y\"");
   EXPECT_EQ(withOrder("SELECT * FROM a LIMIT 3", {"x"}), "SELECT * FROM a  ORDER BY \"x\" LIMIT 3");
   EXPECT_EQ(withOrder("SELECT * FROM a -- all", {"x"}), "SELECT * FROM a -- all\n ORDER BY \"x\"");
 }
