@@ -40,7 +40,7 @@ void FormArea::showForm(Form& form) {
   }
   std::erase(windows_, window);
   windows_.push_back(window);
-  window->fit(size());
+  window->setGeometry(rect());
   form.show();
   window->show();
   window->raise();
@@ -126,7 +126,7 @@ void FormArea::resizeEvent(QResizeEvent* event) {
   QWidget::resizeEvent(event);
   fitBackdrop();
   for (FormWindow* window : windows_)
-    window->fit(size());
+    window->setGeometry(rect());
 }
 
 } // namespace hearthbook

@@ -9,8 +9,6 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 
-#include <algorithm>
-
 namespace hearthbook {
 
 namespace {
@@ -82,22 +80,6 @@ QWidget* FormWindow::makeTitleBar() {
   row->addWidget(caption_, 1);
   row->addWidget(close);
   return bar;
-}
-
-QSize FormWindow::designSize() const {
-  const QSize hint = form_.sizeHint();
-  if (hint.isValid() && !hint.isEmpty())
-    return hint;
-  return {static_cast<int>(workFormSize.width) / twipsPerPixel,
-          static_cast<int>(workFormSize.height) / twipsPerPixel};
-}
-
-void FormWindow::fit(QSize area) {
-  const int title = layout()->itemAt(0)->sizeHint().height();
-  const QSize design = designSize();
-  const QSize room(area.width(), std::max(1, area.height() - title));
-  const QSize content = design.scaled(room, Qt::KeepAspectRatio);
-  setGeometry(0, 0, content.width(), content.height() + title);
 }
 
 void FormWindow::focusForm() {

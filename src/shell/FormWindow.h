@@ -7,15 +7,14 @@ class QLabel;
 namespace hearthbook {
 
 /// A work form as it stands in the frame: a title bar with the form's caption and a close
-/// button, and the form below it. Tab stays inside.
+/// button, and the form below it. Tab stays inside. It covers the frame whole: a strip of the start
+/// screen beside a form would only distract; the form's stage takes the largest scale that fits.
 class FormWindow : public QWidget {
   Q_OBJECT
 public:
   FormWindow(Form& form, QWidget* parent);
 
   [[nodiscard]] Form& form() const { return form_; }
-  /// Left 0, top 0, at the largest uniform scale of the form that the area holds.
-  void fit(QSize area);
   /// Puts the focus where it last was in the form, or on its first field.
   void focusForm();
   /// Lets go of the form, which stays alive without a parent.
@@ -23,7 +22,6 @@ public:
 
 private:
   QWidget* makeTitleBar();
-  [[nodiscard]] QSize designSize() const;
 
   Form& form_;
   QLabel* caption_;
