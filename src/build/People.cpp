@@ -10,6 +10,16 @@ namespace hearthbook {
 
 namespace {
 
+/// A refused row must not stay pending in a set that others share.
+void storeOrDrop(Recordset& people) {
+  try {
+    people.Update();
+  } catch (...) {
+    people.CancelUpdate();
+    throw;
+  }
+}
+
 /// The line of a relation, with the blank line in front of it; nothing for an unknown person.
 std::string relationLine(const Recordset& people) {
   const auto relation = relationOf(people);
@@ -45,13 +55,17 @@ std::int16_t addPerson(Recordset& people, std::string_view name) {
   people.AddNew();
   people.Collect("AppearancesNames", name);
   people.Collect("relationID", 0);
-  try {
-    people.Update();
-  } catch (...) {
-    people.CancelUpdate(); // a refused row must not stay pending in a shared set
-    throw;
-  }
+  storeOrDrop(people);
   return shortNumber(people.Collect("AppearancesID").toInteger());
+}
+
+void writeBackPerson(Recordset& people, std::int64_t id, const std::string& name,
+                     std::int64_t relationId) {
+  if (!personById(people, id))
+    return;
+  people.Collect("AppearancesNames", name);
+  people.Collect("relationID", relationId);
+  storeOrDrop(people);
 }
 
 void removePerson(Recordset& people, std::int64_t id) {

@@ -33,6 +33,10 @@ std::int16_t addPerson(Recordset& people, std::string_view name);
 /// Removes the person's row, if it is there, and stands on the first.
 void removePerson(Recordset& people, std::int64_t id);
 
+/// Gives the person a name and a relation, if the row is there.
+void writeBackPerson(Recordset& people, std::int64_t id, const std::string& name,
+                     std::int64_t relationId);
+
 /// Why a name is refused, told of the person on whom the set stands.
 std::string duplicateNameMessage(const Recordset& people);
 

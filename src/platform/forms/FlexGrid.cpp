@@ -215,8 +215,17 @@ void FlexGrid::setRow(int row) {
 int FlexGrid::topRow() const { return rowCount() == 0 ? 1 : verticalScrollBar()->value() + 1; }
 
 void FlexGrid::setTopRow(int row) {
-  if (row >= 1 && row <= rowCount())
+  if (row < 1 || row > rowCount())
+    return;
+  wantedTop_ = isVisible() ? 0 : row;
+  if (isVisible())
     scrollToItem(item(row - 1, 0), PositionAtTop);
+}
+
+void FlexGrid::showEvent(QShowEvent* event) {
+  QTableWidget::showEvent(event);
+  if (wantedTop_ > 0)
+    setTopRow(wantedTop_);
 }
 
 QRect FlexGrid::rowRect(int row) const {

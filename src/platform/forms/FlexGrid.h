@@ -45,7 +45,7 @@ public:
   [[nodiscard]] int col() const;
   void setRow(int row);
   [[nodiscard]] int topRow() const; ///< the first row in sight below the header
-  void setTopRow(int row);
+  void setTopRow(int row); ///< before the grid is in sight too
 
   [[nodiscard]] int mouseRow() const { return mouseRow_; } ///< 0 over the header, -1 over no row
   [[nodiscard]] int mouseCol() const { return mouseCol_; }
@@ -67,6 +67,7 @@ protected:
   void keyPressEvent(QKeyEvent* event) override;
   bool eventFilter(QObject* watched, QEvent* event) override;
   void changeEvent(QEvent* event) override;
+  void showEvent(QShowEvent* event) override;
 
 private:
   class RowPainter;
@@ -77,6 +78,7 @@ private:
 
   QStringList formatTexts_; ///< with the blanks that widen the columns
   FocusRect focus_ = FocusRect::Light;
+  int wantedTop_ = 0; ///< told while there was nothing to scroll yet
   int mouseRow_ = -1;
   int mouseCol_ = -1;
 };

@@ -119,6 +119,18 @@ TEST_F(FlexGridTest, ScrollsSoThatARowIsTheTopOne) {
   EXPECT_EQ(grid.topRow(), 7);
 }
 
+TEST_F(FlexGridTest, ATopRowCanBeToldBeforeTheGridIsInSight) {
+  FlexGrid later;
+  later.setFormat(QStringLiteral("<Year"));
+  for (int row = 0; row < 40; ++row)
+    later.addRow(QString::number(row));
+  later.setRow(14);
+  later.setTopRow(7);
+  later.resize(200, 300);
+  later.show();
+  EXPECT_EQ(later.topRow(), 7);
+}
+
 TEST_F(FlexGridTest, AClickChoosesTheRowAndTellsWhereTheMouseIs) {
   const QSignalSpy clicks(&grid, &FlexGrid::gridClicked);
   QTest::mouseClick(grid.viewport(), Qt::LeftButton, {}, cellAt(4, 1));
