@@ -10,6 +10,8 @@
 #include "NameFilter.h"
 #include "NamesInPhoto.h"
 #include "Numbers.h"
+#include "PeopleCommands.h"
+#include "PeopleControls.h"
 #include "PhotoFiles.h"
 #include "PickaPic.h"
 #include "Pointer.h"
@@ -24,7 +26,6 @@
 #include <QKeyEvent>
 #include <QPixmap>
 #include <QScopeGuard>
-#include <QSignalBlocker>
 #include <QTimer>
 
 #include <algorithm>
@@ -40,6 +41,11 @@ DBeditor::DBeditor(Album& album, PictureLoader& loader, WorkPool& pool, Navigato
   stage_->placeAsDrawn(this);
 
   picture_ = new RecordPicture(*stage_, *ui->Image1, loader, pool, this);
+  people_ = std::make_unique<PeopleControls>(PeopleControls::Parts{ui->Combo1, ui->DataList1,
+                                                                   ui->List2, ui->PlacesDrp,
+                                                                   ui->EventsDrp, ui->Year},
+                                             [this] { return shownNames(); });
+  peopleCommands_ = std::make_unique<PeopleCommands>(album_, *people_);
   new HelpKeys(this, [this](const QString& key) { help_.show(key); });
   wireControls();
 
@@ -63,6 +69,10 @@ void DBeditor::wireControls() {
   // Photos and the form
   onCommand(ui->Command1, this, &DBeditor::addFromFile); // "Add From File"
   onCommand(ui->Command4, this, &DBeditor::done);        // "Done"
+  // People
+  onCommand(ui->Command19, this, [this] { peopleCommands_->addName(); });    // "Add"
+  onCommand(ui->Command11, this, [this] { peopleCommands_->updateName(); }); // "Update"
+  onCommand(ui->Command12, this, [this] { peopleCommands_->findYear(); });   // "Find Year"
   // The photo
   connect(picture_, &RecordPicture::placed, this, &DBeditor::placeImagePath);
   setLostFocusRule(ui->Year, [this] {
@@ -124,6 +134,7 @@ void DBeditor::updateEnabled() {
   ui->FindPhoto->setEnabled(hasRecords && navigator_.canFindPhoto());
 
   ui->Command18->setEnabled(standsOnRow(photos_));
+  ui->Command12->setEnabled(standsOnRow(photos_));
   ui->Command1->setEnabled(standsOnWholeAlbum(photos_));
 }
 
@@ -173,14 +184,10 @@ void DBeditor::placeImagePath() {
 }
 
 void DBeditor::showNames() {
-  const Value names = photos_.Collect("NamesInPhoto");
-  if (names.isNull() || names.toText().empty())
-    return;
-  const std::string marks = photos_.Collect("NamesCords").toText();
-  for (const NameEntry& entry : PopList(album_.data.rsAppearances, names.toText(), marks)) {
-    auto* item = new QListWidgetItem(toQString(entry.text), ui->List2);
-    item->setData(Qt::UserRole, QVariant::fromValue<qlonglong>(entry.id));
-  }
+  const auto names = shownNames();
+  if (names && !names->namesInPhoto.empty())
+    people_->setNamesInPhoto(
+        PopList(album_.data.rsAppearances, names->namesInPhoto, names->namesCords));
 }
 
 void DBeditor::showAudio() {
@@ -189,14 +196,9 @@ void DBeditor::showAudio() {
 }
 
 void DBeditor::showNameFilter() {
-  const QSignalBlocker quiet(ui->Combo1);
-  const QString chosen = ui->Combo1->currentText();
-  const auto entries = nameFilterEntries(album_.data.rsAppearances);
-  ui->Combo1->clear();
-  for (const NameEntry& entry : entries)
-    ui->Combo1->addItem(toQString(entry.text), QVariant::fromValue<qlonglong>(entry.id));
-  ui->Combo1->setCurrentIndex(
-      ui->Combo1->findText(chosen.isEmpty() ? toQString(familyMembersEntry) : chosen));
+  const std::string chosen = people_->filter().text;
+  people_->setFilter(nameFilterEntries(album_.data.rsAppearances),
+                     chosen.empty() ? familyMembersEntry : chosen);
 }
 
 void DBeditor::decodeNeighbours() {
@@ -213,6 +215,13 @@ std::vector<std::filesystem::path> DBeditor::neighbourFiles() const {
 
 std::string DBeditor::currentId() const {
   return standsOnRow(photos_) ? photos_.Collect("PictureID").toText() : std::string();
+}
+
+std::optional<PhotoNames> DBeditor::shownNames() const {
+  if (!standsOnRow(photos_))
+    return std::nullopt;
+  return PhotoNames{photos_.Collect("NamesInPhoto").toText(),
+                    photos_.Collect("NamesCords").toText()};
 }
 
 void DBeditor::firstRecord() {

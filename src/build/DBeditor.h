@@ -4,10 +4,12 @@
 #include "BoundControls.h"
 #include "Form.h"
 #include "Navigator.h"
+#include "PeopleForm.h"
 #include "PictureLoader.h"
 
 #include <filesystem>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -17,6 +19,8 @@ class DBeditor;
 
 namespace hearthbook {
 
+class PeopleCommands;
+class PeopleControls;
 class RecordPicture;
 class Stage;
 
@@ -62,6 +66,7 @@ private:
   void placeImagePath();
   void decodeNeighbours();
   [[nodiscard]] std::string currentId() const;
+  [[nodiscard]] std::optional<PhotoNames> shownNames() const;
   [[nodiscard]] std::vector<std::filesystem::path> neighbourFiles() const;
 
   void firstRecord();
@@ -84,6 +89,8 @@ private:
   Stage* stage_;
   std::unique_ptr<Ui::DBeditor> ui;
   RecordPicture* picture_;
+  std::unique_ptr<PeopleControls> people_;
+  std::unique_ptr<PeopleCommands> peopleCommands_;
   Binding binding_;
   std::string composedId_; ///< of the row that is on the screen
 };

@@ -5,9 +5,11 @@
 #include "Forms.h"
 #include "FrameCommands.h"
 #include "MDIForm1.h"
+#include "NamesManager.h"
 #include "PickaPic.h"
 #include "Progress.h"
 #include "Startup.h"
+#include "YearWizard.h"
 #include "frmAbout.h"
 
 #include <QApplication>
@@ -39,6 +41,8 @@ Wiring::Wiring(Album& album, MDIForm1& frame) : loader_(pool_, deliverHere()) {
   Forms::provide<DBeditor>(
       [this, &album, &frame] { return new DBeditor(album, loader_, pool_, frame, help_); });
   Forms::provide<PickaPic>([this, &album] { return new PickaPic(album, pool_); });
+  Forms::provide<NamesManager>([&album] { return new NamesManager(album); });
+  Forms::provide<YearWizard>([&album] { return new YearWizard(album); });
   Forms::provide<frmAbout>([] { return new frmAbout; });
   Forms::provide<Progress>([] { return new Progress; });
 }

@@ -1,25 +1,16 @@
+#include "ControlChecks.h"
 #include "EditorFixture.h"
 
-#include <QAccessible>
 #include <QCheckBox>
 #include <QComboBox>
-#include <QGroupBox>
 #include <QLineEdit>
 #include <QListView>
 #include <QPlainTextEdit>
 #include <QProgressBar>
-#include <QSet>
 
-namespace hearthbook {
+namespace hearthbook::test {
 
 namespace {
-
-struct Control {
-  const char* name;
-  const char* kind;
-  const char* caption = "";
-  const char* helpItem = "";
-};
 
 // Every control of the two forms with the kind that it is, the caption that it
 // bears at first and the item by which its help is found.
@@ -88,61 +79,7 @@ const Control pickerControls[] = {
     {"Text1", "QPlainTextEdit"},
 };
 
-std::string captionOf(const QWidget& control) {
-  if (const auto* label = qobject_cast<const QLabel*>(&control))
-    return toUtf8(label->text());
-  if (const auto* button = qobject_cast<const QAbstractButton*>(&control))
-    return toUtf8(button->text());
-  if (const auto* group = qobject_cast<const QGroupBox*>(&control))
-    return toUtf8(group->title());
-  return {};
-}
-
-template <std::size_t count>
-void expectControls(const QWidget& form, const char* screen, const Control (&controls)[count]) {
-  for (const Control& wanted : controls) {
-    const auto found = form.findChildren<QWidget*>(toQString(wanted.name));
-    ASSERT_EQ(found.size(), 1) << wanted.name;
-    EXPECT_STREQ(found.front()->metaObject()->className(), wanted.kind) << wanted.name;
-    EXPECT_EQ(captionOf(*found.front()), wanted.caption) << wanted.name;
-    const std::string key =
-        *wanted.helpItem ? std::string(screen) + "*" + wanted.helpItem : std::string();
-    EXPECT_EQ(toUtf8(found.front()->property("helpKey").toString()), key) << wanted.name;
-  }
-}
-
-QWidgetList tabRound(QWidget& form, Qt::Key key) {
-  QWidgetList round;
-  QSet<QWidget*> seen;
-  while (QWidget* at = QApplication::focusWidget()) {
-    if (seen.contains(at))
-      break;
-    seen.insert(at);
-    round << at;
-    QTest::keyClick(at, key, key == Qt::Key_Backtab ? Qt::ShiftModifier : Qt::NoModifier);
-  }
-  EXPECT_TRUE(form.isAncestorOf(QApplication::focusWidget()));
-  return round;
-}
-
-void expectTabReachesAll(QWidget& form, QWidget* start) {
-  form.activateWindow();
-  ASSERT_TRUE(QTest::qWaitForWindowActive(&form));
-  start->setFocus();
-  const QWidgetList forward = tabRound(form, Qt::Key_Tab);
-  start->setFocus();
-  const QWidgetList back = tabRound(form, Qt::Key_Backtab);
-  EXPECT_GT(forward.size(), 4);
-  EXPECT_EQ(forward.size(), back.size());
-  for (const QWidget* reached : forward) {
-    const auto* accessible = QAccessible::queryAccessibleInterface(const_cast<QWidget*>(reached));
-    ASSERT_NE(accessible, nullptr);
-    EXPECT_FALSE(accessible->text(QAccessible::Name).trimmed().isEmpty())
-        << toUtf8(reached->objectName());
-  }
-}
-
-class BuildControls : public test::EditorFixture {};
+class BuildControls : public EditorFixture {};
 
 } // namespace
 
@@ -169,9 +106,9 @@ TEST_F(BuildControls, EveryHelpKeyHasItsRow) {
 
 TEST_F(BuildControls, CommandsWhoseWorkIsNotThereYetAreDisabled) {
   const auto& editor = openEditor();
-  for (const char* name : {"Command13", "Command14", "Command15", "Command5", "Image2", "Label5",
-                           "Command9", "Command17", "Command10", "Command16", "Command19",
-                           "Command11", "Command2", "Command3", "Command12", "markName", "Combo1"})
+  for (const char* name :
+       {"Command13", "Command14", "Command15", "Command5", "Image2", "Label5", "Command9",
+        "Command17", "Command10", "Command16", "Command2", "Command3", "markName", "Combo1"})
     EXPECT_FALSE(isEnabled(editor, name)) << name;
 }
 
@@ -202,4 +139,4 @@ TEST_F(BuildControls, EveryCaptionOfTheEditorFitsItsControl) {
   }
 }
 
-} // namespace hearthbook
+} // namespace hearthbook::test

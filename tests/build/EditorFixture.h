@@ -5,6 +5,7 @@
 #include "DBeditor.h"
 #include "Forms.h"
 #include "Guard.h"
+#include "NamesManager.h"
 #include "Navigator.h"
 #include "PickaPic.h"
 #include "PictureBox.h"
@@ -12,6 +13,7 @@
 #include "Progress.h"
 #include "Stage.h"
 #include "Text.h"
+#include "YearWizard.h"
 
 #include <QAbstractButton>
 #include <QLabel>
@@ -48,6 +50,8 @@ protected:
     Forms::provide<DBeditor>(
         [this] { return new DBeditor(album(), loader_, pool_, frame_, frame_); });
     Forms::provide<PickaPic>([this] { return new PickaPic(album(), pool_); });
+    Forms::provide<NamesManager>([this] { return new NamesManager(album()); });
+    Forms::provide<YearWizard>([this] { return new YearWizard(album(), [] { return 2026; }); });
   }
   ~EditorFixture() override { Forms::reset(); }
 
