@@ -20,6 +20,7 @@ const QColor choiceColour(255, 200, 22); // the mouse is on the chosen row
 const QColor restColour(128, 0, 0);
 
 constexpr int yearColumn = 0;
+constexpr int personColumn = 1;
 constexpr int placeColumn = 2;
 constexpr int eventColumn = 3;
 
@@ -78,6 +79,7 @@ void YearWizard::showTable(const YearTable& table) {
     formatRow(row);
   }
   formatHeader();
+  years->shareWidthFrom(personColumn);
   years->setRow(table.firstHit);
   years->setTopRow(table.topRow());
 }
@@ -98,7 +100,7 @@ void YearWizard::formatRow(int row) {
 void YearWizard::formatHeader() {
   constexpr int height = 300;
   ui->MSFlexGrid1->setRowTwips(0, height);
-  for (int column = 1; column < ui->MSFlexGrid1->cols(); ++column)
+  for (int column = personColumn; column < ui->MSFlexGrid1->cols(); ++column)
     ui->MSFlexGrid1->setCellBold(0, column);
 }
 

@@ -102,8 +102,10 @@ void FlexGrid::fitColumns() {
   for (int col = 0; col < formatTexts_.size(); ++col) {
     QFont font = horizontalHeader()->font();
     font.setBold(true);
-    const int margin = 2 * fontMetrics().averageCharWidth();
-    setColumnWidth(col, QFontMetrics(font).horizontalAdvance(formatTexts_[col]) + margin);
+    const QFontMetrics metrics(font);
+    const int margin = 2 * metrics.averageCharWidth();
+    const int shortText = metrics.horizontalAdvance(QStringLiteral("0000000"));
+    setColumnWidth(col, std::max(metrics.horizontalAdvance(formatTexts_[col]), shortText) + margin);
   }
 }
 
@@ -197,6 +199,11 @@ void FlexGrid::setColTwips(int col, int twips) {
   setColumnHidden(col, twips == 0);
   if (twips > 0)
     setColumnWidth(col, toPixels(twips));
+}
+
+void FlexGrid::shareWidthFrom(int col) {
+  for (int shared = col; shared < columnCount(); ++shared)
+    horizontalHeader()->setSectionResizeMode(shared, QHeaderView::Stretch);
 }
 
 int FlexGrid::row() const { return currentRow() + 1; }

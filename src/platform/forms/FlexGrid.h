@@ -40,12 +40,13 @@ public:
   [[nodiscard]] int rowTwips(int row) const;
   void setRowTwips(int row, int twips);
   void setColTwips(int col, int twips); ///< 0 hides the column
+  void shareWidthFrom(int col);         ///< the columns from this one on share the room there is
 
   [[nodiscard]] int row() const; ///< the current one; 0 where none is chosen
   [[nodiscard]] int col() const;
   void setRow(int row);
   [[nodiscard]] int topRow() const; ///< the first row in sight below the header
-  void setTopRow(int row); ///< before the grid is in sight too
+  void setTopRow(int row);          ///< before the grid is in sight too
 
   [[nodiscard]] int mouseRow() const { return mouseRow_; } ///< 0 over the header, -1 over no row
   [[nodiscard]] int mouseCol() const { return mouseCol_; }

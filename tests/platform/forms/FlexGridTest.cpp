@@ -14,7 +14,7 @@ namespace {
 class FlexGridTest : public testing::Test {
 protected:
   FlexGridTest() {
-    grid.setFormat(QStringLiteral("<Year    |<Anna|^  Lake  |>Visits"));
+    grid.setFormat(QStringLiteral("<Year              |<Anna|^  Lake  |>Visits"));
     for (int year = 1980; year < 2020; ++year)
       grid.addRow(QStringLiteral("%1\tAge %2\tX").arg(year).arg(year - 1980));
     grid.resize(400, 300);
@@ -99,6 +99,14 @@ TEST_F(FlexGridTest, AColumnWithoutWidthIsHiddenAndKeepsItsText) {
   EXPECT_EQ(grid.cellText(1, 1), QStringLiteral("Age 0"));
   grid.setColTwips(1, 1500);
   EXPECT_EQ(grid.columnWidth(1), 100);
+}
+
+TEST_F(FlexGridTest, ColumnsCanShareTheRoom) {
+  grid.shareWidthFrom(1);
+  EXPECT_NEAR(grid.columnWidth(1), grid.columnWidth(3), 1);
+  grid.resize(800, 300);
+  EXPECT_NEAR(grid.columnWidth(1), grid.columnWidth(3), 1);
+  EXPECT_GT(grid.columnWidth(1), 150);
 }
 
 TEST_F(FlexGridTest, BeginsWithoutAChosenRow) {
