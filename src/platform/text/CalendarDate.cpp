@@ -1,5 +1,6 @@
 #include "CalendarDate.h"
 
+#include "Digits.h"
 #include "Numbers.h"
 #include "Words.h"
 
@@ -25,7 +26,6 @@ struct Piece {
 };
 
 bool isLetter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
-bool isDigit(char c) { return c >= '0' && c <= '9'; }
 bool isSeparator(char c) { return c == '/' || c == '-' || c == '.' || c == ','; }
 
 /// 1 to 12 for a month's name or at least the first three letters of it, else 0.

@@ -1,5 +1,6 @@
 #include "Numbers.h"
 
+#include "Digits.h"
 #include "RunTimeError.h"
 #include "Words.h"
 
@@ -11,7 +12,6 @@
 namespace hearthbook {
 namespace {
 
-bool isDigit(char c) { return c >= '0' && c <= '9'; }
 char lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
 
 int digitValue(char c) {
