@@ -1,7 +1,11 @@
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <fstream>
+#include <iterator>
 #include <map>
+#include <regex>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -79,6 +83,29 @@ TEST(HelpRows, EveryKeyThatAFormSendsIsExplained) {
       EXPECT_EQ(rows.at(key).back(), '.') << key << " is not a sentence";
     }
   }
+}
+
+/// The keys that the .ui files give to controls.
+std::set<std::string> keysInForms() {
+  const std::regex key(R"re(name="helpKey"[^>]*>\s*<string[^>]*>([^<]*)<)re");
+  std::set<std::string> keys;
+  for (const auto& entry : std::filesystem::recursive_directory_iterator(SOURCES)) {
+    if (entry.path().extension() != ".ui")
+      continue;
+    std::ifstream in(entry.path());
+    const std::string text(std::istreambuf_iterator<char>(in), {});
+    for (std::sregex_iterator found(text.begin(), text.end(), key), end; found != end; ++found)
+      keys.insert((*found)[1]);
+  }
+  return keys;
+}
+
+TEST(HelpRows, EveryKeyInAFormHasItsRow) {
+  const auto rows = readRows();
+  const auto keys = keysInForms();
+  EXPECT_FALSE(keys.empty());
+  for (const auto& key : keys)
+    EXPECT_EQ(rows.count(key), 1U) << key;
 }
 
 TEST(HelpRows, NothingIsExplainedThatNoFormSends) {
