@@ -1,12 +1,12 @@
 #include "SqlTokens.h"
 
+#include "Digits.h"
+
 #include <algorithm>
 
 namespace hearthbook {
 
 namespace {
-
-bool isDigit(char c) { return c >= '0' && c <= '9'; }
 
 bool isBlank(char c) {
   return c == ' ' || c == '\t' || c == '\n' || c == '\r' || c == '\f' || c == '\v';
