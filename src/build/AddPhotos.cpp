@@ -43,7 +43,9 @@ public:
 
 private:
   void add(const fs::path& source);
-  void addRow();
+  std::vector<std::exception_ptr> addRow();
+  void beginWriting(PhotoWriteOrder order);
+  void finishWriting();
   [[nodiscard]] bool hasRow(const std::string& id) const;
   [[nodiscard]] bool isFileOfTheAlbum(const fs::path& source) const;
   [[nodiscard]] bool mayRemove(const fs::path& source) const;
@@ -68,6 +70,7 @@ private:
   Picture held_;     ///< the picture at hand, at the size of a thumbnail
   WorkPool disk_{2}; ///< so that waiting for the disk takes no thread from the decoding
   PhotosAhead ahead_;
+  std::future<PhotoWriter::Outcome> writing_; ///< the files of `source_`
 };
 
 int PhotoAdder::run() {
@@ -80,15 +83,19 @@ int PhotoAdder::run() {
     add(request_.list[i]);
     ++added;
   }
+  finishWriting();
   return added;
 }
 
+/// The row is stored while the disk is still busy with the files of the photo before; what went
+/// wrong is told in the order of the files all the same.
 void PhotoAdder::add(const fs::path& source) {
-  source_ = source;
   auto ahead = ahead_.next();
-  step([this] { album_.vars.NextPhotoNumber = nextPhotoNumber(album_.data.rsPhotoAlbum); });
-  id_ = hardDiskId(album_.vars.NextPhotoNumber);
-  step([this] { addRow(); });
+  const auto failures = addRow();
+  finishWriting();
+  source_ = source;
+  for (const auto& failure : failures)
+    failed(failure);
   const auto photo = std::make_shared<const PreparedPhoto>(await(std::move(ahead.prepared)));
   step([&] { load(*photo); });
   auto order = orderFor(source, photo);
@@ -96,11 +103,34 @@ void PhotoAdder::add(const fs::path& source) {
     order.early = await(std::move(ahead.copy));
   if (request_.move)
     step([&] { order.remove = mayRemove(source); });
-  tell(await(
-      disk_.run([order = std::move(order)] { return PhotoWriter(order).run(); }, listener_.wake)));
+  beginWriting(std::move(order));
 }
 
-void PhotoAdder::addRow() { album_.data.rsPhotoAlbum.AddNew({"PictureID"}, {Value(id_)}); }
+std::vector<std::exception_ptr> PhotoAdder::addRow() {
+  std::vector<std::exception_ptr> failures;
+  try {
+    album_.vars.NextPhotoNumber = nextPhotoNumber(album_.data.rsPhotoAlbum);
+  } catch (...) {
+    failures.push_back(std::current_exception());
+  }
+  id_ = hardDiskId(album_.vars.NextPhotoNumber);
+  try {
+    album_.data.rsPhotoAlbum.AddNew({"PictureID"}, {Value(id_)});
+  } catch (...) {
+    failures.push_back(std::current_exception());
+  }
+  return failures;
+}
+
+void PhotoAdder::beginWriting(PhotoWriteOrder order) {
+  writing_ = disk_.run([order = std::move(order)] { return PhotoWriter(order).run(); },
+                       listener_.wake, true);
+}
+
+void PhotoAdder::finishWriting() {
+  if (writing_.valid())
+    tell(await(std::move(writing_)));
+}
 
 bool PhotoAdder::hasRow(const std::string& id) const {
   const auto rows = album_.data.rsPhotoAlbum.Clone();

@@ -25,7 +25,7 @@ void CoverPicture::showPicture(PictureLoader& loader, std::filesystem::path file
   loader_ = &loader;
   file_ = std::move(file);
   passOver([this] { fileSize_ = readPictureInfo(file_).size; });
-  update();
+  ask();
 }
 
 PixelSize CoverPicture::coveringSize() const {
@@ -35,7 +35,6 @@ PixelSize CoverPicture::coveringSize() const {
           static_cast<int>(std::ceil(fileSize_.height * scale))};
 }
 
-// Asked for when it is painted, so that no picture is made for a size that is never seen.
 void CoverPicture::ask() {
   if (!loader_ || fileSize_.width == 0 || size().isEmpty())
     return;
@@ -50,8 +49,12 @@ void CoverPicture::ask() {
   });
 }
 
-void CoverPicture::paintEvent(QPaintEvent* /*event*/) {
+void CoverPicture::resizeEvent(QResizeEvent* event) {
+  QWidget::resizeEvent(event);
   ask();
+}
+
+void CoverPicture::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
   if (picture_.isNull()) {
     painter.fillRect(rect(), wall);

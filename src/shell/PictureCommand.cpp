@@ -1,32 +1,17 @@
 #include "PictureCommand.h"
 
-#include "Beside.h"
 #include "Look.h"
 
 #include <QEvent>
 #include <QKeyEvent>
 #include <QPainter>
 
-#include <utility>
-
 namespace hearthbook {
 
 namespace {
 
 constexpr double captionShare = 0.2; // of the height, below the picture
-
-/// The picture of a command that cannot be used: as faded as an old print.
-QPixmap faded(const QPixmap& picture) {
-  if (picture.isNull())
-    return {};
-  QPixmap print = picture;
-  QPainter painter(&print);
-  painter.setCompositionMode(QPainter::CompositionMode_SourceAtop);
-  QColor veil = look::desk;
-  veil.setAlphaF(0.62F);
-  painter.fillRect(print.rect(), veil);
-  return print;
-}
+constexpr double restingOpacity = 0.45;
 
 } // namespace
 
@@ -35,30 +20,19 @@ PictureCommand::PictureCommand(QWidget* parent) : QAbstractButton(parent) {
   setCursor(Qt::PointingHandCursor);
 }
 
-void PictureCommand::showPictures(WorkPool& pool, const QString& file, const QString& hoverFile) {
-  pool_ = &pool;
-  runBeside(
-      pool, this, [file] { return QImage(file); },
-      [this](const QImage& picture) {
-        picture_ = QPixmap::fromImage(picture);
-        restingPicture_ = faded(picture_);
-        update();
-      });
+void PictureCommand::setPictures(const QString& file, const QString& hoverFile) {
+  picture_ = QPixmap(file);
   hoverFile_ = hoverFile;
+  hoverPicture_ = {};
+  update();
 }
 
 bool PictureCommand::isPointedAt() const { return isEnabled() && (underMouse() || hasFocus()); }
 
-// Read when it is first wanted: most starts never show most of these.
+// Most starts never show most of these.
 void PictureCommand::loadHoverPicture() {
-  if (hoverFile_.isEmpty())
-    return;
-  runBeside(
-      *pool_, this, [file = std::exchange(hoverFile_, {})] { return QImage(file); },
-      [this](const QImage& picture) {
-        hoverPicture_ = QPixmap::fromImage(picture);
-        update();
-      });
+  if (hoverPicture_.isNull() && !hoverFile_.isEmpty())
+    hoverPicture_ = QPixmap(hoverFile_);
 }
 
 bool PictureCommand::event(QEvent* event) {
@@ -100,22 +74,24 @@ QRectF PictureCommand::captionRect() const {
 void PictureCommand::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
   painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
+  if (!isEnabled())
+    painter.setOpacity(restingOpacity);
   const QPixmap& shown = isPointedAt() && !hoverPicture_.isNull() ? hoverPicture_ : picture_;
   if (!shown.isNull())
-    painter.drawPixmap(pictureRect(), isEnabled() ? shown : restingPicture_, shown.rect());
+    painter.drawPixmap(pictureRect(), shown, shown.rect());
   drawCaption(painter);
 }
 
 void PictureCommand::drawCaption(QPainter& painter) const {
   const QRectF plate = captionRect().adjusted(2, 2, -2, -2);
   painter.setPen(hasFocus() ? QPen(look::darkRed, 2) : QPen(Qt::NoPen));
-  painter.setBrush(isPointedAt() ? look::panelYellow : isEnabled() ? look::paper : look::desk);
+  painter.setBrush(isPointedAt() ? look::panelYellow : look::paper);
   painter.drawRoundedRect(plate, plate.height() / 2, plate.height() / 2);
   QFont caption = font();
   caption.setPixelSize(qMax(7, static_cast<int>(plate.height() * 0.52)));
   caption.setBold(true);
   painter.setFont(caption);
-  painter.setPen(isEnabled() ? look::ink : look::fadedInk);
+  painter.setPen(look::ink);
   painter.drawText(plate, Qt::AlignCenter, text());
 }
 

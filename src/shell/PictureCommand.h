@@ -1,7 +1,5 @@
 #pragma once
 
-#include "WorkPool.h"
-
 #include <QAbstractButton>
 #include <QPixmap>
 
@@ -15,8 +13,7 @@ class PictureCommand : public QAbstractButton {
 public:
   explicit PictureCommand(QWidget* parent = nullptr);
 
-  /// The pictures follow as soon as the pool has read them.
-  void showPictures(WorkPool& pool, const QString& file, const QString& hoverFile);
+  void setPictures(const QString& file, const QString& hoverFile);
   /// The mouse is over it, or it has the keyboard.
   [[nodiscard]] bool isPointedAt() const;
 
@@ -35,9 +32,7 @@ private:
   [[nodiscard]] QRectF captionRect() const;
 
   QPixmap picture_;
-  QPixmap restingPicture_;
-  QString hoverFile_; ///< until it is read
-  WorkPool* pool_ = nullptr;
+  QString hoverFile_;
   QPixmap hoverPicture_;
 };
 
