@@ -134,6 +134,23 @@ TEST_F(ProgramTest, AnAlbumThatAnotherProgramHoldsInSilenceIsTold) {
   EXPECT_FALSE(fileExists(backup()));
 }
 
+TEST_F(ProgramTest, TheFolderOfTheProgramIsTheAlbumsWhereItCanBeWrittenTo) {
+  const auto found =
+      findApplicationFolder(folder().root() / "Hearthbook", folder().root() / "user");
+
+  ASSERT_TRUE(found);
+  EXPECT_EQ(std::filesystem::canonical(found->root()), std::filesystem::canonical(folder().root()));
+}
+
+TEST_F(ProgramTest, AUsersFolderThatCannotBeMadeIsTold) {
+  const auto blocked = folder().root() / "a file";
+  test::writeBytes(blocked, "not a folder");
+  boxes.expectFailure(toQString(blocked.string()));
+
+  // A program without an album beside it, and nowhere to put one.
+  EXPECT_FALSE(findApplicationFolder(folder().root() / "Media" / "Hearthbook", blocked / "user"));
+}
+
 TEST_F(ProgramTest, AFolderThatCannotBeWrittenToIsTold) {
   const ApplicationFolder missing(folder().root() / "missing");
   boxes.expectFailure(QStringLiteral("cannot be written to"));
