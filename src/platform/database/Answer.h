@@ -51,4 +51,9 @@ void insertRow(sqlite3* database, Answer& answer, RowId row, const Edits& edits)
 void updateRow(sqlite3* database, Answer& answer, RowId row, const Edits& edits);
 void deleteRow(sqlite3* database, const Answer& answer, RowId row);
 
+/// Stores one value in a field of many rows and returns what the database made of it. The rows
+/// of the answer do not hold it yet: the caller may still have to take it back.
+Value updateField(sqlite3* database, const Answer& answer, const std::vector<RowId>& rows,
+                  std::size_t column, const Value& value);
+
 } // namespace hearthbook

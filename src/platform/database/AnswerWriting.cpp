@@ -106,4 +106,23 @@ void deleteRow(sqlite3* database, const Answer& answer, RowId row) {
     throwGone(answer);
 }
 
+Value updateField(sqlite3* database, const Answer& answer, const std::vector<RowId>& rows,
+                  std::size_t column, const Value& value) {
+  const std::string field = quotedName(answer.columns[column].field);
+  Statement statement(database, "UPDATE " + quotedName(answer.writeBack->table) + " SET " + field +
+                                    " = ?1 WHERE " + quotedName(answer.writeBack->key) +
+                                    " = ?2 RETURNING " + field);
+  Value stored = value;
+  for (const RowId row : rows) {
+    statement.reset();
+    statement.bind(1, value);
+    statement.bind(2, keyOf(answer, row));
+    if (!statement.step())
+      throwGone(answer);
+    stored = statement.column(0);
+    statement.run();
+  }
+  return stored;
+}
+
 } // namespace hearthbook

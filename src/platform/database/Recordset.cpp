@@ -104,11 +104,7 @@ Value Recordset::Collect(std::string_view field) const {
 
 void Recordset::Collect(std::string_view field, Value value) {
   impl_->requireRow();
-  const std::size_t column = impl_->requireField(field);
-  if (!impl_->answer().isWritable(column))
-    throw RunTimeError("The field " + std::string(field) +
-                       " cannot be changed in the record set: " + impl_->source);
-  impl_->edit(column, std::move(value));
+  impl_->edit(impl_->requireWritableField(field), std::move(value));
 }
 
 bool Recordset::hasField(std::string_view field) const {

@@ -119,6 +119,10 @@ public:
   /// it stays there, so that a walk may delete and move on without leaving a row out.
   void Delete();
 
+  /// Stores the value in the field of every row that the set shows, as one transaction, and
+  /// stands where it stood. Much faster than a walk with Update.
+  void setAll(std::string_view field, const Value& value);
+
   [[nodiscard]] Value Collect(std::string_view field) const;
   void Collect(std::string_view field, Value value); ///< pending until Update or a move
   [[nodiscard]] bool hasField(std::string_view field) const;

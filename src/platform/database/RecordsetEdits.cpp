@@ -50,4 +50,16 @@ void Recordset::Delete() {
   shared->remove(row);
 }
 
+void Recordset::setAll(std::string_view field, const Value& value) {
+  impl_->leave();
+  const std::size_t column = impl_->requireWritableField(field);
+  const std::vector<RowId> rows = impl_->view.rows();
+  Value stored;
+  connection().transaction(
+      [&] { stored = updateField(connection().handle(), impl_->answer(), rows, column, value); });
+  for (const RowId row : rows)
+    impl_->rows().set(row, column, stored);
+  impl_->tellArrived();
+}
+
 } // namespace hearthbook

@@ -47,6 +47,14 @@ std::size_t Recordset::Impl::requireField(std::string_view field) const {
   return *column;
 }
 
+std::size_t Recordset::Impl::requireWritableField(std::string_view field) const {
+  const std::size_t column = requireField(field);
+  if (!answer().isWritable(column))
+    throw RunTimeError("The field " + std::string(field) +
+                       " cannot be changed in the record set: " + source);
+  return column;
+}
+
 void Recordset::Impl::share(std::shared_ptr<SharedRows> rows) {
   if (shared)
     std::erase(shared->sharers, this);

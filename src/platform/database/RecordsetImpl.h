@@ -54,6 +54,7 @@ struct Recordset::Impl {
   [[nodiscard]] RowSet& rows() const { return answer().rows; }
   RowId requireRow() const;
   [[nodiscard]] std::size_t requireField(std::string_view field) const;
+  [[nodiscard]] std::size_t requireWritableField(std::string_view field) const;
   void share(std::shared_ptr<SharedRows> rows);
   void show(std::unique_ptr<Answer> answer);           ///< instead of what was shown; tells it
   void abandon();                                      ///< closes without storing

@@ -23,6 +23,7 @@ public:
   [[nodiscard]] RowId at(std::int64_t place) const {
     return rows_[static_cast<std::size_t>(place)];
   }
+  [[nodiscard]] const std::vector<RowId>& rows() const { return rows_; }
   [[nodiscard]] std::optional<std::int64_t> placeOf(RowId row) const;
 
   void goTo(std::int64_t place); ///< beyond an end: before or behind

@@ -85,6 +85,8 @@ void Statement::run() {
   }
 }
 
+void Statement::reset() { sqlite3_reset(handle_); }
+
 Value Statement::column(int index) const {
   switch (sqlite3_column_type(handle_, index)) {
   case SQLITE_NULL:

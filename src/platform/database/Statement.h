@@ -24,6 +24,7 @@ public:
   void bind(int parameter, const Value& value); ///< parameters count from 1
   bool step();                                  ///< false behind the last row
   void run();                                   ///< to its end
+  void reset();                                 ///< to run it once more, with other values
 
   [[nodiscard]] Value column(int index) const;
   [[nodiscard]] int columnCount() const;

@@ -349,5 +349,56 @@ TEST_F(Edit, DestroyingASetStoresItsEdits) {
   EXPECT_EQ(stored("SELECT PlaceName FROM Places WHERE PlaceID = 1"), "Garden");
 }
 
+// ---- one value for many rows
+
+TEST_F(Edit, SetAllStoresInEveryRowThatTheFilterShows) {
+  photos.Filter("Year = 1990");
+  const auto shown = photos.RecordCount();
+  ASSERT_GT(shown, 1);
+  photos.setAll("EventID", 7);
+  photos.Filter("");
+  EXPECT_EQ(stored("SELECT count(*) FROM PhotoAlbum WHERE EventID = 7"), std::to_string(shown));
+  photos.Filter("EventID = 7");
+  EXPECT_EQ(photos.RecordCount(), shown);
+}
+
+TEST_F(Edit, SetAllStaysOnItsRowAndClonesSeeIt) {
+  const auto clone = photos.Clone();
+  photos.Move(2);
+  const auto row = photos.bookmark();
+  photos.setAll("PlaceID", Value());
+  EXPECT_EQ(photos.bookmark(), row);
+  for (; !clone->atEOF(); clone->MoveNext())
+    EXPECT_TRUE(clone->Collect("PlaceID").isNull());
+}
+
+TEST_F(Edit, SetAllStoresWhatIsPendingFirst) {
+  photos.Collect("Year", 1960);
+  photos.setAll("EventID", 7);
+  EXPECT_FALSE(photos.isPending());
+  EXPECT_EQ(stored("SELECT Year FROM PhotoAlbum WHERE PictureID = 'CD00002'"), "1960");
+}
+
+TEST_F(Edit, SetAllHoldsWhatTheDatabaseMadeOfTheValue) {
+  photos.setAll("Year", "1985");
+  EXPECT_EQ(photos.Collect("Year"), Value(1985));
+}
+
+TEST_F(Edit, SetAllThatFailsChangesNoRow) {
+  photos.MoveLast();
+  connection.execute("DELETE FROM PhotoAlbum WHERE PictureID = '" +
+                     photos.Collect("PictureID").toText() + "'");
+  EXPECT_THROW(photos.setAll("EventID", 7), RunTimeError);
+  EXPECT_EQ(stored("SELECT count(*) FROM PhotoAlbum WHERE EventID = 7"), "0");
+  photos.Filter("EventID = 7");
+  EXPECT_EQ(photos.RecordCount(), 0);
+}
+
+TEST_F(Edit, SetAllOfNoRowIsNothing) {
+  photos.Filter("Year = 1849");
+  photos.setAll("EventID", 7);
+  EXPECT_EQ(stored("SELECT count(*) FROM PhotoAlbum WHERE EventID = 7"), "0");
+}
+
 } // namespace
 } // namespace hearthbook::test
