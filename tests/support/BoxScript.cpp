@@ -52,6 +52,11 @@ void BoxScript::expectInput(const QString& prompt, const QString& title, const Q
   expect({.isInput = true, .text = prompt, .title = title, .typed = answer});
 }
 
+void BoxScript::expectInputOf(const QString& initial, const QString& prompt, const QString& title,
+                              const QString& answer) {
+  expect({.isInput = true, .text = prompt, .title = title, .typed = answer, .initial = initial});
+}
+
 void BoxScript::expect(Box box) {
   if (box.title.isEmpty())
     box.title = QStringLiteral("Hearthbook");
@@ -64,7 +69,7 @@ MsgAnswer BoxScript::message(const QString& text, const QString& title, MsgIcon 
 }
 
 QString BoxScript::input(const QString& prompt, const QString& title, const QString& initial) {
-  return next({.isInput = true, .text = prompt, .title = title, .typed = initial}).typed;
+  return next({.isInput = true, .text = prompt, .title = title, .initial = initial}).typed;
 }
 
 BoxScript::Box BoxScript::next(const Box& shown) {
@@ -78,6 +83,7 @@ BoxScript::Box BoxScript::next(const Box& shown) {
   EXPECT_TRUE(sameText && shown.title == box.title && shown.isInput == box.isInput)
       << "shown: " << words(shown.text, shown.title)
       << "\nexpected: " << words(box.text, box.title);
+  EXPECT_TRUE(!box.initial || box.initial == shown.initial) << words(shown.text, shown.title);
   EXPECT_EQ(shown.icon, box.icon) << words(shown.text, shown.title);
   EXPECT_EQ(shown.buttons, box.buttons) << words(shown.text, shown.title);
   return box;

@@ -5,6 +5,7 @@
 #include <QString>
 
 #include <deque>
+#include <optional>
 
 namespace hearthbook::test {
 
@@ -24,6 +25,9 @@ public:
   /// A message that begins so, whatever its rest: the program's report of a failure.
   void expectFailure(const QString& part);
   void expectInput(const QString& prompt, const QString& title, const QString& answer);
+  /// One that comes with a text in its line.
+  void expectInputOf(const QString& initial, const QString& prompt, const QString& title,
+                     const QString& answer);
 
   [[nodiscard]] bool isDone() const { return expected_.empty(); }
 
@@ -41,6 +45,7 @@ private:
     MsgButtons buttons = MsgButtons::Ok;
     MsgAnswer answer = MsgAnswer::Ok;
     QString typed{};
+    std::optional<QString> initial{};
   };
 
   void expect(Box box);

@@ -43,7 +43,9 @@ public:
   void setListSource(ListSource source); ///< and fills the list
   void ReFill();                         ///< reads the rows again, keeps the choice
   [[nodiscard]] QString Text() const;
-  void setText(const QString& text);     ///< chooses the row of that text (no regard to case)
+  /// Chooses the row of that text (no regard to case). One that came after the last ReFill is
+  /// chosen too; the drop-down offers it only after the next.
+  void setText(const QString& text);
   [[nodiscard]] Value BoundText() const; ///< Null where nothing is chosen
   void setBoundText(const Value& value); ///< an unknown value shows nothing, until a row has it
 
@@ -56,6 +58,7 @@ protected:
 
 private:
   void choose(int index);
+  int addUnlisted(const QString& text);
 
   ListSource source_;
   std::vector<Value> values_;

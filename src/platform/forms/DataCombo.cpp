@@ -4,6 +4,7 @@
 
 #include <QKeyEvent>
 #include <QSignalBlocker>
+#include <QStandardItemModel>
 #include <QWheelEvent>
 
 #include <algorithm>
@@ -60,7 +61,24 @@ void DataCombo::ReFill() {
 QString DataCombo::Text() const { return currentText(); }
 
 void DataCombo::setText(const QString& text) {
-  choose(text.isEmpty() ? -1 : findText(text, Qt::MatchFixedString));
+  const int listed = text.isEmpty() ? -1 : findText(text, Qt::MatchFixedString);
+  choose(listed < 0 && !text.isEmpty() ? addUnlisted(text) : listed);
+}
+
+/// Has the row of that text behind the entries, where no user can choose it. -1 without a row.
+int DataCombo::addUnlisted(const QString& text) {
+  const ListEntries entries = readEntries(source_);
+  const auto row = entries.texts.indexOf(text);
+  auto* items = qobject_cast<QStandardItemModel*>(model());
+  auto* popup = qobject_cast<QListView*>(view());
+  if (row < 0 || !items || !popup)
+    return -1;
+  const QSignalBlocker quiet(this);
+  addItem(text);
+  values_.push_back(entries.values.at(static_cast<std::size_t>(row)));
+  items->item(count() - 1)->setFlags(Qt::NoItemFlags);
+  popup->setRowHidden(count() - 1, true);
+  return count() - 1;
 }
 
 Value DataCombo::BoundText() const {

@@ -67,6 +67,48 @@ TEST_F(BoundListTest, AClosedRecordSetGivesNoEntries) {
   EXPECT_TRUE(combo.BoundText().isNull());
 }
 
+TEST_F(BoundListTest, ATextThatCameAfterTheLastRefillIsChosenAndNotOffered) {
+  DataCombo combo;
+  combo.setListSource(source());
+  places.AddNew({"PlaceName"}, {"Garden"});
+  const Value garden = places.Collect("PlaceID");
+  int chosen = 0;
+  QObject::connect(&combo, &DataCombo::chosen, &combo, [&] { ++chosen; });
+  combo.setText(QStringLiteral("Garden"));
+  EXPECT_EQ(combo.Text(), QStringLiteral("Garden"));
+  EXPECT_EQ(combo.BoundText(), garden);
+  EXPECT_EQ(chosen, 1);
+  auto* popup = qobject_cast<QListView*>(combo.view());
+  EXPECT_TRUE(popup->isRowHidden(3));
+  combo.setBoundText(1);
+  QTest::keyClicks(&combo, QStringLiteral("G"));
+  EXPECT_EQ(combo.Text(), QStringLiteral("lake"));
+  combo.setBoundText(garden);
+  EXPECT_EQ(combo.Text(), QStringLiteral("Garden"));
+}
+
+TEST_F(BoundListTest, TheNextRefillOffersIt) {
+  DataCombo combo;
+  combo.setListSource(source());
+  places.AddNew({"PlaceName"}, {"Garden"});
+  combo.setText(QStringLiteral("Garden"));
+  combo.ReFill();
+  EXPECT_EQ(combo.count(), 4);
+  EXPECT_FALSE(qobject_cast<QListView*>(combo.view())->isRowHidden(3));
+  EXPECT_EQ(combo.Text(), QStringLiteral("Garden"));
+  combo.setBoundText(1);
+  QTest::keyClicks(&combo, QStringLiteral("G"));
+  EXPECT_EQ(combo.Text(), QStringLiteral("Garden"));
+}
+
+TEST_F(BoundListTest, ATextWithoutARowIsNotChosen) {
+  DataCombo combo;
+  combo.setListSource(source());
+  combo.setText(QStringLiteral("Garden"));
+  EXPECT_TRUE(combo.BoundText().isNull());
+  EXPECT_EQ(combo.count(), 3);
+}
+
 TEST_F(BoundListTest, AComboShowsTheTextOfItsValue) {
   DataCombo combo;
   combo.setListSource(source());

@@ -1,0 +1,75 @@
+#include "PhotoDeletion.h"
+
+#include "PhotoFiles.h"
+#include "PhotoIdentity.h"
+#include "SafeFile.h"
+#include "Trash.h"
+
+namespace hearthbook {
+namespace {
+
+void trash(const Album& album, const std::filesystem::path& file) {
+  if (fileExists(file))
+    moveToTrash(file, album.folder.path("\\Backup"));
+}
+
+void deleteFiles(const Album& album, const std::string& pictureId) {
+  if (originOf(pictureId) == PhotoOrigin::HardDisk) {
+    trash(album, *imagePath(album, pictureId));
+    deleteFile(album.folder.path("\\Thumbnails\\" + stemOf(pictureId) + ".jpg"));
+  }
+  // Without a look at the prefix: the sound of a disc photo lies on the hard disk too.
+  for (const auto& sound : album.folder.filesWithStem("\\Audio\\", stemOf(pictureId)))
+    trash(album, sound);
+}
+
+/// Opened again first: Add To Sub-Album may have left the set on one album's rows.
+void deleteMemberships(Recordset& members, const std::string& pictureId) {
+  members.Close();
+  members.Open(sources::subAlbumPhotos);
+  members.Filter("PhotoID = '" + pictureId + "'");
+  for (auto count = members.atEOF() ? 0 : members.RecordCount(); count > 0; --count) {
+    members.Delete();
+    members.UpdateBatch();
+    members.MoveNext();
+  }
+  members.Filter("");
+}
+
+void standAt(Recordset& photos, std::int64_t offset) {
+  if (photos.RecordCount() == 0)
+    return;
+  photos.MoveFirst();
+  photos.Move(offset);
+  if (photos.atEOF())
+    photos.MoveLast();
+  else if (photos.atBOF())
+    photos.MoveFirst();
+}
+
+} // namespace
+
+bool isProtectedPhoto(std::string_view pictureId) { return pictureId == "HD00001"; }
+
+void deletePhoto(Album& album) {
+  Recordset& photos = album.data.rsPhotoAlbum;
+  const std::int64_t back = photos.AbsolutePosition() - 1;
+  const std::string id = photos.Collect("PictureID").toText();
+  deleteFiles(album, id);
+  try {
+    album.data.AlbumDB.transaction([&] {
+      photos.Delete();
+      photos.UpdateBatch();
+      deleteMemberships(album.data.rsSubAlbumPhotos, id);
+    });
+  } catch (...) {
+    // The sets have let go of rows that are still there.
+    album.data.rsSubAlbumPhotos.Open(sources::subAlbumPhotos);
+    photos.Requery();
+    standAt(photos, back);
+    throw;
+  }
+  standAt(photos, back);
+}
+
+} // namespace hearthbook
