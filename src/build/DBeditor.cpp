@@ -8,10 +8,14 @@
 #include "Look.h"
 #include "MsgBox.h"
 #include "NameFilter.h"
-#include "NamesInPhoto.h"
+#include "NameList.h"
+#include "NameListCommands.h"
+#include "NameMarking.h"
 #include "Numbers.h"
+#include "People.h"
 #include "PeopleCommands.h"
 #include "PeopleControls.h"
+#include "PhotoDeletion.h"
 #include "PhotoFiles.h"
 #include "PickaPic.h"
 #include "Pointer.h"
@@ -46,8 +50,13 @@ DBeditor::DBeditor(Album& album, PictureLoader& loader, WorkPool& pool, Navigato
                                                                    ui->EventsDrp, ui->Year},
                                              [this] { return shownNames(); });
   peopleCommands_ = std::make_unique<PeopleCommands>(album_, *people_);
+  marking_ = new NameMarking(
+      photos_, album_.data.rsAppearances, *people_, *stage_,
+      {ui->Combo1, ui->List2, ui->Command2, ui->Command3, ui->markName, ui->Image1, ui->Shape1},
+      this);
   new HelpKeys(this, [this](const QString& key) { help_.show(key); });
   wireControls();
+  wireNames();
 
   Recordset& people = album_.data.rsAppearances;
   people.Close();
@@ -67,8 +76,21 @@ void DBeditor::wireControls() {
   onCommand(ui->FindPhoto, this, &DBeditor::findPhoto);      // "Find Photo"
   onCommand(ui->Command18, this, &DBeditor::findNextEmpty);  // "Find Next Empty"
   // Photos and the form
-  onCommand(ui->Command1, this, &DBeditor::addFromFile); // "Add From File"
-  onCommand(ui->Command4, this, &DBeditor::done);        // "Done"
+  onCommand(ui->Command1, this, &DBeditor::addFromFile);  // "Add From File"
+  onCommand(ui->Command5, this, &DBeditor::deleteRecord); // "Delete"
+  onCommand(ui->Command4, this, &DBeditor::done);         // "Done"
+  // Places and events
+  AlbumData& data = album_.data;
+  onCommand(ui->Command9, this,
+            [&] { addToNameList(placeWords, data.rsPlaces, *ui->PlacesDrp); }); // "Add"
+  onCommand(ui->Command17, this, [&] {
+    deleteFromNameList(placeWords, photos_, data.rsPlaces, *ui->PlacesDrp);
+  }); // "Delete"
+  onCommand(ui->Command10, this,
+            [&] { addToNameList(eventWords, data.rsEvents, *ui->EventsDrp); }); // "Add"
+  onCommand(ui->Command16, this, [&] {
+    deleteFromNameList(eventWords, photos_, data.rsEvents, *ui->EventsDrp);
+  }); // "Delete"
   // People
   onCommand(ui->Command19, this, [this] { peopleCommands_->addName(); });    // "Add"
   onCommand(ui->Command11, this, [this] { peopleCommands_->updateName(); }); // "Update"
@@ -79,6 +101,25 @@ void DBeditor::wireControls() {
     endYear();
     return true;
   });
+}
+
+void DBeditor::wireNames() {
+  connect(ui->Combo1, &QComboBox::activated, this, asCommand([this] { marking_->filterPeople(); }));
+  connect(ui->DataList1, &DataList::chosen, this, asCommand([this] { marking_->personChosen(); }));
+  connect(ui->DataList1, &DataList::doubleClickedRow, this,
+          asCommand([this] { marking_->putInByDoubleClick(); }));
+  connect(ui->List2, &QListWidget::itemSelectionChanged, this,
+          asCommand([this] { marking_->nameChosen(); }));
+  connect(ui->List2, &QListWidget::itemDoubleClicked, this,
+          asCommand([this] { marking_->takeOut(); }));
+  onCommand(ui->Command2, marking_, &NameMarking::putIn);        // ">>"
+  onCommand(ui->Command3, marking_, &NameMarking::takeOut);      // "<<"
+  onCommand(ui->markName, marking_, &NameMarking::startMarking); // "Mark Names"
+  connect(ui->Image1, &PictureBox::pressed, this, [this](QPointF position) {
+    if (!isWaitingForPicture()) // the picture on the screen may be the last photo's
+      runCommand([&] { marking_->press(position); });
+  });
+  connect(picture_, &RecordPicture::placed, marking_, &NameMarking::placeMarker);
 }
 
 void DBeditor::bindFields() {
@@ -112,8 +153,7 @@ void DBeditor::setFaces() {
   setFace(Face::Grn, media("Btn_Grn.jpg"),
           {ui->Command9, ui->Command10, ui->Command11, ui->Command19});
   setFace(Face::Ylw, media("Btn_Ylw.jpg"), {ui->markName, ui->Command12});
-  ui->Shape1->setPixmap(QPixmap(media("MarkerIcon.ico")));
-  ui->Shape1->setScaledContents(true);
+  marking_->setPictures(QPixmap(media("Marker.png")), QPixmap(media("MarkerIcon.ico")));
   ui->Image2->setIcon(soundIcon());
 }
 
@@ -133,6 +173,7 @@ void DBeditor::updateEnabled() {
     walking->setEnabled(hasRecords);
   ui->FindPhoto->setEnabled(hasRecords && navigator_.canFindPhoto());
 
+  ui->Command5->setEnabled(standsOnRow(photos_));
   ui->Command18->setEnabled(standsOnRow(photos_));
   ui->Command12->setEnabled(standsOnRow(photos_));
   ui->Command1->setEnabled(standsOnWholeAlbum(photos_));
@@ -141,12 +182,12 @@ void DBeditor::updateEnabled() {
 void DBeditor::ComposeRecord() {
   const Hourglass hourglass;
   passOver([&] { updateEnabled(); });
-  clearPhotoLists();
+  marking_->clear();
   passOver([&] { showPosition(); });
   passOver([&] { resolveImage(album_, photos_.Collect("PictureID").toText()); });
   passOver([&] { picture_->show(album_.vars.ImagePicture.file); });
   placeImagePath();
-  passOver([&] { showNames(); });
+  passOver([&] { marking_->showNames(); });
   passOver([&] { showAudio(); });
   passOver([&] { showNameFilter(); });
   composedId_ = currentId();
@@ -155,12 +196,6 @@ void DBeditor::ComposeRecord() {
 }
 
 bool DBeditor::isWaitingForPicture() const { return picture_->isWaiting(); }
-
-void DBeditor::clearPhotoLists() {
-  ui->List2->clear();
-  ui->Shape1->hide();
-  ui->markName->setChecked(false);
-}
 
 void DBeditor::showPosition() {
   ui->NumRec->setText(QString::number(photos_.AbsolutePosition()) + QStringLiteral(" of ") +
@@ -183,13 +218,6 @@ void DBeditor::placeImagePath() {
   ui->Label4->setText(QStringLiteral("Image: ") + toQString(album_.vars.ImagePath));
 }
 
-void DBeditor::showNames() {
-  const auto names = shownNames();
-  if (names && !names->namesInPhoto.empty())
-    people_->setNamesInPhoto(
-        PopList(album_.data.rsAppearances, names->namesInPhoto, names->namesCords));
-}
-
 void DBeditor::showAudio() {
   const bool attached = hasSound(album_, photos_.Collect("PictureID").toText());
   ui->Label5->setText(attached ? QStringLiteral("Update Audio") : QStringLiteral("Add Audio"));
@@ -197,8 +225,9 @@ void DBeditor::showAudio() {
 
 void DBeditor::showNameFilter() {
   const std::string chosen = people_->filter().text;
-  people_->setFilter(nameFilterEntries(album_.data.rsAppearances),
-                     chosen.empty() ? familyMembersEntry : chosen);
+  Recordset& people = album_.data.rsAppearances;
+  openEverybody(people); // the filter may have left only one person's people in it
+  people_->setFilter(nameFilterEntries(people), chosen.empty() ? familyMembersEntry : chosen);
 }
 
 void DBeditor::decodeNeighbours() {
@@ -292,6 +321,23 @@ bool DBeditor::searchNextEmpty() {
 void DBeditor::addFromFile() {
   Forms::get<PickaPic>().ShowModal();
   ComposeRecord();
+}
+
+void DBeditor::deleteRecord() {
+  const QString title = QStringLiteral("Delete Record");
+  if (isProtectedPhoto(currentId())) {
+    MsgBox(QStringLiteral("Can't Delete First Record"), title, MsgIcon::Exclamation);
+    return;
+  }
+  const MsgAnswer answer =
+      MsgBox(QStringLiteral(
+                 "Are you sure you want to delete this record?\nThe file will be deleted as well!"),
+             title, MsgIcon::Exclamation, MsgButtons::YesNo);
+  if (answer != MsgAnswer::Yes)
+    return;
+  deletePhoto(album_);
+  ComposeRecord();
+  MsgBox(QStringLiteral("Record Deleted!"));
 }
 
 void DBeditor::done() {

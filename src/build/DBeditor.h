@@ -19,6 +19,7 @@ class DBeditor;
 
 namespace hearthbook {
 
+class NameMarking;
 class PeopleCommands;
 class PeopleControls;
 class RecordPicture;
@@ -52,15 +53,14 @@ protected:
 
 private:
   void wireControls();
+  void wireNames();
   void bindFields();
   void setFaces();
   void colourLabels();
   void updateEnabled();
-  void clearPhotoLists();
 
   void showPosition();
   void showImage();
-  void showNames();
   void showAudio();
   void showNameFilter();
   void placeImagePath();
@@ -78,6 +78,7 @@ private:
   void findNextEmpty();
   bool searchNextEmpty();
   void addFromFile();
+  void deleteRecord();
   void done();
 
   void endYear();
@@ -91,6 +92,7 @@ private:
   RecordPicture* picture_;
   std::unique_ptr<PeopleControls> people_;
   std::unique_ptr<PeopleCommands> peopleCommands_;
+  NameMarking* marking_;
   Binding binding_;
   std::string composedId_; ///< of the row that is on the screen
 };
