@@ -22,11 +22,10 @@ YearRow* rowOf(std::vector<YearRow>& rows, const Value& year) {
   return &rows[static_cast<std::size_t>(place)];
 }
 
-void mark(std::vector<YearRow>& rows, Recordset& photos, const YearQuestion& question) {
-  const std::string key = padded(question.personId, 3);
+void markYears(std::vector<YearRow>& rows, Recordset& photos, const YearQuestion& question) {
   for (; !photos.atEOF(); photos.MoveNext()) {
     YearRow* row = rowOf(rows, photos.Collect("Year"));
-    if (!row || photos.Collect("NamesInPhoto").toText().find(key) == std::string::npos)
+    if (!row)
       continue;
     const Value place = photos.Collect("PlaceID");
     const Value event = photos.Collect("EventID");
@@ -60,10 +59,11 @@ YearTable yearTable(Connection& connection, const YearQuestion& question) {
   for (int year = question.birthYear; year <= question.currentYear; ++year)
     table.rows.push_back({year, year - question.birthYear});
   Recordset photos(connection);
-  photos.Open("SELECT Year, PlaceID, EventID, NamesInPhoto FROM PhotoAlbum WHERE PlaceID = " +
+  photos.Open("SELECT Year, PlaceID, EventID FROM PhotoAlbum WHERE (PlaceID = " +
               std::to_string(question.placeId) +
-              " OR EventID = " + std::to_string(question.eventId));
-  mark(table.rows, photos, question);
+              " OR EventID = " + std::to_string(question.eventId) + ") AND NamesInPhoto LIKE '%" +
+              padded(question.personId, 3) + "%'");
+  markYears(table.rows, photos, question);
   table.firstHit = firstHitOf(table.rows);
   return table;
 }

@@ -45,7 +45,7 @@ int monthOf(std::string_view word) {
 std::optional<Piece> takePiece(std::string_view& text) {
   std::size_t end = 0;
   const bool isWord = !text.empty() && isLetter(text[0]);
-  while (end < text.size() && (isWord ? isLetter(text[end]) : isDigit(text[end])))
+  while (end < text.size() && (isWord ? isLetter(text[end]) : isAsciiDigit(text[end])))
     ++end;
   const std::string_view taken = text.substr(0, end);
   text.remove_prefix(end);

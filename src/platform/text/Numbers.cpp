@@ -15,7 +15,7 @@ namespace {
 char lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
 
 int digitValue(char c) {
-  if (isDigit(c))
+  if (isAsciiDigit(c))
     return c - '0';
   const char letter = lower(c);
   return letter >= 'a' && letter <= 'f' ? letter - 'a' + 10 : 16;
@@ -76,7 +76,8 @@ Dress undress(std::string_view& text) {
 /// The length of the digits at the start; separators are left out of `plain`.
 std::size_t takeDigits(std::string_view text, bool separators, std::string& plain) {
   std::size_t at = 0;
-  while (at < text.size() && (isDigit(text[at]) || (separators && at > 0 && text[at] == ','))) {
+  while (at < text.size() &&
+         (isAsciiDigit(text[at]) || (separators && at > 0 && text[at] == ','))) {
     if (text[at] != ',')
       plain += text[at];
     ++at;
@@ -146,7 +147,7 @@ std::int64_t leadingNumber(std::string_view text) {
     text.remove_prefix(1);
   constexpr auto limit = std::numeric_limits<std::int64_t>::max();
   std::int64_t number = 0;
-  for (std::size_t at = 0; at < text.size() && isDigit(text[at]); ++at) {
+  for (std::size_t at = 0; at < text.size() && isAsciiDigit(text[at]); ++at) {
     const int digit = text[at] - '0';
     if (number > (limit - digit) / 10)
       return negative ? -limit : limit;

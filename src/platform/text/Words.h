@@ -6,6 +6,8 @@
 
 namespace hearthbook {
 
+inline bool isAsciiDigit(char c) { return c >= '0' && c <= '9'; }
+
 /// The text without the blanks around it; tabs and line ends stay.
 std::string trimmed(std::string_view text);
 
