@@ -16,8 +16,9 @@ class Recordset;
 ///
 /// The file must exist: a connection never creates one. Text compares, sorts and matches LIKE
 /// without regard to case for every alphabet, in the order of the user's language (`en_US`
-/// where the locale is "C"); accents count. Journal: rollback, fully synchronised, so that a
-/// kill or a power cut leaves either the state before a statement or the state behind it.
+/// where the locale is "C"); accents count. Journal: rollback, its removal flushed too, so
+/// that a kill or a power cut leaves either the state before a statement or the state behind it,
+/// and what has returned stays done.
 /// Everything that fails throws RunTimeError, with the statement or the path in its text.
 ///
 /// A schema declares name and text columns `COLLATE HEARTHBOOK_TEXT` (TextFunctions.h) and puts

@@ -2,15 +2,15 @@
 
 #include "DatabaseFile.h"
 #include "RunTimeError.h"
+#include "SafeFile.h"
 #include "Statement.h"
 
 #include <sqlite3.h>
 
-#include <fcntl.h>
 #include <unistd.h>
 
 #include <cerrno>
-#include <cstring>
+#include <cstdio>
 #include <string>
 #include <system_error>
 
@@ -54,19 +54,6 @@ private:
   throwNotMade(file, std::error_code(errno, std::generic_category()).message());
 }
 
-/// Waits until the file or the folder is on the disk.
-void flush(const fs::path& path) {
-  const int descriptor = open(path.c_str(), O_RDONLY | O_CLOEXEC);
-  if (descriptor < 0)
-    throwSystemError(path);
-  const int result = fsync(descriptor);
-  const int error = errno;
-  close(descriptor);
-  errno = error;
-  if (result != 0)
-    throwSystemError(path);
-}
-
 void writeCompacted(const fs::path& source, const fs::path& copy) {
   const DatabaseHandle database = openDatabase(source);
   Statement vacuum(database.get(), "VACUUM INTO ?1");
@@ -104,10 +91,10 @@ void JetEngine::CompactDatabase(const fs::path& source, const fs::path& destinat
   TemporaryFile copy(destination.string() + ".new");
   writeCompacted(source, copy.path());
   check(copy.path());
-  flush(copy.path());
+  flushToDisk(copy.path());
   giveName(copy.path(), destination);
   copy.keep();
-  flush(folderOf(destination));
+  flushToDisk(folderOf(destination));
 }
 
 } // namespace hearthbook

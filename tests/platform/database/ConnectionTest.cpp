@@ -48,9 +48,9 @@ TEST_F(AlbumFile, OpensAndTellsItsFile) {
   EXPECT_TRUE(connection.passesQuickCheck());
 }
 
-TEST_F(AlbumFile, UsesRollbackJournalAndFullSynchronisation) {
+TEST_F(AlbumFile, UsesARollbackJournalWhoseRemovalIsFlushedToo) {
   EXPECT_EQ(stored("SELECT journal_mode FROM pragma_journal_mode"), "delete");
-  EXPECT_EQ(stored("SELECT synchronous FROM pragma_synchronous"), "2");
+  EXPECT_EQ(stored("SELECT synchronous FROM pragma_synchronous"), "3");
   EXPECT_EQ(stored("SELECT foreign_keys FROM pragma_foreign_keys"), "0");
 }
 

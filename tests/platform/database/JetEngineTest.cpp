@@ -4,13 +4,30 @@
 #include "RunTimeError.h"
 
 #include <sys/resource.h>
+#include <sys/stat.h>
+#include <sys/syscall.h>
 #include <sys/time.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <csignal>
 #include <cstdlib>
 #include <fstream>
+
+namespace {
+bool foldersCannotBeFlushed = false;
+}
+
+/// Stands before the system's: some file systems answer so for every folder.
+extern "C" int fsync(int file) {
+  struct stat status {};
+  if (foldersCannotBeFlushed && fstat(file, &status) == 0 && S_ISDIR(status.st_mode)) {
+    errno = EINVAL;
+    return -1;
+  }
+  return static_cast<int>(syscall(SYS_fsync, file));
+}
 
 namespace hearthbook::test {
 namespace {
@@ -54,6 +71,13 @@ TEST_F(Compaction, KeepsTheVersionAndTheNumbersGiven) {
   places.Open("Places");
   places.AddNew({"PlaceName"}, {"Garden"});
   EXPECT_EQ(places.Collect("PlaceID"), Value(4));
+}
+
+TEST_F(Compaction, WorksWhereAFolderCannotBeFlushed) {
+  foldersCannotBeFlushed = true;
+  EXPECT_NO_THROW(engine.CompactDatabase(file, copy));
+  foldersCannotBeFlushed = false;
+  EXPECT_TRUE(fs::exists(copy));
 }
 
 TEST_F(Compaction, MakesRoomThatDeletedRowsLeft) {
