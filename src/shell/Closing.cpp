@@ -41,11 +41,23 @@ std::exception_ptr backUpAside(const ApplicationFolder& folder, Progress& progre
   return failure;
 }
 
+/// Only what has just been checked is called whole: the user may delete a copy for this word.
 std::string whereTheAlbumIs(const ApplicationFolder& folder) {
-  if (fileExists(folder.path(albumFile)))
-    return "Your album is whole. It is in " + folder.path(albumFile).string() + ".";
-  return "Your album is whole in " + folder.path(backupFile).string() +
-         ". At the next start Hearthbook offers to restore it: answer Yes.";
+  const auto live = folder.path(albumFile);
+  const auto backup = folder.path(backupFile);
+  if (isWholeDatabase(live))
+    return "Your album is whole. It is in " + live.string() + ".";
+  const std::string trouble =
+      live.string() + (fileExists(live) ? " is damaged or cannot be read." : " is missing.");
+  if (!isWholeDatabase(backup))
+    return trouble + " There is no whole copy in " + backup.string() +
+           " either. Leave both as they are and look for a copy of your own.";
+  if (!fileExists(live))
+    return "Your album is whole in " + backup.string() +
+           ". At the next start Hearthbook offers to restore it: answer Yes.";
+  return trouble + " The backup in " + backup.string() +
+         " is whole; what is newer than it is not in it. To return to it, move the damaged file "
+         "to another folder and start Hearthbook: it offers to restore the backup.";
 }
 
 void tellFailure(const std::exception& failure, const ApplicationFolder& folder) {

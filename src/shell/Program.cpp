@@ -42,17 +42,26 @@ bool wantsBackup() {
                 MsgButtons::YesNo) == MsgAnswer::Yes;
 }
 
+/// What a start that failed has done to the album.
+std::string whatBecameOfTheAlbum(const ApplicationFolder& folder, bool wasThere) {
+  const bool isRestored = !wasThere && fileExists(folder.path(albumFile));
+  return (isRestored ? "Your album was restored from the backup. It is in " +
+                           folder.path(albumFile).string() + "."
+                     : std::string("Nothing was changed.")) +
+         " The copy of your album in " + folder.path("\\Backup").string() + " is as it was.";
+}
+
 /// True where the album stands open. Otherwise the user has been told.
 bool openAlbumOrTell(Album& album) {
+  const bool wasThere = fileExists(album.folder.path(albumFile));
   try {
     if (startAlbum(album, wantsBackup) == AlbumStart::Opened)
       return true;
     MsgBox(toQString("Hearthbook Could Not Continue!"), toQString("Database Not Found"),
            MsgIcon::Critical);
   } catch (const std::exception& failure) {
-    tellStartFailure(std::string(failure.what()) +
-                     "\n\nNothing was changed. The copy of your album in " +
-                     album.folder.path("\\Backup").string() + " is as it was.");
+    tellStartFailure(std::string(failure.what()) + "\n\n" +
+                     whatBecameOfTheAlbum(album.folder, wasThere));
   }
   return false;
 }

@@ -70,4 +70,13 @@ void restoreBackup(const ApplicationFolder& folder) {
   JetEngine().CompactDatabase(backupFile(folder), liveFile(folder));
 }
 
+bool isWholeDatabase(const fs::path& database) {
+  try {
+    requireWhole(database);
+    return true;
+  } catch (const RunTimeError&) {
+    return false;
+  }
+}
+
 } // namespace hearthbook

@@ -2,6 +2,7 @@
 
 #include "ApplicationFolder.h"
 
+#include <filesystem>
 #include <functional>
 
 namespace hearthbook {
@@ -13,5 +14,8 @@ void compactAndBackUp(const ApplicationFolder& folder, const std::function<void(
 
 /// Makes the live file from the backup. Throws RunTimeError where there is none.
 void restoreBackup(const ApplicationFolder& folder);
+
+/// True where the file is there, can be opened and passes the database's check.
+bool isWholeDatabase(const std::filesystem::path& database);
 
 } // namespace hearthbook

@@ -85,5 +85,52 @@ TEST_F(ClosingTest, AFailureSaysWhyAndWhereTheAlbumIs) {
   EXPECT_FALSE(Forms::loaded<Progress>());
 }
 
+class ClosingFailureTest : public ClosingTest {
+protected:
+  void damageLive() { test::writeBytes(live(), "this is no database at all"); }
+};
+
+TEST_F(ClosingFailureTest, ADamagedAlbumIsNotCalledWhole) {
+  damageLive();
+  boxes.expectFailure(toQString(live().string() +
+                                " is damaged or cannot be read. There is no "
+                                "whole copy in " +
+                                backup().string() + " either."));
+
+  closeAlbum(album().data, folder());
+
+  EXPECT_TRUE(boxes.isDone());
+}
+
+TEST_F(ClosingFailureTest, ADamagedAlbumNamesTheWholeBackup) {
+  makeBackup();
+  damageLive();
+  boxes.expectFailure(toQString(live().string() + " is damaged or cannot be read. The backup in " +
+                                backup().string() + " is whole;"));
+
+  closeAlbum(album().data, folder());
+
+  EXPECT_TRUE(boxes.isDone());
+}
+
+TEST_F(ClosingFailureTest, AMissingAlbumNamesTheBackupToRestore) {
+  makeBackup();
+  std::filesystem::remove(live());
+  boxes.expectFailure(toQString("\n\nYour album is whole in " + backup().string()));
+
+  closeAlbum(album().data, folder());
+
+  EXPECT_TRUE(boxes.isDone());
+}
+
+TEST_F(ClosingFailureTest, NothingIsCalledWholeWhereAlbumAndBackupAreGone) {
+  std::filesystem::remove(live());
+  boxes.expectFailure(toQString(live().string() + " is missing. There is no whole copy in "));
+
+  closeAlbum(album().data, folder());
+
+  EXPECT_TRUE(boxes.isDone());
+}
+
 } // namespace
 } // namespace hearthbook

@@ -3,6 +3,7 @@
 #include "BoxScript.h"
 #include "FileBytes.h"
 #include "Forms.h"
+#include "MDIForm1.h"
 #include "ShellFixture.h"
 #include "SingleInstance.h"
 #include "Text.h"
@@ -10,11 +11,26 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QEvent>
 #include <QTest>
 #include <QTimer>
 
 namespace hearthbook {
 namespace {
+
+/// Keeps the title that a frame was given last.
+class TitleWatch : public QObject {
+public:
+  explicit TitleWatch(QString& title) : title_(title) { qApp->installEventFilter(this); }
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    if (event->type() == QEvent::WindowTitleChange && qobject_cast<MDIForm1*>(watched))
+      title_ = static_cast<QWidget*>(watched)->windowTitle();
+    return false;
+  }
+
+private:
+  QString& title_;
+};
 
 class ProgramTest : public test::ShellTest {
 protected:
@@ -122,6 +138,39 @@ TEST_F(ProgramTest, AMissingHelpDatabaseEndsTheStartAndLeavesTheBackupAlone) {
 
   EXPECT_EQ(test::readBytes(backup()), bytes);
   EXPECT_FALSE(fileExists(help));
+}
+
+TEST_F(ProgramTest, AStartThatFailsTellsThatNothingWasChanged) {
+  std::filesystem::remove(folder().path("\\Data\\Help.mdb"));
+  boxes.expectFailure(QStringLiteral("Nothing was changed."));
+
+  EXPECT_EQ(run(), 1);
+  EXPECT_TRUE(boxes.isDone());
+}
+
+TEST_F(ProgramTest, AStartThatFailsBehindTheRestoreTellsOfIt) {
+  makeBackup();
+  std::filesystem::remove(live());
+  std::filesystem::remove(folder().path("\\Data\\Help.mdb"));
+  expectRestoreQuestion(MsgAnswer::Yes);
+  boxes.expectFailure(
+      toQString("\n\nYour album was restored from the backup. It is in " + live().string() + "."));
+
+  EXPECT_EQ(run(), 1);
+  EXPECT_TRUE(boxes.isDone());
+  EXPECT_TRUE(fileExists(live()));
+}
+
+TEST_F(ProgramTest, ASecondStartIsNamedApartAndGoes) {
+  SingleInstance other(folder().root());
+  ASSERT_EQ(other.claim(), SingleInstance::Claim::First);
+  QString title;
+  boxes.expectFailure(QStringLiteral("but does not answer"));
+  TitleWatch watch(title);
+
+  EXPECT_EQ(run(), 0);
+
+  EXPECT_EQ(title, QStringLiteral("Hearthbook2"));
 }
 
 TEST_F(ProgramTest, AnAlbumThatAnotherProgramHoldsInSilenceIsTold) {
