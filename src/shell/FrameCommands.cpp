@@ -10,6 +10,7 @@
 #include "frmAbout.h"
 
 #include <QMainWindow>
+#include <QScopeGuard>
 
 namespace hearthbook {
 
@@ -38,17 +39,20 @@ void FrameCommands::viewAlbum(int albumId, const QString& name) {
   if (!closeWorkForms())
     return;
   album_.vars.chosenAlbum = {albumId, toUtf8(name)};
-  auto& progress = Forms::get<Progress>();
-  progress.setCaption(toQString("Processing Album, Please Wait"));
-  progress.Show();
-  const auto opened =
-      openAlbum(album_, albumId, toUtf8(name), [&](int value) { progress.setValue(value); });
-  progress.Unload();
+  const auto opened = openUnderProgress(albumId, toUtf8(name));
   if (!opened)
     MsgBox(toQString("There are no photos in this album\nPlease select another one."),
            toQString("View Album"));
   else if (services_.albumView)
     services_.albumView->show(*opened);
+}
+
+std::optional<OpenedAlbum> FrameCommands::openUnderProgress(int albumId, const std::string& name) {
+  auto& progress = Forms::get<Progress>();
+  const auto unload = qScopeGuard([&progress] { progress.Unload(); });
+  progress.setCaption(toQString("Processing Album, Please Wait"));
+  progress.Show();
+  return openAlbum(album_, albumId, name, [&](int value) { progress.setValue(value); });
 }
 
 void FrameCommands::gettingStarted() {

@@ -7,6 +7,8 @@
 
 #include <filesystem>
 #include <functional>
+#include <optional>
+#include <string>
 
 class QMainWindow;
 
@@ -42,6 +44,8 @@ public:
   void about();
 
 private:
+  std::optional<OpenedAlbum> openUnderProgress(int albumId, const std::string& name);
+
   Album& album_;
   ShellServices services_;
   QMainWindow& frame_;

@@ -16,6 +16,7 @@
 #include <gtest/gtest.h>
 
 #include <QLabel>
+#include <QProgressBar>
 #include <QPushButton>
 #include <QTest>
 #include <QTimer>
@@ -28,6 +29,26 @@ class NotedAlbumView : public AlbumView {
 public:
   void show(const OpenedAlbum& album) override { shown.push_back(album); }
   std::vector<OpenedAlbum> shown;
+};
+
+/// Answers messages and notes whether Progress was there then.
+class LookBehindTheMessage : public BoxPlayer {
+public:
+  LookBehindTheMessage() : former_(BoxPlayer::install(this)) {}
+  ~LookBehindTheMessage() override { BoxPlayer::install(former_); }
+  LookBehindTheMessage(const LookBehindTheMessage&) = delete;
+  LookBehindTheMessage& operator=(const LookBehindTheMessage&) = delete;
+
+  MsgAnswer message(const QString&, const QString&, MsgIcon, MsgButtons) override {
+    progressWasLoaded.push_back(Forms::loaded<Progress>());
+    return MsgAnswer::Ok;
+  }
+  QString input(const QString&, const QString&, const QString&) override { return {}; }
+
+  std::vector<bool> progressWasLoaded;
+
+private:
+  BoxPlayer* former_;
 };
 
 class MDIForm1Test : public test::ShellTest {
@@ -154,6 +175,52 @@ TEST_F(MDIForm1Test, AnEmptyAlbumLeavesTheStartScreenWithEveryWorkFormClosed) {
   EXPECT_TRUE(view.shown.empty());
   EXPECT_EQ(openForms(), QStringList{QStringLiteral("Startup")});
   EXPECT_EQ(frame->activeForm(), &Forms::get<Startup>());
+}
+
+TEST_F(MDIForm1Test, OpeningAnAlbumIsShownUnderItsCaptionUntilTheMessage) {
+  openFrame();
+  QStringList shownAs;
+  Forms::provide<Progress>([&shownAs] {
+    auto* progress = new Progress;
+    QObject::connect(progress->findChild<QProgressBar*>(), &QProgressBar::valueChanged, progress,
+                     [&shownAs, progress] {
+                       shownAs << (progress->isShown() ? progress->caption() : QString());
+                     });
+    return progress;
+  });
+  LookBehindTheMessage message;
+
+  frame->menu().album(3)->trigger();
+
+  shownAs.removeDuplicates();
+  EXPECT_EQ(shownAs, QStringList{QStringLiteral("Processing Album, Please Wait")});
+  EXPECT_EQ(message.progressWasLoaded, std::vector<bool>{false});
+}
+
+TEST_F(MDIForm1Test, AnAlbumThatCannotBeOpenedLeavesNoProgress) {
+  openFrame();
+  album().data.AlbumDB.execute("DROP TABLE SubAlbumPhotos");
+  boxes.expectFailure(QStringLiteral("SubAlbumPhotos"));
+
+  frame->menu().album(7)->trigger();
+
+  EXPECT_TRUE(boxes.isDone());
+  EXPECT_FALSE(Forms::loaded<Progress>());
+}
+
+TEST_F(MDIForm1Test, ASecondStartBringsTheMinimisedFrameForward) {
+  openFrame();
+  frame->showMinimized();
+  QWidget other;
+  other.show();
+  ASSERT_TRUE(QTest::qWaitForWindowExposed(&other));
+  ASSERT_TRUE(frame->isMinimized());
+
+  frame->bringForward();
+
+  EXPECT_FALSE(frame->isMinimized());
+  EXPECT_TRUE(frame->isMaximized());
+  EXPECT_TRUE(QTest::qWaitForWindowActive(frame.get()));
 }
 
 TEST_F(MDIForm1Test, WithoutAlbumPagesTheEntriesAreThereAndDisabled) {
