@@ -2,7 +2,6 @@
 #include "AlbumFixture.h"
 #include "RunTimeError.h"
 
-#include <array>
 #include <random>
 
 namespace hearthbook::test {
@@ -14,12 +13,12 @@ constexpr int event = 2;
 
 class YearTableTest : public AlbumFixture {
 protected:
-  void addPhoto(Value year, Value placeId, Value eventId, Value names) {
+  void addPhoto(const Value& year, const Value& placeId, const Value& eventId, const Value& names) {
     folder_.addRow("PhotoAlbum", {{"PictureID", "HD" + std::to_string(20000 + added_++)},
-                                  {"Year", std::move(year)},
-                                  {"PlaceID", std::move(placeId)},
-                                  {"EventID", std::move(eventId)},
-                                  {"NamesInPhoto", std::move(names)}});
+                                  {"Year", year},
+                                  {"PlaceID", placeId},
+                                  {"EventID", eventId},
+                                  {"NamesInPhoto", names}});
   }
   YearTable tableFrom(int birthYear, int currentYear = 2026) {
     return yearTable(data().AlbumDB, {person, place, event, birthYear, currentYear});
@@ -112,15 +111,15 @@ TEST_F(YearTableTest, PhotosWithoutAYearOrFromOtherTimesLeaveNoMark) {
 
 TEST_F(YearTableTest, IsTheSameAsFilteringYearByYear) {
   std::mt19937 random(7);
-  const auto pick = [&](auto... values) {
-    const std::array<Value, sizeof...(values)> all{Value(values)...};
-    return all[random() % all.size()];
+  const std::vector<Value> odd{Value(), 1980.5, 0};
+  const std::vector<Value> ids{Value(), 1, 2, 3};
+  const std::vector<Value> names{Value(), "", "004,", "001,", "001,004,", "1004,", "040,"};
+  const auto pick = [&](const std::vector<Value>& from) -> const Value& {
+    return from[random() % from.size()];
   };
   for (int photo = 0; photo < 400; ++photo) {
-    const int year = 1975 + static_cast<int>(random() % 60);
-    addPhoto(random() % 9 == 0 ? pick(Value(), 1980.5, 0) : Value(year), pick(Value(), 1, 2, 3),
-             pick(Value(), 1, 2, 3),
-             pick(Value(), "", "004,", "001,", "001,004,", "1004,", "040,"));
+    const Value year = 1975 + static_cast<int>(random() % 60);
+    addPhoto(random() % 9 == 0 ? pick(odd) : year, pick(ids), pick(ids), pick(names));
   }
   EXPECT_EQ(tableFrom(1977), byFilters(1977, 2026));
   EXPECT_EQ(tableFrom(-5), byFilters(-5, 2026));
