@@ -25,7 +25,7 @@ void CoverPicture::showPicture(PictureLoader& loader, std::filesystem::path file
   loader_ = &loader;
   file_ = std::move(file);
   passOver([this] { fileSize_ = readPictureInfo(file_).size; });
-  ask();
+  update();
 }
 
 PixelSize CoverPicture::coveringSize() const {
@@ -35,6 +35,7 @@ PixelSize CoverPicture::coveringSize() const {
           static_cast<int>(std::ceil(fileSize_.height * scale))};
 }
 
+// Asked for when it is painted, so that no picture is made for a size that is never seen.
 void CoverPicture::ask() {
   if (!loader_ || fileSize_.width == 0 || size().isEmpty())
     return;
@@ -49,12 +50,8 @@ void CoverPicture::ask() {
   });
 }
 
-void CoverPicture::resizeEvent(QResizeEvent* event) {
-  QWidget::resizeEvent(event);
-  ask();
-}
-
 void CoverPicture::paintEvent(QPaintEvent* /*event*/) {
+  ask();
   QPainter painter(this);
   if (picture_.isNull()) {
     painter.fillRect(rect(), wall);

@@ -1,17 +1,32 @@
 #include "PictureCommand.h"
 
+#include "Beside.h"
 #include "Look.h"
 
 #include <QEvent>
 #include <QKeyEvent>
 #include <QPainter>
 
+#include <utility>
+
 namespace hearthbook {
 
 namespace {
 
 constexpr double captionShare = 0.2; // of the height, below the picture
-constexpr double restingOpacity = 0.45;
+
+/// The picture of a command that cannot be used: as faded as an old print.
+QPixmap faded(const QPixmap& picture) {
+  if (picture.isNull())
+    return {};
+  QPixmap print = picture;
+  QPainter painter(&print);
+  painter.setCompositionMode(QPainter::CompositionMode_SourceAtop);
+  QColor veil = look::desk;
+  veil.setAlphaF(0.62F);
+  painter.fillRect(print.rect(), veil);
+  return print;
+}
 
 } // namespace
 
@@ -20,19 +35,30 @@ PictureCommand::PictureCommand(QWidget* parent) : QAbstractButton(parent) {
   setCursor(Qt::PointingHandCursor);
 }
 
-void PictureCommand::setPictures(const QString& file, const QString& hoverFile) {
-  picture_ = QPixmap(file);
+void PictureCommand::showPictures(WorkPool& pool, const QString& file, const QString& hoverFile) {
+  pool_ = &pool;
+  runBeside(
+      pool, this, [file] { return QImage(file); },
+      [this](const QImage& picture) {
+        picture_ = QPixmap::fromImage(picture);
+        restingPicture_ = faded(picture_);
+        update();
+      });
   hoverFile_ = hoverFile;
-  hoverPicture_ = {};
-  update();
 }
 
 bool PictureCommand::isPointedAt() const { return isEnabled() && (underMouse() || hasFocus()); }
 
-// Most starts never show most of these.
+// Read when it is first wanted: most starts never show most of these.
 void PictureCommand::loadHoverPicture() {
-  if (hoverPicture_.isNull() && !hoverFile_.isEmpty())
-    hoverPicture_ = QPixmap(hoverFile_);
+  if (hoverFile_.isEmpty())
+    return;
+  runBeside(
+      *pool_, this, [file = std::exchange(hoverFile_, {})] { return QImage(file); },
+      [this](const QImage& picture) {
+        hoverPicture_ = QPixmap::fromImage(picture);
+        update();
+      });
 }
 
 bool PictureCommand::event(QEvent* event) {
@@ -74,24 +100,22 @@ QRectF PictureCommand::captionRect() const {
 void PictureCommand::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
   painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
-  if (!isEnabled())
-    painter.setOpacity(restingOpacity);
   const QPixmap& shown = isPointedAt() && !hoverPicture_.isNull() ? hoverPicture_ : picture_;
   if (!shown.isNull())
-    painter.drawPixmap(pictureRect(), shown, shown.rect());
+    painter.drawPixmap(pictureRect(), isEnabled() ? shown : restingPicture_, shown.rect());
   drawCaption(painter);
 }
 
 void PictureCommand::drawCaption(QPainter& painter) const {
   const QRectF plate = captionRect().adjusted(2, 2, -2, -2);
   painter.setPen(hasFocus() ? QPen(look::darkRed, 2) : QPen(Qt::NoPen));
-  painter.setBrush(isPointedAt() ? look::panelYellow : look::paper);
+  painter.setBrush(isPointedAt() ? look::panelYellow : isEnabled() ? look::paper : look::desk);
   painter.drawRoundedRect(plate, plate.height() / 2, plate.height() / 2);
   QFont caption = font();
   caption.setPixelSize(qMax(7, static_cast<int>(plate.height() * 0.52)));
   caption.setBold(true);
   painter.setFont(caption);
-  painter.setPen(look::ink);
+  painter.setPen(isEnabled() ? look::ink : look::fadedInk);
   painter.drawText(plate, Qt::AlignCenter, text());
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "WorkPool.h"
+
 #include <QAbstractButton>
 #include <QPixmap>
 
@@ -13,7 +15,8 @@ class PictureCommand : public QAbstractButton {
 public:
   explicit PictureCommand(QWidget* parent = nullptr);
 
-  void setPictures(const QString& file, const QString& hoverFile);
+  /// The pictures follow as soon as the pool has read them.
+  void showPictures(WorkPool& pool, const QString& file, const QString& hoverFile);
   /// The mouse is over it, or it has the keyboard.
   [[nodiscard]] bool isPointedAt() const;
 
@@ -32,7 +35,9 @@ private:
   [[nodiscard]] QRectF captionRect() const;
 
   QPixmap picture_;
-  QString hoverFile_;
+  QPixmap restingPicture_;
+  QString hoverFile_; ///< until it is read
+  WorkPool* pool_ = nullptr;
   QPixmap hoverPicture_;
 };
 

@@ -10,6 +10,7 @@
 #include "Wiring.h"
 
 #include <QApplication>
+#include <QIcon>
 #include <QTimer>
 
 namespace hearthbook {
@@ -66,8 +67,17 @@ bool openAlbumOrTell(Album& album) {
   return false;
 }
 
+void setProgramIcon(const ApplicationFolder& folder) {
+  QGuiApplication::setWindowIcon(QIcon(toQString(folder.path("\\Media\\Hearthbook.png"))));
+  QGuiApplication::setDesktopFileName(QStringLiteral("hearthbook"));
+}
+
 int runFrame(MDIForm1& frame, const ApplicationFolder& folder) {
-  QTimer::singleShot(0, &frame, [&folder] { tidyAlbumFolders(folder); });
+  // Neither is needed for the first paint.
+  QTimer::singleShot(0, &frame, [&folder] {
+    setProgramIcon(folder);
+    tidyAlbumFolders(folder);
+  });
   frame.open();
   return QApplication::exec();
 }

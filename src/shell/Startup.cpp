@@ -28,8 +28,9 @@ constexpr auto exportText =
 
 } // namespace
 
-Startup::Startup(const ApplicationFolder& folder, PictureLoader& loader, StartupCommands commands)
-    : Form(toQString("Startup"), Kind::Backdrop), folder_(folder), loader_(loader),
+Startup::Startup(const ApplicationFolder& folder, WorkPool& pool, PictureLoader& loader,
+                 StartupCommands commands)
+    : Form(toQString("Startup"), Kind::Backdrop), folder_(folder), pool_(pool), loader_(loader),
       commands_(std::move(commands)), ui(new Ui::Startup) {
   ui->setupUi(this);
   stackPictureAndCommands();
@@ -67,8 +68,8 @@ void Startup::load() {
 void Startup::wire(PictureCommand* command, const char* picture,
                    const std::function<void()>& action, const char* description) {
   const std::string media = "\\Media\\" + std::string(picture);
-  command->setPictures(toQString(folder_.path(media + ".png")),
-                       toQString(folder_.path(media + "2.png")));
+  command->showPictures(pool_, toQString(folder_.path(media + ".png")),
+                        toQString(folder_.path(media + "2.png")));
   command->setEnabled(static_cast<bool>(action));
   command->setAccessibleDescription(toQString(description));
   if (action)

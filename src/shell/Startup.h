@@ -14,6 +14,7 @@ namespace hearthbook {
 
 class PictureCommand;
 class PictureLoader;
+class WorkPool;
 
 /// What the start screen's commands do; an empty one is there and disabled.
 struct StartupCommands {
@@ -29,7 +30,8 @@ struct StartupCommands {
 class Startup : public Form {
   Q_OBJECT
 public:
-  Startup(const ApplicationFolder& folder, PictureLoader& loader, StartupCommands commands);
+  Startup(const ApplicationFolder& folder, WorkPool& pool, PictureLoader& loader,
+          StartupCommands commands);
   ~Startup() override;
 
 protected:
@@ -44,6 +46,7 @@ private:
   void stackPictureAndCommands();
 
   ApplicationFolder folder_;
+  WorkPool& pool_;
   PictureLoader& loader_;
   StartupCommands commands_;
   std::unique_ptr<Ui::Startup> ui;

@@ -36,7 +36,7 @@ PictureLoader::Deliver deliverHere() {
 
 Wiring::Wiring(Album& album, MDIForm1& frame) : loader_(pool_, deliverHere()) {
   Forms::provide<Startup>([this, &album, &frame] {
-    return new Startup(album.folder, loader_, startupCommands(frame.commands()));
+    return new Startup(album.folder, pool_, loader_, startupCommands(frame.commands()));
   });
   Forms::provide<DBeditor>(
       [this, &album, &frame] { return new DBeditor(album, loader_, pool_, frame, help_); });

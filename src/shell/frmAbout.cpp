@@ -5,8 +5,15 @@
 #include "ui_frmAbout.h"
 
 #include <QCoreApplication>
+#include <QIcon>
 
 namespace hearthbook {
+
+namespace {
+
+constexpr QSize iconSize{96, 96};
+
+} // namespace
 
 frmAbout::frmAbout() : Form(toQString("frmAbout"), Kind::Dialog), ui(new Ui::frmAbout) {
   ui->setupUi(this);
@@ -17,6 +24,7 @@ frmAbout::~frmAbout() = default;
 
 void frmAbout::load() {
   setCaption(toQString("About Hearthbook"));
+  ui->imgProgram->setPixmap(windowIcon().pixmap(iconSize));
   ui->lblTitle->setText(toQString("Hearthbook"));
   ui->lblVersion->setText(QStringLiteral("Version ") + QCoreApplication::applicationVersion());
   ui->cmdOK->setDefault(true);

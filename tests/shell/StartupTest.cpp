@@ -19,7 +19,8 @@ protected:
     StartupCommands commands;
     commands.build = [this] { ++built; };
     commands.exit = [this] { ++exited; };
-    Forms::provide<Startup>([this, commands] { return new Startup(folder(), loader, commands); });
+    Forms::provide<Startup>(
+        [this, commands] { return new Startup(folder(), pool, loader, commands); });
     startup = &Forms::get<Startup>();
     startup->resize(1024, 668);
     startup->Show();
