@@ -11,6 +11,8 @@ namespace {
 
 namespace fs = std::filesystem;
 
+constexpr int manyPhotos = 10'000;
+
 /// The album of a folder as the next start finds it.
 class FoundAlbum {
 public:
@@ -33,6 +35,10 @@ public:
 private:
   Album album_;
 };
+
+bool holds(const fs::path& file, const std::string& bytes) {
+  return fs::exists(file) && test::readBytes(file) == bytes;
+}
 
 class KilledDeletion : public test::KilledTest {
 protected:
@@ -64,8 +70,7 @@ TEST_F(KilledDeletion, OfAPhotoLeavesItWholeOrInTheTrash) {
       [&](const fs::path& root) {
         FoundAlbum found(root);
         const auto trash = root.parent_path() / "data/Trash/files";
-        EXPECT_TRUE(test::readBytes(root / "Photos/00002.jpg") == photo ||
-                    test::readBytes(trash / "00002.jpg") == photo);
+        EXPECT_TRUE(holds(root / "Photos/00002.jpg", photo) || holds(trash / "00002.jpg", photo));
         EXPECT_TRUE(fs::exists(root / "Audio/00002.wav") || fs::exists(trash / "00002.wav"));
         const auto rows = found.count("SELECT * FROM PhotoAlbum WHERE PictureID = 'HD00002'");
         const auto places = found.count("SELECT * FROM SubAlbumPhotos WHERE PhotoID = 'HD00002'");
@@ -77,10 +82,9 @@ TEST_F(KilledDeletion, OfAPhotoLeavesItWholeOrInTheTrash) {
 }
 
 TEST_F(KilledDeletion, OfAPlaceTakesItFromAllPhotosOrFromNone) {
-  constexpr int photos = 10'000;
   const auto lake = folder_.addPlace("Lake");
   folder_.album().data.AlbumDB.transaction([&] {
-    for (int number = 2; number <= photos; ++number)
+    for (int number = 2; number <= manyPhotos; ++number)
       folder_.addRow("PhotoAlbum",
                      {{"PictureID", "HD" + std::to_string(10'000 + number)}, {"PlaceID", lake}});
   });
@@ -97,8 +101,8 @@ TEST_F(KilledDeletion, OfAPlaceTakesItFromAllPhotosOrFromNone) {
         FoundAlbum found(root);
         const auto places = found.count("SELECT * FROM Places");
         EXPECT_EQ(found.count("SELECT * FROM PhotoAlbum WHERE PlaceID IS NOT NULL"),
-                  places == 1 ? photos - 1 : 0);
-        EXPECT_EQ(found.data().rsPhotoAlbum.RecordCount(), photos);
+                  places == 1 ? manyPhotos - 1 : 0);
+        EXPECT_EQ(found.data().rsPhotoAlbum.RecordCount(), manyPhotos);
       });
 }
 

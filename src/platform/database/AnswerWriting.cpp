@@ -108,21 +108,25 @@ void deleteRow(sqlite3* database, const Answer& answer, RowId row) {
 
 Value updateField(sqlite3* database, const Answer& answer, const std::vector<RowId>& rows,
                   std::size_t column, const Value& value) {
+  if (rows.empty())
+    return value;
+  const std::string table = quotedName(answer.writeBack->table);
   const std::string field = quotedName(answer.columns[column].field);
-  Statement statement(database, "UPDATE " + quotedName(answer.writeBack->table) + " SET " + field +
-                                    " = ?1 WHERE " + quotedName(answer.writeBack->key) +
-                                    " = ?2 RETURNING " + field);
-  Value stored = value;
+  const std::string ofRow = " WHERE " + quotedName(answer.writeBack->key) + " = ?1";
+  Statement update(database, "UPDATE " + table + " SET " + field + " = ?2" + ofRow);
+  update.bind(2, value);
   for (const RowId row : rows) {
-    statement.reset();
-    statement.bind(1, value);
-    statement.bind(2, keyOf(answer, row));
-    if (!statement.step())
+    update.reset();
+    update.bind(1, keyOf(answer, row));
+    update.run();
+    if (sqlite3_changes(database) == 0)
       throwGone(answer);
-    stored = statement.column(0);
-    statement.run();
   }
-  return stored;
+  // Read back once: RETURNING would cost each row more than its update.
+  Statement stored(database, "SELECT " + field + " FROM " + table + ofRow);
+  stored.bind(1, keyOf(answer, rows.back()));
+  stored.step();
+  return stored.column(0);
 }
 
 } // namespace hearthbook
