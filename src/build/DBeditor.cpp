@@ -36,6 +36,21 @@
 
 namespace hearthbook {
 
+namespace {
+
+/// The year in the one form in which the album takes it: "$19" and "&H13" are both 19. Nothing
+/// for a text that is no number, or one with more digits than the field shows.
+std::optional<std::int64_t> wholeYear(const std::string& typed) {
+  constexpr double least = -999;
+  constexpr double most = 9999;
+  const auto number = numericValue(typed);
+  if (!number || *number < least || *number > most)
+    return std::nullopt;
+  return roundHalfEven(*number);
+}
+
+} // namespace
+
 DBeditor::DBeditor(Album& album, PictureLoader& loader, WorkPool& pool, Navigator& navigator,
                    HoverHelp& help)
     : Form(QStringLiteral("DBeditor"), Kind::Work), album_(album), photos_(album.data.rsPhotoAlbum),
@@ -340,18 +355,21 @@ void DBeditor::deleteRecord() {
   MsgBox(QStringLiteral("Record Deleted!"));
 }
 
-void DBeditor::done() {
-  Hide();
-  Unload();
+// Not hidden first: a photo that cannot be stored keeps the editor open and in sight.
+void DBeditor::done() { Unload(); }
+
+void DBeditor::cancelEdits() {
+  binding_.cancel();
+  ComposeRecord();
 }
 
 void DBeditor::endYear() {
   if (!binding_.isChanged(ui->Year))
     return;
-  if (!isNumeric(toUtf8(ui->Year->text())))
-    ui->Year->clear();
-  if (ui->Year->text().isEmpty())
-    binding_.markUnchanged(ui->Year);
+  if (const auto year = wholeYear(toUtf8(ui->Year->text())))
+    return ui->Year->setText(QString::number(*year));
+  binding_.markUnchanged(ui->Year);
+  binding_.show();
 }
 
 void DBeditor::activated() {
@@ -370,6 +388,10 @@ bool DBeditor::unloading() {
 }
 
 void DBeditor::keyPressEvent(QKeyEvent* event) {
+  if (event->key() == Qt::Key_Escape && binding_.has(focusWidget())) {
+    runCommand([this] { cancelEdits(); });
+    return;
+  }
   if (!photos_.isOpen() || photos_.RecordCount() == 0)
     return Form::keyPressEvent(event);
   switch (event->key()) {

@@ -81,6 +81,7 @@ private:
   void deleteRecord();
   void done();
 
+  void cancelEdits();
   void endYear();
 
   Album& album_;

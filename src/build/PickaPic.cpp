@@ -17,6 +17,7 @@
 
 #include <QCoreApplication>
 #include <QFileSystemModel>
+#include <QKeyEvent>
 #include <QResizeEvent>
 #include <QScopeGuard>
 #include <QSignalBlocker>
@@ -177,6 +178,8 @@ void PickaPic::openFolder(const std::filesystem::path& folder) {
 
 void PickaPic::refreshFiles() {
   reading_ = true;
+  files_->setFiles({}); // what is chosen in the folder before is not to be added from now on
+  ui->OK->setEnabled(false);
   runBeside(
       pool_, this, [folder = folder_] { return readFolder(folder); },
       [this, folder = folder_](const FolderContent& content) { showFiles(folder, content); }, true);
@@ -241,7 +244,6 @@ void PickaPic::placePreview() {
 
 void PickaPic::addSelected() {
   const int added = runAdding();
-  ui->OK->setEnabled(false);
   refreshFiles();
   waitUntil([this] { return !reading_; });
   ui->Cancel->setText(QStringLiteral("Done"));
@@ -271,6 +273,7 @@ int PickaPic::runAdding() {
         QCoreApplication::instance(), [] {}, Qt::QueuedConnection);
   };
 
+  previewed_.clear(); // the run shows pictures of its own
   ui->ProgressBar1->setRange(0, std::max(1, static_cast<int>(request.list.size())));
   ui->ProgressBar1->setValue(0);
   showRunning(true);
@@ -303,6 +306,16 @@ void PickaPic::showHelp(const std::string& key) {
   ui->Help->setTitle(toQString(entry.caption));
   ui->Text1->setPlainText(toQString(entry.text));
   helpKey_ = key;
+}
+
+void PickaPic::keyPressEvent(QKeyEvent* event) {
+  const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+  const auto choosing = {static_cast<QWidget*>(ui->Drive1), static_cast<QWidget*>(ui->Dir1),
+                         static_cast<QWidget*>(ui->folderEdit)};
+  // Return there chooses a folder: the default button would add the files of the one before.
+  if (isReturn && std::ranges::find(choosing, focusWidget()) != choosing.end())
+    return;
+  Form::keyPressEvent(event);
 }
 
 bool PickaPic::eventFilter(QObject* watched, QEvent* event) {

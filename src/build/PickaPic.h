@@ -42,6 +42,7 @@ protected:
   void load() override;
   bool unloading() override;
   bool eventFilter(QObject* watched, QEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
 
 private:
   void wireControls();

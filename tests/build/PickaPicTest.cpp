@@ -297,6 +297,59 @@ TEST_F(PickaPicTest, AFolderThatCannotBeReadIsTold) {
   EXPECT_TRUE(listed(picker).empty());
 }
 
+TEST_F(PickaPicTest, ReturnWhereAFolderIsChosenAddsNoFile) {
+  add("a.jpg");
+  auto& picker = openPickerAtSource();
+  picker.activateWindow();
+  for (const char* chooser : {"folderEdit", "Dir1", "Drive1"})
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter}) {
+      click(picker, 0);
+      ASSERT_TRUE(isEnabled(picker, "OK"));
+      auto* widget = control<QWidget>(picker, chooser);
+      widget->setFocus();
+      ASSERT_EQ(picker.focusWidget(), widget);
+      QTest::keyClick(widget, key);
+      wait(picker);
+      EXPECT_EQ(photos().RecordCount(), 1) << chooser;
+    }
+}
+
+TEST_F(PickaPicTest, ReturnInTheFileListAddsTheChosenFile) {
+  add("a.jpg");
+  auto& picker = openPickerAtSource();
+  picker.activateWindow();
+  click(picker, 0);
+  control<QWidget>(picker, "File1")->setFocus();
+  expectCount(1);
+  QTest::keyClick(control<QWidget>(picker, "File1"), Qt::Key_Return);
+  EXPECT_EQ(photos().RecordCount(), 2);
+}
+
+TEST_F(PickaPicTest, AFolderThatIsBeingReadOffersNoFilesOfTheOneBefore) {
+  add("a.jpg");
+  auto& picker = openPickerAtSource();
+  click(picker, 0);
+  ASSERT_TRUE(isEnabled(picker, "OK"));
+  picker.showFolder(at("Photos"));
+  EXPECT_TRUE(picker.isReading());
+  EXPECT_TRUE(listed(picker).empty());
+  EXPECT_FALSE(isEnabled(picker, "OK"));
+  wait(picker);
+  EXPECT_FALSE(isEnabled(picker, "OK"));
+  click(picker, 0);
+  EXPECT_TRUE(isEnabled(picker, "OK"));
+}
+
+TEST_F(PickaPicTest, TheBarReachesOverAllFilesOfTheListSelectedOrNot) {
+  for (const char* name : {"a.jpg", "b.jpg", "c.jpg"})
+    add(name);
+  const auto& picker = openPickerAtSource();
+  click(picker, 1);
+  expectCount(1);
+  insert(picker);
+  EXPECT_EQ(control<QProgressBar>(picker, "ProgressBar1")->maximum(), 3);
+}
+
 TEST_F(PickaPicTest, TheHelpPaneBeginsWithItsOwnKey) {
   const auto& picker = openPicker();
   EXPECT_EQ(control<QGroupBox>(picker, "Help")->title(), toQString("Help"));

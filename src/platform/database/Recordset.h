@@ -114,6 +114,7 @@ public:
   void Update();
   void UpdateBatch();
   void CancelUpdate();
+  void CancelUpdate(std::string_view field); ///< of this field alone; observers are not told
   [[nodiscard]] bool isPending() const;
   /// The current row; the set then stands on the row that followed. A MoveNext right behind
   /// it stays there, so that a walk may delete and move on without leaving a row out.

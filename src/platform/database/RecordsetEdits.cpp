@@ -37,6 +37,12 @@ void Recordset::CancelUpdate() {
   impl_->tellArrived();
 }
 
+void Recordset::CancelUpdate(std::string_view field) {
+  impl_->requireRow();
+  const std::size_t column = impl_->requireField(field);
+  std::erase_if(impl_->edits, [column](const auto& edit) { return edit.first == column; });
+}
+
 bool Recordset::isPending() const { return impl_->newRow || !impl_->edits.empty(); }
 
 void Recordset::Delete() {

@@ -1,6 +1,7 @@
 #include "BoundControls.h"
 
 #include "Form.h"
+#include "MsgBox.h"
 #include "Text.h"
 
 #include <QLineEdit>
@@ -63,13 +64,15 @@ struct Binding::Impl : std::enable_shared_from_this<Impl> {
   void writeOne(BoundControl& bound);
   void writeAll();
   void store();
+  void cancel();
+  [[nodiscard]] bool storeOrGiveUp();
 };
 
 void Binding::Impl::add(BoundControl bound) {
   if (!form && (form = formOf(bound.control)))
     form->beforeUnload([self = weak_from_this()] {
-      if (const auto impl = self.lock())
-        impl->store();
+      const auto impl = self.lock();
+      return !impl || impl->storeOrGiveUp();
     });
   controls.push_back(std::move(bound));
 }
@@ -113,6 +116,28 @@ void Binding::Impl::store() {
     rows.Update();
 }
 
+void Binding::Impl::cancel() {
+  if (rows.isOpen() && rows.isPending())
+    rows.CancelUpdate();
+  showRow();
+}
+
+/// Nobody is to be shut in with an edit that the album does not take.
+bool Binding::Impl::storeOrGiveUp() {
+  try {
+    store();
+    return true;
+  } catch (const std::exception& failure) {
+    const QString question = QStringLiteral("The last change could not be stored: %1\n"
+                                            "Close without it?");
+    if (MsgBox(question.arg(toQString(failure.what())), {}, MsgIcon::Exclamation,
+               MsgButtons::YesNo) != MsgAnswer::Yes)
+      return false;
+  }
+  cancel();
+  return true;
+}
+
 Binding::Binding(Recordset& rows) : impl_(std::make_shared<Impl>(rows)) {
   impl_->subscription =
       rows.observe({.leaving = [this] { write(); }, .arrived = [this] { impl_->showRow(); }});
@@ -147,6 +172,18 @@ void Binding::write() { impl_->writeAll(); }
 
 bool Binding::isChanged(const QWidget* control) const { return impl_->of(control).isChanged; }
 
-void Binding::markUnchanged(const QWidget* control) { impl_->of(control).isChanged = false; }
+void Binding::markUnchanged(const QWidget* control) {
+  BoundControl& bound = impl_->of(control);
+  bound.isChanged = false;
+  if (impl_->hasRow())
+    impl_->rows.CancelUpdate(bound.field);
+}
+
+void Binding::cancel() { impl_->cancel(); }
+
+bool Binding::has(const QWidget* control) const {
+  return std::ranges::find(impl_->controls, control, &BoundControl::control) !=
+         impl_->controls.end();
+}
 
 } // namespace hearthbook

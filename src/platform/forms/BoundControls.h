@@ -96,7 +96,7 @@ private:
 /// Writes the edits that are pending in the controls before the set leaves its row, then
 /// shows the new row. An emptied text is Null. A control marked as unchanged is not written.
 /// Where there is no row the controls are empty and disabled. A form that is unloaded has its
-/// edits written and stored.
+/// edits written and stored; where that fails the user is asked whether to close without them.
 class Binding {
 public:
   explicit Binding(Recordset& rows);
@@ -113,7 +113,10 @@ public:
   void show();
   void write(); ///< what is pending in the controls into the row's fields (no Update)
   [[nodiscard]] bool isChanged(const QWidget* control) const;
-  void markUnchanged(const QWidget* control); ///< and shows the stored value again at show()
+  /// Gives up the edit of one control's field; show() then shows the stored value again.
+  void markUnchanged(const QWidget* control);
+  void cancel(); ///< gives up all edits of the row and shows what is stored
+  [[nodiscard]] bool has(const QWidget* control) const;
 
 private:
   struct Impl;

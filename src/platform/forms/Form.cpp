@@ -143,7 +143,8 @@ bool Form::mayUnload() {
   const auto asked = qScopeGuard([this] { unloading_ = false; });
   unloading_ = true;
   for (const auto& step : beforeUnload_)
-    step();
+    if (!step())
+      return false;
   return unloading();
 }
 
@@ -164,7 +165,7 @@ bool Form::Unload() {
   return true;
 }
 
-void Form::beforeUnload(std::function<void()> step) { beforeUnload_.push_back(std::move(step)); }
+void Form::beforeUnload(std::function<bool()> step) { beforeUnload_.push_back(std::move(step)); }
 
 void Form::rowsChanged(const RowsChanged&) {}
 

@@ -59,8 +59,9 @@ public:
   /// Shown by its opener and not hidden since, wherever it stands among the windows.
   [[nodiscard]] bool isShown() const { return shown_; }
 
-  /// Runs at each Unload, before unloading(): pending entries are written here.
-  void beforeUnload(std::function<void()> step);
+  /// Runs at each Unload, before unloading(): pending entries are written here. Returns false
+  /// to stay.
+  void beforeUnload(std::function<bool()> step);
 
   /// Rows of the album changed under this form.
   virtual void rowsChanged(const RowsChanged& change);
@@ -99,7 +100,7 @@ private:
   bool unloading_ = false; ///< is being asked
   bool gone_ = false;      ///< unloaded, not yet destroyed
   QEventLoop* modalLoop_ = nullptr;
-  std::vector<std::function<void()>> beforeUnload_;
+  std::vector<std::function<bool()>> beforeUnload_;
 };
 
 /// Where work forms are shown: the frame implements it.

@@ -126,6 +126,7 @@ TEST_F(FormsTest, AFormWhoseUnloadingFailsStaysUsable) {
   page.beforeUnload([&fails] {
     if (fails)
       throw std::runtime_error("disk full");
+    return true;
   });
   EXPECT_THROW(page.Unload(), std::runtime_error);
   EXPECT_EQ(Forms::loaded<PageForm>(), &page);
@@ -135,15 +136,29 @@ TEST_F(FormsTest, AFormWhoseUnloadingFailsStaysUsable) {
 
 TEST_F(FormsTest, StepsBeforeUnloadRunBeforeTheFormIsAsked) {
   PageForm& page = Forms::get<PageForm>();
-  page.beforeUnload([this] { notes.append(QStringLiteral("written")); });
+  page.beforeUnload([this] {
+    notes.append(QStringLiteral("written"));
+    return true;
+  });
   notes.clear();
   page.Unload();
   EXPECT_EQ(notes, QStringList({QStringLiteral("written"), QStringLiteral("Page unloading")}));
 }
 
+TEST_F(FormsTest, AStepBeforeUnloadCanKeepTheFormOpen) {
+  PageForm& page = Forms::get<PageForm>();
+  bool stays = true;
+  page.beforeUnload([&stays] { return !stays; });
+  notes.clear();
+  EXPECT_FALSE(page.Unload());
+  EXPECT_TRUE(notes.isEmpty());
+  stays = false;
+  EXPECT_TRUE(page.Unload());
+}
+
 TEST_F(FormsTest, AnUnloadWithinUnloadingIsPassedOver) {
   PageForm& page = Forms::get<PageForm>();
-  page.beforeUnload([&page] { EXPECT_FALSE(page.Unload()); });
+  page.beforeUnload([&page] { return !page.Unload(); });
   EXPECT_TRUE(page.Unload());
   EXPECT_EQ(count(QStringLiteral("Page unloading")), 1);
 }
