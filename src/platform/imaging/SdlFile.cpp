@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <cstdint>
 #include <memory>
+#include <mutex>
 #include <vector>
 
 namespace hearthbook {
@@ -64,6 +65,9 @@ PictureFile::Pixels SdlFile::read(PixelSize) {
     cannotReadPicture(file_.path(), "the file is too large");
   const PaddedStream stream(file_.bytesAt(0, static_cast<std::size_t>(file_.size())),
                             mostBytesLacking());
+  // SDL's surfaces share a list of pixel formats among all threads.
+  static std::mutex oneAtATime;
+  const std::lock_guard lock(oneAtATime);
   const Surface surface = load(stream, head_.format);
   if (!surface || surface->w != head_.size.width || surface->h != head_.size.height)
     cannotReadPicture(file_.path(), "the picture in it is damaged");
