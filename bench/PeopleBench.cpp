@@ -23,7 +23,7 @@ constexpr int manyNames = 50;
 /// The large album once more, with every photo at the same place.
 const std::filesystem::path& albumOfOnePlace() {
   static const std::filesystem::path file = [] {
-    const auto copy = largeAlbum(many).parent_path() / "one-place.mdb";
+    auto copy = largeAlbum(many).parent_path() / "one-place.mdb";
     std::filesystem::copy_file(largeAlbum(many), copy);
     Connection connection;
     connection.Open(copy);
@@ -35,7 +35,7 @@ const std::filesystem::path& albumOfOnePlace() {
 
 const std::filesystem::path& albumOfPeople() {
   static const std::filesystem::path file = [] {
-    const auto made = largeAlbum(1).parent_path() / "people.mdb";
+    auto made = largeAlbum(1).parent_path() / "people.mdb";
     std::filesystem::copy_file(largeAlbum(1), made);
     Connection connection;
     connection.Open(made);
@@ -101,7 +101,7 @@ void namesOurs(benchmark::State& state) {
   Recordset people(connection);
   std::string names;
   for (int person = 1; person <= manyNames; ++person)
-    names += padded(person * (manyPeople / manyNames), 3) + ",";
+    names += padded(std::int64_t{person} * (manyPeople / manyNames), 3) + ",";
   for (auto _ : state)
     benchmark::DoNotOptimize(PopList(people, names, ""));
 }

@@ -18,7 +18,7 @@ std::string askListName(const NameListWords& words, const Recordset& list) {
   QString answer;
   for (;;) {
     answer = InputBox(toQString(words.prompt), toQString(words.promptTitle), answer);
-    const std::string name = trimmed(toUtf8(answer));
+    std::string name = trimmed(toUtf8(answer));
     switch (judgeNewName(list, words, name)) {
     case NewName::AlreadyThere:
       MsgBox(toQString(words.alreadyThere), toQString(words.messageTitle));
