@@ -28,6 +28,7 @@ void setEntries(QListWidget& list, const std::vector<NameEntry>& entries) {
 
 std::vector<NameEntry> entriesOf(const QListWidget& list) {
   std::vector<NameEntry> entries;
+  entries.reserve(static_cast<std::size_t>(list.count()));
   for (int row = 0; row < list.count(); ++row)
     entries.push_back(entryOf(*list.item(row)));
   return entries;
