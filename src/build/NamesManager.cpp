@@ -3,8 +3,7 @@
 #include "ButtonFace.h"
 #include "Command.h"
 #include "Guard.h"
-#include "HelpEntry.h"
-#include "HelpKeys.h"
+#include "ModalHelp.h"
 #include "MsgBox.h"
 #include "NameItems.h"
 #include "People.h"
@@ -31,7 +30,7 @@ NamesManager::NamesManager(Album& album)
       binding_(people_) {
   ui->setupUi(this);
   ui->Command1->hide();
-  new HelpKeys(this, [this](const QString& key) { showHelp(toUtf8(key)); });
+  modalHelp_ = new ModalHelp(this, HelpPane(*ui->Help, *ui->Text1), album_.vars);
   wireControls();
   bindFields();
 }
@@ -69,7 +68,7 @@ void NamesManager::load() {
   binding_.show();
   rebuildRelations();
   showCurrent();
-  showHelp("Name Properties*Help");
+  modalHelp_->show(QStringLiteral("Name Properties*Help"));
 }
 
 void NamesManager::setFaces() {
@@ -238,15 +237,6 @@ bool NamesManager::endBirthYear() {
     MsgBox(QStringLiteral("Invalid entry, please type 4 digit year (i.e 1977)"),
            QStringLiteral("Year"), MsgIcon::Exclamation);
   return isAccepted;
-}
-
-void NamesManager::showHelp(const std::string& key) {
-  if (key == helpKey_ || !album_.vars.rsHelp)
-    return;
-  const HelpEntry entry = findHelp(*album_.vars.rsHelp, key);
-  ui->Help->setTitle(toQString(entry.caption));
-  ui->Text1->setPlainText(toQString(entry.text));
-  helpKey_ = key;
 }
 
 void NamesManager::closeEvent(QCloseEvent* event) {

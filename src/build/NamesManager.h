@@ -14,6 +14,8 @@ class NamesManager;
 
 namespace hearthbook {
 
+class ModalHelp;
+
 /// The people who can be named in photos: their names, birthdays, and to whom of the family
 /// they belong.
 ///
@@ -43,7 +45,6 @@ private:
   void showCurrent();
   void rebuildRelations();
   void showRelation(int indexIfUnknown);
-  void showHelp(const std::string& key);
 
   void chooseName();
   void chooseRelation();
@@ -65,7 +66,7 @@ private:
   std::unique_ptr<Ui::NamesManager> ui;
   Binding binding_;
   PeopleForm* caller_ = nullptr;
-  std::string helpKey_; ///< of the text in the help pane
+  ModalHelp* modalHelp_ = nullptr;
 };
 
 } // namespace hearthbook

@@ -5,9 +5,8 @@
 #include "Decode.h"
 #include "FileListModel.h"
 #include "Guard.h"
-#include "HelpEntry.h"
-#include "HelpKeys.h"
 #include "Look.h"
+#include "ModalHelp.h"
 #include "MsgBox.h"
 #include "PictureBox.h"
 #include "Pointer.h"
@@ -54,7 +53,7 @@ PickaPic::PickaPic(Album& album, WorkPool& pool)
   ui->frmProgress->hide();
   showOnPaper();
   ui->Preview->installEventFilter(this); // keeps the preview's proportions
-  new HelpKeys(this, [this](const QString& key) { showHelp(toUtf8(key)); });
+  modalHelp_ = new ModalHelp(this, HelpPane(*ui->Help, *ui->Text1), album_.vars);
   wireBrowser();
   wireControls();
 }
@@ -65,9 +64,6 @@ void PickaPic::showOnPaper() {
   QPalette heading = ui->Label1->palette();
   heading.setColor(QPalette::WindowText, look::darkRed);
   ui->Label1->setPalette(heading);
-  QPalette hint = ui->Text1->palette();
-  hint.setColor(QPalette::Base, look::panelYellow);
-  ui->Text1->setPalette(hint);
 }
 
 void PickaPic::wireBrowser() {
@@ -118,7 +114,7 @@ void PickaPic::load() {
   showDrives();
   const auto start = album_.vars.LastFolder.value_or(album_.folder.path("\\Photos"));
   showFolder(nearestFolder(start));
-  showHelp("Add From File*Help");
+  modalHelp_->show(QStringLiteral("Add From File*Help"));
 }
 
 bool PickaPic::unloading() { return !running_; }
@@ -132,7 +128,7 @@ void PickaPic::showDrives() {
 }
 
 void PickaPic::chooseDrive(int index) {
-  showHelp("Add From File*Drive");
+  modalHelp_->show(QStringLiteral("Add From File*Drive"));
   const char letter = drives_.at(static_cast<std::size_t>(index)).letter;
   showDrives();
   try {
@@ -297,15 +293,6 @@ void PickaPic::showRunning(bool running) {
   running_ = running;
   ui->frmProgress->setVisible(running);
   ui->frmProgress->repaint();
-}
-
-void PickaPic::showHelp(const std::string& key) {
-  if (key == helpKey_ || !album_.vars.rsHelp)
-    return;
-  const HelpEntry entry = findHelp(*album_.vars.rsHelp, key);
-  ui->Help->setTitle(toQString(entry.caption));
-  ui->Text1->setPlainText(toQString(entry.text));
-  helpKey_ = key;
 }
 
 void PickaPic::keyPressEvent(QKeyEvent* event) {

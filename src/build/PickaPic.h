@@ -8,7 +8,6 @@
 
 #include <filesystem>
 #include <memory>
-#include <string>
 #include <vector>
 
 class QFileSystemModel;
@@ -20,6 +19,7 @@ class PickaPic;
 namespace hearthbook {
 
 class FileListModel;
+class ModalHelp;
 
 /// Add From File: the family looks through the folders of the machine, marks pictures and has
 /// them added to the album, copied or moved.
@@ -67,17 +67,16 @@ private:
   int runAdding();
   [[nodiscard]] AddPhotosRequest readRequest() const;
   void showRunning(bool running);
-  void showHelp(const std::string& key);
 
   Album& album_;
   WorkPool& pool_;
   std::unique_ptr<Ui::PickaPic> ui;
   QFileSystemModel* folders_;
   FileListModel* files_;
+  ModalHelp* modalHelp_ = nullptr;
   std::vector<Drive> drives_;
   std::filesystem::path folder_;    ///< whose files the list shows
   std::filesystem::path previewed_; ///< the file whose preview is wanted
-  std::string helpKey_;             ///< of the text in the help pane
   bool placing_ = false;            ///< the program, not the user, goes to a folder
   bool seeking_ = false;            ///< the folder list is to stay where the folder is in sight
   bool reading_ = false;

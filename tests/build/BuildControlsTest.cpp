@@ -104,6 +104,18 @@ TEST_F(BuildControls, EveryHelpKeyHasItsRow) {
     }
 }
 
+TEST_F(BuildControls, TheMouseOverAddFromFileExplainsEachControlInThePane) {
+  auto& picker = Forms::get<PickaPic>();
+  picker.Show();
+  waitUntil([&] { return !picker.isReading(); });
+  const auto pane = [&picker] {
+    return HelpEntry{toUtf8(control<QGroupBox>(picker, "Help")->title()),
+                     toUtf8(control<QPlainTextEdit>(picker, "Text1")->toPlainText())};
+  };
+  EXPECT_EQ(pane(), findHelp(*vars().rsHelp, "Add From File*Help"));
+  EXPECT_EQ(expectMouseExplains(picker, "Add From File", pickerControls, pane, *vars().rsHelp), 7);
+}
+
 TEST_F(BuildControls, CommandsWhoseWorkIsNotThereYetAreDisabled) {
   const auto& editor = openEditor();
   for (const char* name : {"Command13", "Command14", "Command15", "Image2", "Label5"})

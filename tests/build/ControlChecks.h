@@ -1,5 +1,6 @@
 #pragma once
 
+#include "HelpEntry.h"
 #include "QtPrint.h"
 #include "Text.h"
 
@@ -13,6 +14,9 @@
 #include <QSet>
 #include <QTest>
 
+#include <array>
+#include <functional>
+#include <optional>
 #include <string>
 
 namespace hearthbook::test {
@@ -48,6 +52,41 @@ void expectControls(const QWidget& form, const char* screen, const Control (&con
         *wanted.helpItem ? std::string(screen) + "*" + wanted.helpItem : std::string();
     EXPECT_EQ(toUtf8(found.front()->property("helpKey").toString()), key) << wanted.name;
   }
+}
+
+/// A point of the control on which no other control lies; nothing where the control is covered.
+inline std::optional<QPoint> bareSpot(const QWidget& control) {
+  const QRect inside = control.rect().adjusted(2, 2, -2, -2);
+  const bool isFrame = qobject_cast<const QGroupBox*>(&control);
+  const auto spots = isFrame ? std::array{inside.bottomRight(), inside.topRight()}
+                             : std::array{inside.center(), inside.topLeft()};
+  for (const QPoint spot : spots)
+    if (!isFrame || !control.childAt(spot))
+      return spot;
+  return std::nullopt;
+}
+
+/// The mouse goes over each control in sight: the row of its key is then in the pane. A control
+/// without a key leaves there what was there. Returns how many were explained.
+template <std::size_t count>
+int expectMouseExplains(const QWidget& form, const char* screen, const Control (&controls)[count],
+                        const std::function<HelpEntry()>& pane, Recordset& rsHelp) {
+  int explained = 0;
+  for (const Control& wanted : controls) {
+    auto* control = form.findChild<QWidget*>(toQString(wanted.name));
+    const auto spot = control && control->isVisible() ? bareSpot(*control) : std::nullopt;
+    if (!spot)
+      continue;
+    const HelpEntry before = pane();
+    // Twice: a pointer that is there already would not be seen to move.
+    QTest::mouseMove(control, *spot - QPoint(1, 0));
+    QTest::mouseMove(control, *spot);
+    const bool isExplained = *wanted.helpItem && !control->property("helpOnFocus").toBool();
+    const std::string key = std::string(screen) + "*" + wanted.helpItem;
+    EXPECT_EQ(pane(), isExplained ? findHelp(rsHelp, key) : before) << wanted.name;
+    explained += isExplained;
+  }
+  return explained;
 }
 
 inline QWidgetList tabRound(QWidget& form, Qt::Key key) {

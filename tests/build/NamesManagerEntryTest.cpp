@@ -1,8 +1,4 @@
-#include "HelpEntry.h"
 #include "NamesManagerFixture.h"
-
-#include <QGroupBox>
-#include <QPlainTextEdit>
 
 namespace hearthbook::test {
 namespace {
@@ -330,31 +326,6 @@ TEST_F(NamesManagerEntryTest, OnlyAYearThatIsNeitherANumberNorOfFourCharactersIs
     done(manager);
   });
   EXPECT_EQ(stored(anna, "BirthYear"), Value(-5));
-}
-
-// Hover help
-
-TEST_F(NamesManagerEntryTest, EveryControlWithAKeyExplainsItself) {
-  add("Bob", [&](const NamesManager& manager) {
-    auto* pane = control<QGroupBox>(manager, "Help");
-    EXPECT_EQ(pane->title(), QStringLiteral("Help"));
-    const std::pair<const char*, const char*> keys[] = {
-        {"NamesList", "Name List"},    {"txtAppearancesNames", "Screen Name"},
-        {"Combo1", "Relation"},        {"txtAFirstName", "First Name"},
-        {"txtALastName", "Last Name"}, {"txtBirthDate", "Birthday"},
-        {"txtBirthYear", "Birthday"},  {"Command1", "Add New"},
-    };
-    for (const auto& [name, item] : keys) {
-      QWidget* under = control(manager, name);
-      if (auto* list = qobject_cast<DataList*>(under))
-        under = list->viewport();
-      hover(*under);
-      EXPECT_EQ(toUtf8(pane->title()), item) << name;
-      const auto entry = findHelp(*vars().rsHelp, std::string("Name Properties*") + item);
-      EXPECT_EQ(toUtf8(control<QPlainTextEdit>(manager, "Text1")->toPlainText()), entry.text);
-    }
-    done(manager);
-  });
 }
 
 } // namespace hearthbook::test

@@ -1,6 +1,8 @@
 #include "ControlChecks.h"
 #include "PeopleFixture.h"
 
+#include <QPlainTextEdit>
+
 namespace hearthbook::test {
 namespace {
 
@@ -56,6 +58,20 @@ TEST_F(PeopleDialogs, TabReachesEveryControlOfTheNamesManagerBothWays) {
   manager.beginAddition();
   manager.Show();
   expectTabReachesAll(manager, control(manager, "txtAFirstName"), 11);
+}
+
+TEST_F(PeopleDialogs, TheMouseOverTheNamesManagerExplainsEachControlInThePane) {
+  folder_.addPerson("Anna");
+  auto& manager = Forms::get<NamesManager>();
+  manager.beginAddition();
+  manager.Show();
+  const auto pane = [&manager] {
+    return HelpEntry{toUtf8(control<QGroupBox>(manager, "Help")->title()),
+                     toUtf8(control<QPlainTextEdit>(manager, "Text1")->toPlainText())};
+  };
+  EXPECT_EQ(pane(), findHelp(*vars().rsHelp, "Name Properties*Help"));
+  EXPECT_EQ(expectMouseExplains(manager, "Name Properties", managerControls, pane, *vars().rsHelp),
+            10);
 }
 
 TEST_F(PeopleDialogs, TabReachesTheYearsOfTheWizard) {
