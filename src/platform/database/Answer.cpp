@@ -120,6 +120,7 @@ Prepared prepare(sqlite3* database, std::string_view source) {
   const std::string select = inKeyOrder(database, statement, shape);
   Prepared prepared;
   prepared.select = std::make_unique<Statement>(database, select);
+  prepared.select->refuseParameters();
   prepared.columns = columnsOf(prepared.select->handle());
   if (shape.plain)
     findWayBack(database, select, prepared);

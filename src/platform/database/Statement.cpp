@@ -73,6 +73,11 @@ void Statement::bind(int parameter, const Value& value) {
     throwDatabaseError(database_, text_);
 }
 
+void Statement::refuseParameters() const {
+  if (sqlite3_bind_parameter_count(handle_) > 0)
+    throw RunTimeError(refusal("no value given for one or more parameters", text_));
+}
+
 bool Statement::step() {
   const int result = sqlite3_step(handle_);
   if (result != SQLITE_ROW && result != SQLITE_DONE)

@@ -22,9 +22,11 @@ public:
   Statement& operator=(const Statement&) = delete;
 
   void bind(int parameter, const Value& value); ///< parameters count from 1
-  bool step();                                  ///< false behind the last row
-  void run();                                   ///< to its end
-  void reset();                                 ///< to run it once more, with other values
+  /// Throws for a statement with parameters, such as "$1990": they would pass as Null.
+  void refuseParameters() const;
+  bool step();  ///< false behind the last row
+  void run();   ///< to its end
+  void reset(); ///< to run it once more, with other values
 
   [[nodiscard]] Value column(int index) const;
   [[nodiscard]] int columnCount() const;
