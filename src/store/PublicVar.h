@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Recordset.h"
+#include "SelectionSet.h"
 
 #include <array>
 #include <cstdint>
@@ -35,13 +36,12 @@ struct PublicVar {
   std::unique_ptr<Recordset> rsZoom;   ///< what the zoom view shows
   std::unique_ptr<Recordset> rsHelp;   ///< the table Help
 
-  std::array<Value, 25> PagePositions;  ///< record positions of the thumbnails on a result page
-  std::int16_t PageThumbCount = 0;      ///< thumbnails on the result page
-  std::vector<Value> SelectedPositions; ///< the selection set; empty texts are holes
-  std::int16_t SelectedCount = 0;       ///< photos selected
-  bool AtFirstPage = false;             ///< the result page shown is the first
-  std::int16_t ViewPageCount = 0;       ///< photos on the album page
-  std::string ContextPhotoID;           ///< the photo under the sub-album editor's pop-up
+  std::array<Value, 25> PagePositions; ///< record positions of the thumbnails on a result page
+  std::int16_t PageThumbCount = 0;     ///< thumbnails on the result page
+  SelectionSet selection;              ///< the photos selected on the result pages
+  bool AtFirstPage = false;            ///< the result page shown is the first
+  std::int16_t ViewPageCount = 0;      ///< photos on the album page
+  std::string ContextPhotoID;          ///< the photo under the sub-album editor's pop-up
 
   struct ChosenAlbum {
     int id = 0;

@@ -115,8 +115,7 @@ TEST(ApplicationState, EverythingIsEmptyAtTheStart) {
   EXPECT_TRUE(vars.WizardPlaceID.isNull());
   EXPECT_FALSE(vars.LastFolder);
   EXPECT_FALSE(vars.rsSearch || vars.rsViewer || vars.rsZoom || vars.rsHelp);
-  EXPECT_EQ(vars.SelectedCount, 0);
-  EXPECT_TRUE(vars.SelectedPositions.empty());
+  EXPECT_EQ(vars.selection, SelectionSet());
   EXPECT_EQ(vars.chosenAlbum.id, 0);
 }
 
@@ -124,7 +123,7 @@ TEST(ApplicationState, NumbersHaveTheWidthThatTheRestReliesOn) {
   EXPECT_TRUE((std::is_same_v<decltype(PublicVar::NextPhotoNumber), std::int16_t>));
   EXPECT_TRUE((std::is_same_v<decltype(PublicVar::CurrentPersonID), std::int16_t>));
   EXPECT_TRUE((std::is_same_v<decltype(PublicVar::PageThumbCount), std::int16_t>));
-  EXPECT_TRUE((std::is_same_v<decltype(PublicVar::SelectedCount), std::int16_t>));
+  EXPECT_TRUE((std::is_same_v<decltype(SelectionSet::SelectedCount), std::int16_t>));
   EXPECT_TRUE((std::is_same_v<decltype(PublicVar::ViewPageCount), std::int16_t>));
   EXPECT_EQ(PublicVar().PagePositions.size(), 25U);
 }

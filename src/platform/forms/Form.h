@@ -5,6 +5,7 @@
 #include <QString>
 #include <QWidget>
 
+#include <cstdint>
 #include <functional>
 #include <vector>
 
@@ -16,6 +17,7 @@ namespace hearthbook {
 struct RowsChanged {
   enum class By { EditorClosed, BatchEdited, OrderWritten };
   By by = By::EditorClosed;
+  std::int64_t resultRow = 0; ///< after a batch: with which row, from 0, the result page begins
 };
 
 /// The base of every form.
