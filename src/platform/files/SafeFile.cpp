@@ -187,7 +187,8 @@ void PartFile::copyFrom(const fs::path& source) {
   copyRest(from.number(), source, number(), target_);
 }
 
-void replaceFile(const fs::path& target, const std::function<void(std::ostream&)>& write) {
+void replaceFile(const fs::path& target, const std::function<void(std::ostream&)>& write,
+                 const std::function<void()>& beforePlacing) {
   PartFile part(target);
   FileBuffer buffer(part.number());
   std::ostream stream(&buffer);
@@ -196,6 +197,8 @@ void replaceFile(const fs::path& target, const std::function<void(std::ostream&)
   if (!stream)
     throwFileError("write", target, buffer.error() != 0 ? buffer.error() : EIO);
   part.finish();
+  if (beforePlacing)
+    beforePlacing();
   part.place(target);
 }
 

@@ -10,9 +10,11 @@ namespace hearthbook {
 /// Writes a file so that at any instant the disk holds either the old file or the new one,
 /// whole: a temporary name in the same folder, flush, rename, flush of the folder. If `write`
 /// throws or the disk is full the old file stays and no temporary file is left.
+/// `beforePlacing` runs when only the renaming is left to do: it may put the old file away.
 /// Throws RunTimeError, with the file and the cause in its text.
 void replaceFile(const std::filesystem::path& target,
-                 const std::function<void(std::ostream&)>& write);
+                 const std::function<void(std::ostream&)>& write,
+                 const std::function<void()>& beforePlacing = {});
 
 /// Copies the bytes of `source` to `target` in the same manner.
 void copyFileSafely(const std::filesystem::path& source, const std::filesystem::path& target);

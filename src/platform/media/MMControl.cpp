@@ -1,0 +1,246 @@
+#include "MMControl.h"
+
+#include "Playback.h"
+#include "RunTimeError.h"
+#include "WaveSound.h"
+
+#include <QTimer>
+
+#include <algorithm>
+#include <cctype>
+#include <string>
+#include <utility>
+
+namespace hearthbook {
+
+std::optional<DeviceType> deviceTypeOf(const std::filesystem::path& file) {
+  const std::string name = file.filename().string();
+  std::string end = name.substr(name.size() - std::min<std::size_t>(name.size(), 3));
+  std::ranges::transform(end, end.begin(), [](unsigned char letter) {
+    return static_cast<char>(std::tolower(letter));
+  });
+  if (end == "wav")
+    return DeviceType::WaveAudio;
+  if (end == "mid")
+    return DeviceType::Sequencer;
+  return std::nullopt;
+}
+
+struct MMControl::Impl {
+  explicit Impl(MMControl& owner) : control(owner) {
+    ticks.setInterval(1000);
+    QObject::connect(&ticks, &QTimer::timeout, &control, &MMControl::statusUpdate);
+  }
+
+  bool attempt(const std::function<void()>& command);
+  void open();
+  void play(std::int64_t from);
+  void halt();
+  void enter(Mode next);
+  void end();
+  void tell(const std::string& why);
+  /// A task for the window's thread that is dropped if the sound that sends it has been stopped.
+  template <class Task> auto here(Task task);
+
+  MMControl& control;
+  QTimer ticks;
+  DeviceType deviceType = DeviceType::WaveAudio;
+  std::filesystem::path file;
+  QString error;
+  Mode mode = Mode::NotOpen;
+  std::int64_t position = 0;
+  int turn = 0; ///< counts what was played and recorded
+  std::shared_ptr<SoundSource> source;
+  std::unique_ptr<Playback> playback;
+};
+
+template <class Task> auto MMControl::Impl::here(Task task) {
+  return [this, task, mine = turn](auto... told) {
+    QMetaObject::invokeMethod(
+        &control,
+        [=, this] {
+          if (mine == turn)
+            task(told...);
+        },
+        Qt::QueuedConnection);
+  };
+}
+
+bool MMControl::Impl::attempt(const std::function<void()>& command) {
+  error.clear();
+  try {
+    command();
+  } catch (const std::exception& failure) {
+    tell(failure.what());
+  }
+  return error.isEmpty();
+}
+
+void MMControl::Impl::tell(const std::string& why) {
+  error = QString::fromStdString(why);
+  Q_EMIT control.failed(error);
+}
+
+void MMControl::Impl::enter(Mode next) {
+  if (next == mode)
+    return;
+  mode = next;
+  if ((mode == Mode::Playing || mode == Mode::Recording) && ticks.interval() > 0)
+    ticks.start();
+  else
+    ticks.stop();
+  Q_EMIT control.modeChanged();
+}
+
+void MMControl::Impl::open() {
+  halt();
+  source.reset();
+  position = 0;
+  enter(Mode::NotOpen);
+  if (deviceType != DeviceType::WaveAudio)
+    throw RunTimeError("There is nothing to play this sound with.");
+  source = std::make_shared<WaveSound>(file);
+  enter(Mode::Stopped);
+}
+
+void MMControl::Impl::play(std::int64_t from) {
+  if (!source)
+    throw RunTimeError("There is no sound to play.");
+  halt();
+  position = from;
+  Playback::Listener listener;
+  listener.ended = here([this] { end(); });
+  listener.unheard = here([this](const std::string& why) { tell(why); });
+  listener.broken = here([this](const std::string& why) {
+    halt();
+    enter(Mode::Stopped);
+    tell(why);
+  });
+  playback = std::make_unique<Playback>(source, from, std::move(listener));
+  enter(Mode::Playing);
+}
+
+/// Silent, and standing where it was; the mode is the caller's.
+void MMControl::Impl::halt() {
+  ++turn;
+  if (playback)
+    position = playback->position();
+  playback.reset();
+}
+
+void MMControl::Impl::end() {
+  halt();
+  position = source->length();
+  enter(Mode::Stopped);
+  Q_EMIT control.done();
+}
+
+MMControl::MMControl(QObject* parent) : QObject(parent), impl_(std::make_unique<Impl>(*this)) {}
+
+MMControl::~MMControl() { impl_->halt(); }
+
+DeviceType MMControl::deviceType() const { return impl_->deviceType; }
+
+void MMControl::setDeviceType(DeviceType type) { impl_->deviceType = type; }
+
+const std::filesystem::path& MMControl::fileName() const { return impl_->file; }
+
+void MMControl::setFileName(const std::filesystem::path& file) { impl_->file = file; }
+
+void MMControl::setFile(const std::filesystem::path& file) {
+  setDeviceType(deviceTypeOf(file).value_or(deviceType()));
+  setFileName(file);
+}
+
+bool MMControl::Open() {
+  return impl_->attempt([this] { impl_->open(); });
+}
+
+void MMControl::Close() {
+  impl_->error.clear();
+  impl_->halt();
+  impl_->source.reset();
+  impl_->enter(Mode::NotOpen);
+}
+
+bool MMControl::Play() {
+  if (mode() == Mode::Paused) {
+    impl_->playback->pause(false);
+    impl_->enter(Mode::Playing);
+    return true;
+  }
+  return PlayFrom(position() < length() ? position() : 0);
+}
+
+bool MMControl::PlayFrom(std::int64_t position) {
+  return impl_->attempt([&] { impl_->play(std::clamp<std::int64_t>(position, 0, length())); });
+}
+
+void MMControl::Pause() {
+  if (mode() != Mode::Playing)
+    return;
+  impl_->playback->pause(true);
+  impl_->enter(Mode::Paused);
+}
+
+void MMControl::Stop() {
+  impl_->halt();
+  if (isOpen())
+    impl_->enter(Mode::Stopped);
+}
+
+void MMControl::Prev() {
+  Stop();
+  impl_->position = 0;
+}
+
+void MMControl::Next() {
+  Stop();
+  impl_->position = length();
+}
+
+bool MMControl::Record() {
+  return impl_->attempt([] { throw RunTimeError("There is nothing to record with."); });
+}
+
+bool MMControl::Save(const std::function<void(const std::filesystem::path&)>& keepOld) {
+  return impl_->attempt([&] {
+    const auto wave = std::dynamic_pointer_cast<WaveSound>(impl_->source);
+    if (!wave)
+      throw RunTimeError("There is no wave to save.");
+    Stop();
+    wave->save(impl_->file, keepOld);
+  });
+}
+
+bool MMControl::Eject() {
+  return impl_->attempt([] { throw RunTimeError("There is no disc drive."); });
+}
+
+MMControl::Mode MMControl::mode() const { return impl_->mode; }
+
+bool MMControl::isOpen() const { return impl_->source != nullptr; }
+
+std::int64_t MMControl::length() const { return isOpen() ? impl_->source->length() : 0; }
+
+std::int64_t MMControl::position() const {
+  return impl_->playback ? impl_->playback->position() : impl_->position;
+}
+
+int MMControl::tracks() const { return 0; }
+
+int MMControl::track() const { return 0; }
+
+int MMControl::updateInterval() const { return impl_->ticks.interval(); }
+
+void MMControl::setUpdateInterval(int milliseconds) {
+  impl_->ticks.setInterval(milliseconds);
+  if (milliseconds == 0)
+    impl_->ticks.stop();
+  else if (mode() == Mode::Playing || mode() == Mode::Recording)
+    impl_->ticks.start();
+}
+
+const QString& MMControl::errorText() const { return impl_->error; }
+
+} // namespace hearthbook
