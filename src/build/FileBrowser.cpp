@@ -1,31 +1,23 @@
 #include "FileBrowser.h"
 
 #include "RunTimeError.h"
+#include "Words.h"
 
 #include <algorithm>
-#include <cctype>
 
 namespace hearthbook {
 
 namespace {
 
-std::string lowerCase(std::string_view text) {
-  std::string lower(text);
-  std::transform(lower.begin(), lower.end(), lower.begin(),
-                 [](unsigned char letter) { return static_cast<char>(std::tolower(letter)); });
-  return lower;
-}
-
 bool endsAs(std::string_view name, std::string_view wildcard) {
-  const std::string_view ending = wildcard.substr(1); // behind the star
-  return name.size() >= ending.size() && name.substr(name.size() - ending.size()) == ending;
+  return name.ends_with(wildcard.substr(1)); // behind the star
 }
 
 bool nameBefore(const std::filesystem::path& left, const std::filesystem::path& right) {
   const std::string leftName = left.filename().string();
   const std::string rightName = right.filename().string();
-  const std::string leftLower = lowerCase(leftName);
-  const std::string rightLower = lowerCase(rightName);
+  const std::string leftLower = asciiLower(leftName);
+  const std::string rightLower = asciiLower(rightName);
   return leftLower != rightLower ? leftLower < rightLower : leftName < rightName;
 }
 
@@ -37,7 +29,7 @@ bool liesBelow(const std::filesystem::path& folder, const std::filesystem::path&
 } // namespace
 
 bool isPictureName(std::string_view fileName) {
-  const std::string name = lowerCase(fileName);
+  const std::string name = asciiLower(fileName);
   std::string_view rest = picturePattern;
   while (true) {
     const std::size_t end = rest.find(';');

@@ -1,7 +1,8 @@
 #include "AlbumData.h"
 
+#include "Ascii.h"
 #include "RunTimeError.h"
-#include "Spelling.h"
+#include "Words.h"
 
 namespace hearthbook {
 namespace {
@@ -11,7 +12,7 @@ std::string withSingleBlanks(std::string_view statement) {
   std::string text;
   bool blankWaits = false;
   for (const char c : statement) {
-    if (c == ' ' || (c >= '\t' && c <= '\r')) {
+    if (isAsciiBlank(c)) {
       blankWaits = !text.empty();
       continue;
     }

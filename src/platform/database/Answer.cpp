@@ -4,6 +4,7 @@
 #include "SelectShape.h"
 #include "SqlTokens.h"
 #include "Statement.h"
+#include "Words.h"
 
 #include <sqlite3.h>
 
@@ -33,7 +34,7 @@ std::string keyOf(sqlite3* database, const std::string& table) {
 /// A table is read in the order of its key. Where that is not the number by which the database
 /// keeps the rows, it is the first unique index.
 std::vector<std::string> keyOrder(sqlite3* database, const std::string& table) {
-  if (!sameName(keyOf(database, table), rowKey))
+  if (!sameIgnoringCase(keyOf(database, table), rowKey))
     return {};
   Statement index(database, "SELECT info.name FROM pragma_index_list(?1) AS list, "
                             "pragma_index_info(list.name) AS info "
@@ -59,7 +60,7 @@ std::vector<Column> columnsOf(sqlite3_stmt* select) {
     Column column{orEmpty(sqlite3_column_name(select, i)),
                   orEmpty(sqlite3_column_table_name(select, i)),
                   orEmpty(sqlite3_column_origin_name(select, i))};
-    column.hidden = sameName(column.field, rowKey);
+    column.hidden = sameIgnoringCase(column.field, rowKey);
     columns.push_back(std::move(column));
   }
   return columns;
@@ -75,7 +76,7 @@ std::string tableWrittenTo(const std::vector<Column>& columns) {
 
 std::optional<std::size_t> keyAmong(const std::vector<Column>& columns, const WriteBack& target) {
   for (std::size_t i = 0; i < columns.size(); ++i)
-    if (columns[i].table == target.table && sameName(columns[i].field, target.key))
+    if (columns[i].table == target.table && sameIgnoringCase(columns[i].field, target.key))
       return i;
   return std::nullopt;
 }
@@ -156,7 +157,7 @@ void readAll(Statement& select, RowSet& rows) {
 
 std::optional<std::size_t> Answer::column(std::string_view name) const {
   for (std::size_t i = 0; i < columns.size(); ++i)
-    if (!columns[i].hidden && sameName(columns[i].name, name))
+    if (!columns[i].hidden && sameIgnoringCase(columns[i].name, name))
       return i;
   return std::nullopt;
 }

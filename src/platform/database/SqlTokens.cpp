@@ -1,25 +1,17 @@
 #include "SqlTokens.h"
 
-#include "Digits.h"
-
-#include <algorithm>
+#include "Ascii.h"
+#include "Words.h"
 
 namespace hearthbook {
 
 namespace {
 
-bool isBlank(char c) {
-  return c == ' ' || c == '\t' || c == '\n' || c == '\r' || c == '\f' || c == '\v';
-}
-
-char lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; }
-
 bool isWordStart(char c) {
-  const char l = lower(c);
-  return (l >= 'a' && l <= 'z') || c == '_' || static_cast<unsigned char>(c) >= 0x80;
+  return isAsciiLetter(c) || c == '_' || static_cast<unsigned char>(c) >= 0x80;
 }
 
-bool isWordPart(char c) { return isWordStart(c) || isDigit(c) || c == '$'; }
+bool isWordPart(char c) { return isWordStart(c) || isAsciiDigit(c) || c == '$'; }
 
 class Lexer {
 public:
@@ -35,8 +27,8 @@ public:
 private:
   Token next() {
     const char c = text_[at_];
-    if (isBlank(c))
-      return take(TokenKind::Blank, [](char d) { return isBlank(d); });
+    if (isAsciiBlank(c))
+      return take(TokenKind::Blank, isAsciiBlank);
     if (text_.substr(at_, 2) == "--")
       return upTo(TokenKind::Blank, "\n", true);
     if (text_.substr(at_, 2) == "/*")
@@ -47,7 +39,7 @@ private:
       return quoted(TokenKind::Name);
     if (c == '[')
       return upTo(TokenKind::Name, "]", false);
-    if (isDigit(c))
+    if (isAsciiDigit(c))
       return take(TokenKind::Number, [](char d) { return isWordPart(d) || d == '.'; });
     if (isWordStart(c))
       return take(TokenKind::Word, isWordPart);
@@ -104,8 +96,8 @@ std::string joined(const std::vector<Token>& tokens) {
   return statement;
 }
 
-bool isWord(const Token& token, std::string_view lowerWord) {
-  return token.kind == TokenKind::Word && sameName(token.text, lowerWord);
+bool isWord(const Token& token, std::string_view word) {
+  return token.kind == TokenKind::Word && sameIgnoringCase(token.text, word);
 }
 
 bool isMark(const Token& token, char mark) {
@@ -137,16 +129,6 @@ std::string unquoted(const Token& token) {
   return text;
 }
 
-std::string quotedName(std::string_view name) {
-  std::string quoted = "\"";
-  for (const char c : name)
-    quoted += c == '"' ? std::string("\"\"") : std::string(1, c);
-  return quoted + '"';
-}
-
-bool sameName(std::string_view left, std::string_view right) {
-  return std::equal(left.begin(), left.end(), right.begin(), right.end(),
-                    [](char a, char b) { return lower(a) == lower(b); });
-}
+std::string quotedName(std::string_view name) { return '"' + doubled(name, '"') + '"'; }
 
 } // namespace hearthbook

@@ -26,8 +26,8 @@ std::vector<Token> sqlTokens(std::string_view statement);
 
 std::string joined(const std::vector<Token>& tokens);
 
-/// True for the bare word, in any case; `lower` in lower case.
-bool isWord(const Token& token, std::string_view lower);
+/// True for that bare word, in any case.
+bool isWord(const Token& token, std::string_view word);
 bool isMark(const Token& token, char mark);
 bool isName(const Token& token); ///< a word or a quoted name
 
@@ -39,8 +39,5 @@ std::string unquoted(const Token& token);
 
 /// In double quotes, as SQLite takes any name.
 std::string quotedName(std::string_view name);
-
-/// Equal without regard to the case of ASCII letters, as SQLite compares names.
-bool sameName(std::string_view left, std::string_view right);
 
 } // namespace hearthbook

@@ -2,6 +2,7 @@
 
 #include "RunTimeError.h"
 #include "SqlTokens.h"
+#include "Words.h"
 
 #include <sqlite3.h>
 
@@ -16,10 +17,7 @@ std::string forMessage(std::string_view statement) {
   constexpr std::size_t room = 500;
   if (statement.size() <= room)
     return std::string(statement);
-  std::size_t end = room;
-  while (end > 0 && (static_cast<unsigned char>(statement[end]) & 0xC0U) == 0x80U)
-    --end; // not amidst a character
-  return std::string(statement.substr(0, end)) + " ...";
+  return std::string(beginningOf(statement, room)) + " ...";
 }
 
 std::string refusal(std::string_view reason, std::string_view statement) {

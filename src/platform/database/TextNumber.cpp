@@ -1,19 +1,13 @@
 #include "TextNumber.h"
 
+#include "Words.h"
+
 #include <charconv>
 #include <cmath>
 
 namespace hearthbook {
 
 namespace {
-
-std::string_view trimmed(std::string_view text) {
-  constexpr std::string_view blanks = " \t\n\r\f\v";
-  const std::size_t first = text.find_first_not_of(blanks);
-  if (first == std::string_view::npos)
-    return {};
-  return text.substr(first, text.find_last_not_of(blanks) - first + 1);
-}
 
 template <typename Number> std::optional<Number> whole(std::string_view text) {
   Number number{};
@@ -27,7 +21,7 @@ template <typename Number> std::optional<Number> whole(std::string_view text) {
 } // namespace
 
 std::optional<Value> wholeNumberOrReal(std::string_view text) {
-  text = trimmed(text);
+  text = withoutBlanks(text);
   if (text.starts_with('+') && !text.starts_with("+-"))
     text = text.substr(1);
   if (const auto integer = whole<std::int64_t>(text))

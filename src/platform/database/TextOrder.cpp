@@ -1,5 +1,7 @@
 #include "TextOrder.h"
 
+#include "Ascii.h"
+
 #include <unicode/normalizer2.h>
 #include <unicode/uchar.h>
 #include <unicode/ucol.h>
@@ -36,20 +38,12 @@ const UCollator* usersOrder() {
   return order;
 }
 
-bool isAscii(unsigned char c) { return c < 0x80; }
+bool isAscii(char c) { return static_cast<unsigned char>(c) < 0x80; }
 
-bool isAsciiText(std::string_view text) {
-  return std::all_of(text.begin(), text.end(), [](char c) { return isAscii(c); });
-}
+bool isAsciiText(std::string_view text) { return std::all_of(text.begin(), text.end(), isAscii); }
 
 // Every such character counts in every order of text; control characters may be passed over.
-bool isPlain(unsigned char c) {
-  return (c >= 0x20 && c < 0x7F) || c == '\t' || c == '\n' || c == '\r';
-}
-
-unsigned char lowerAscii(unsigned char c) {
-  return c >= 'A' && c <= 'Z' ? static_cast<unsigned char>(c + 32) : c;
-}
+bool isPlain(char c) { return (c >= 0x20 && c < 0x7F) || c == '\t' || c == '\n' || c == '\r'; }
 
 std::string composed(std::string_view text) {
   if (isAsciiText(text))
@@ -72,10 +66,10 @@ bool isComposed(std::string_view text) {
 
 // The character at `at`, its case folded; `at` goes behind it.
 char32_t nextFolded(std::string_view text, int& at) {
-  const auto first = static_cast<unsigned char>(text[static_cast<std::size_t>(at)]);
+  const char first = text[static_cast<std::size_t>(at)];
   if (isAscii(first)) {
     ++at;
-    return lowerAscii(first);
+    return static_cast<unsigned char>(asciiLower(first));
   }
   UChar32 c = 0;
   U8_NEXT_OR_FFFD(text.data(), at, length(text), c);
@@ -87,10 +81,10 @@ char32_t nextFolded(std::string_view text, int& at) {
 int whereItMayStand(char32_t wanted, std::string_view text, int at) {
   if (wanted >= 0x80)
     return at;
-  const auto lower = static_cast<unsigned char>(wanted);
+  const char lower = static_cast<char>(wanted);
   while (at < length(text)) {
-    const auto c = static_cast<unsigned char>(text[static_cast<std::size_t>(at)]);
-    if (!isAscii(c) || lowerAscii(c) == lower)
+    const char c = text[static_cast<std::size_t>(at)];
+    if (!isAscii(c) || asciiLower(c) == lower)
       return at;
     ++at;
   }
@@ -149,22 +143,21 @@ int compareText(std::string_view left, std::string_view right) {
 bool sameText(std::string_view left, std::string_view right) {
   const std::size_t shared = std::min(left.size(), right.size());
   std::size_t at = 0;
-  while (at < shared && lowerAscii(static_cast<unsigned char>(left[at])) ==
-                            lowerAscii(static_cast<unsigned char>(right[at])))
+  while (at < shared && asciiLower(left[at]) == asciiLower(right[at]))
     ++at;
   if (at == left.size() && at == right.size())
     return true;
-  const bool leftPlain = at == left.size() || isPlain(static_cast<unsigned char>(left[at]));
-  const bool rightPlain = at == right.size() || isPlain(static_cast<unsigned char>(right[at]));
+  const bool leftPlain = at == left.size() || isPlain(left[at]);
+  const bool rightPlain = at == right.size() || isPlain(right[at]);
   return !(leftPlain && rightPlain) && compareText(left, right) == 0;
 }
 
 std::optional<std::string> foldedPlain(std::string_view text) {
   std::string folded(text);
   for (char& c : folded) {
-    if (!isPlain(static_cast<unsigned char>(c)))
+    if (!isPlain(c))
       return std::nullopt;
-    c = static_cast<char>(lowerAscii(static_cast<unsigned char>(c)));
+    c = asciiLower(c);
   }
   return folded;
 }

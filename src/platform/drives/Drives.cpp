@@ -3,6 +3,7 @@
 #include "Mounts.h"
 
 #include "Spelling.h"
+#include "Words.h"
 
 #include <algorithm>
 #include <cstdlib>

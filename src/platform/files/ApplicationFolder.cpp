@@ -3,6 +3,7 @@
 #include "FileError.h"
 #include "SafeFile.h"
 #include "Spelling.h"
+#include "Words.h"
 
 #include <algorithm>
 #include <array>

@@ -1,17 +1,10 @@
 #include "Spelling.h"
 
-#include <algorithm>
+#include "Words.h"
+
 #include <system_error>
 
 namespace hearthbook {
-
-bool sameIgnoringCase(std::string_view a, std::string_view b) {
-  const auto lower = [](char c) {
-    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-  };
-  return std::equal(a.begin(), a.end(), b.begin(), b.end(),
-                    [&](char x, char y) { return lower(x) == lower(y); });
-}
 
 std::string spellingIn(const std::filesystem::path& folder, std::string_view name) {
   std::error_code error;

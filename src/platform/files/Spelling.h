@@ -6,9 +6,6 @@
 
 namespace hearthbook {
 
-/// True if the two are equal without regard to the case of the letters A to Z.
-bool sameIgnoringCase(std::string_view a, std::string_view b);
-
 /// The name under which `folder` holds an entry called `name` in any case: `name` itself where
 /// that is there, else the first other spelling in the order of the alphabet, else `name`.
 std::string spellingIn(const std::filesystem::path& folder, std::string_view name);

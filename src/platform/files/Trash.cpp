@@ -3,6 +3,7 @@
 #include "FileDescriptor.h"
 #include "FileError.h"
 #include "SafeFile.h"
+#include "Words.h"
 
 #include <array>
 #include <cerrno>
@@ -134,22 +135,14 @@ std::string infoText(const TrashCan& can, const fs::path& file) {
          "\n";
 }
 
-/// The first `bytes` bytes, without cutting a UTF-8 character in two.
-std::string cutTo(std::string text, std::size_t bytes) {
-  if (text.size() <= bytes)
-    return text;
-  while (bytes > 0 && (static_cast<unsigned char>(text[bytes]) & 0xC0U) == 0x80)
-    --bytes;
-  return text.substr(0, bytes);
-}
-
 /// "00012.jpg", "00012 (2).jpg", "00012 (3).jpg", ..., short enough for `room` more bytes.
 std::string numberedName(const fs::path& file, int number, std::size_t room) {
   const std::string ending =
       (number == 1 ? "" : " (" + std::to_string(number) + ")") + file.extension().string();
   const std::size_t taken = room + ending.size();
-  return taken >= longestName ? cutTo(file.filename().string(), longestName - room)
-                              : cutTo(file.stem().string(), longestName - taken) + ending;
+  if (taken >= longestName)
+    return std::string(beginningOf(file.filename().string(), longestName - room));
+  return std::string(beginningOf(file.stem().string(), longestName - taken)) + ending;
 }
 
 /// Notes where the file came from; false if that name is taken. The note is made before the

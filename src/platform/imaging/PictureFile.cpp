@@ -1,10 +1,10 @@
 #include "PictureFile.h"
 
 #include "PictureHeads.h"
+#include "Words.h"
 
 #include <algorithm>
 #include <array>
-#include <cctype>
 #include <string_view>
 
 namespace hearthbook {
@@ -14,10 +14,7 @@ namespace {
 constexpr std::string_view tgaFooterMark = "TRUEVISION-XFILE.";
 
 bool isNamedTga(const std::filesystem::path& path) {
-  std::string extension = path.extension().string();
-  std::transform(extension.begin(), extension.end(), extension.begin(),
-                 [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
-  return extension == ".tga";
+  return sameIgnoringCase(path.extension().string(), ".tga");
 }
 
 bool hasTgaFooter(const InputFile& file) {

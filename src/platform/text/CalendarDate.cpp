@@ -1,6 +1,6 @@
 #include "CalendarDate.h"
 
-#include "Digits.h"
+#include "Ascii.h"
 #include "Numbers.h"
 #include "Words.h"
 
@@ -25,16 +25,13 @@ struct Piece {
   std::size_t length = 0;
 };
 
-bool isLetter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
 bool isSeparator(char c) { return c == '/' || c == '-' || c == '.' || c == ','; }
 
 /// 1 to 12 for a month's name or at least the first three letters of it, else 0.
 int monthOf(std::string_view word) {
   if (word.size() < 3)
     return 0;
-  std::string small;
-  for (const char c : word)
-    small += static_cast<char>(c | 0x20);
+  const std::string small = asciiLower(word);
   for (std::size_t month = 0; month < monthNames.size(); ++month)
     if (monthNames[month].starts_with(small))
       return static_cast<int>(month) + 1;
@@ -44,8 +41,8 @@ int monthOf(std::string_view word) {
 /// The month's name or the number at the start of the text.
 std::optional<Piece> takePiece(std::string_view& text) {
   std::size_t end = 0;
-  const bool isWord = !text.empty() && isLetter(text[0]);
-  while (end < text.size() && (isWord ? isLetter(text[end]) : isAsciiDigit(text[end])))
+  const bool isWord = !text.empty() && isAsciiLetter(text[0]);
+  while (end < text.size() && (isWord ? isAsciiLetter(text[end]) : isAsciiDigit(text[end])))
     ++end;
   const std::string_view taken = text.substr(0, end);
   text.remove_prefix(end);

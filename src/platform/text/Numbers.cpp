@@ -1,6 +1,6 @@
 #include "Numbers.h"
 
-#include "Digits.h"
+#include "Ascii.h"
 #include "RunTimeError.h"
 #include "Words.h"
 
@@ -12,20 +12,19 @@
 namespace hearthbook {
 namespace {
 
-char lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
-
 int digitValue(char c) {
   if (isAsciiDigit(c))
     return c - '0';
-  const char letter = lower(c);
+  const char letter = asciiLower(c);
   return letter >= 'a' && letter <= 'f' ? letter - 'a' + 10 : 16;
 }
 
 /// "&H10" and "&O17".
 std::optional<double> basedValue(std::string_view text) {
-  if (text.size() < 3 || text[0] != '&' || (lower(text[1]) != 'h' && lower(text[1]) != 'o'))
+  if (text.size() < 3 || text[0] != '&' ||
+      (asciiLower(text[1]) != 'h' && asciiLower(text[1]) != 'o'))
     return std::nullopt;
-  const int base = lower(text[1]) == 'h' ? 16 : 8;
+  const int base = asciiLower(text[1]) == 'h' ? 16 : 8;
   double value = 0;
   for (const char c : text.substr(2)) {
     const int digit = digitValue(c);
@@ -87,7 +86,7 @@ std::size_t takeDigits(std::string_view text, bool separators, std::string& plai
 
 /// The exponent "e+3" or "d3" that is the whole of `text`, as "e3".
 bool takeExponent(std::string_view text, std::string& plain) {
-  if (lower(text[0]) != 'e' && lower(text[0]) != 'd')
+  if (asciiLower(text[0]) != 'e' && asciiLower(text[0]) != 'd')
     return false;
   plain += 'e';
   text.remove_prefix(1);
