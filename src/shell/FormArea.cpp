@@ -36,6 +36,7 @@ void FormArea::showForm(Form& form) {
   FormWindow* window = windowOf(form);
   if (!window) {
     window = new FormWindow(form, this);
+    window->leaveFree(free_);
     watch(form);
   }
   std::erase(windows_, window);
@@ -93,6 +94,16 @@ void FormArea::removeForm(Form& form) {
 
 Form* FormArea::frontForm() const {
   return windows_.empty() ? backdrop_ : &windows_.back()->form();
+}
+
+QSize FormArea::formRoom() const {
+  return windows_.empty() ? size() : size() - QSize(0, windows_.back()->titleHeight());
+}
+
+void FormArea::leaveFree(QMargins edges) {
+  free_ = edges;
+  for (FormWindow* window : windows_)
+    window->leaveFree(edges);
 }
 
 // The commands of the start screen assume that no work form is open, so they rest while one is.

@@ -2,6 +2,8 @@
 
 #include "FormWindow.h"
 
+#include <QMargins>
+
 #include <memory>
 #include <vector>
 
@@ -22,6 +24,11 @@ public:
   /// The work form in front, else the backdrop, else null.
   [[nodiscard]] Form* frontForm() const;
 
+  /// What a work form has for itself below its title bar, were nothing left free.
+  [[nodiscard]] QSize formRoom() const;
+  /// Edges of that room which the work forms leave to a window that lies over the frame.
+  void leaveFree(QMargins edges);
+
 protected:
   void resizeEvent(QResizeEvent* event) override;
 
@@ -34,6 +41,7 @@ private:
   [[nodiscard]] FormWindow* windowOf(const Form& form) const;
 
   Form* backdrop_ = nullptr;
+  QMargins free_;
   std::vector<FormWindow*> windows_; ///< shown ones, the front one last
   const Form* focused_ = nullptr;    ///< the front form that was given the focus
 };

@@ -24,15 +24,18 @@ QAccessibleInterface* formWindowInterface(const QString& className, QObject* obj
 } // namespace
 
 FormWindow::FormWindow(Form& form, QWidget* parent)
-    : QWidget(parent, Qt::SubWindow), form_(form), caption_(new QLabel) {
+    : QWidget(parent, Qt::SubWindow), form_(form), caption_(new QLabel), titleBar_(makeTitleBar()),
+      room_(new QVBoxLayout) {
   setAutoFillBackground(true);
   auto* column = new QVBoxLayout(this);
   column->setContentsMargins(0, 0, 0, 0);
   column->setSpacing(0);
-  column->addWidget(makeTitleBar());
+  column->addWidget(titleBar_);
   form_.setParent(this);
   form_.setWindowFlags(Qt::Widget);
-  column->addWidget(&form_, 1);
+  room_->setContentsMargins(0, 0, 0, 0);
+  room_->addWidget(&form_);
+  column->addLayout(room_, 1);
   const auto showCaption = [this](const QString& caption) {
     caption_->setText(caption);
     setWindowTitle(caption);
@@ -90,6 +93,10 @@ void FormWindow::focusForm() {
   setFocus(Qt::ActiveWindowFocusReason);
   focusNextChild();
 }
+
+int FormWindow::titleHeight() const { return titleBar_->sizeHint().height(); }
+
+void FormWindow::leaveFree(QMargins edges) { room_->setContentsMargins(edges); }
 
 void FormWindow::release() {
   form_.hide();

@@ -2,7 +2,10 @@
 
 #include "Form.h"
 
+#include <QMargins>
+
 class QLabel;
+class QBoxLayout;
 
 namespace hearthbook {
 
@@ -17,6 +20,9 @@ public:
   [[nodiscard]] Form& form() const { return form_; }
   /// Puts the focus where it last was in the form, or on its first field.
   void focusForm();
+  [[nodiscard]] int titleHeight() const;
+  /// Edges of the room below the title bar that the form is not to use.
+  void leaveFree(QMargins edges);
   /// Lets go of the form, which stays alive without a parent.
   void release();
 
@@ -25,6 +31,8 @@ private:
 
   Form& form_;
   QLabel* caption_;
+  QWidget* titleBar_;
+  QBoxLayout* room_;
 };
 
 /// Makes a FormWindow read as a window of its own, named by its caption, to screen readers.

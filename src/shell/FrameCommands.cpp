@@ -64,6 +64,8 @@ void FrameCommands::gettingStarted() {
            MsgIcon::Exclamation);
 }
 
+void FrameCommands::switchHelp() { Q_EMIT helpSwitched(); }
+
 void FrameCommands::about() { Forms::get<frmAbout>().ShowModal(); }
 
 std::filesystem::path guideFile(const ApplicationFolder& folder) {

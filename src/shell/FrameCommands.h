@@ -41,7 +41,11 @@ public:
   void buildFromStart(); ///< on the first photo
   void viewAlbum(int albumId, const QString& name);
   void gettingStarted();
+  void switchHelp(); ///< the check mark of "Show Help" has changed
   void about();
+
+Q_SIGNALS:
+  void helpSwitched();
 
 private:
   std::optional<OpenedAlbum> openUnderProgress(int albumId, const std::string& name);

@@ -28,7 +28,7 @@ constexpr MenuRow rows[] = {
     {Kind::Menu, "", "mnuMainHelp", "&Help", "", nullptr},
     {Kind::Item, "mnuMainHelp", "mnuStart", "&Getting Started", "F1",
      &FrameCommands::gettingStarted},
-    {Kind::Check, "mnuMainHelp", "mnuHelp", "&Show Help", "", nullptr},
+    {Kind::Check, "mnuMainHelp", "mnuHelp", "&Show Help", "", &FrameCommands::switchHelp},
     {Kind::Line, "mnuMainHelp", "mnuLine4", "", "", nullptr},
     {Kind::Item, "mnuMainHelp", "mnuAbout", "&About Hearthbook", "", &FrameCommands::about},
     {Kind::Menu, "", "mnuEdit", "&Edit", "", nullptr},

@@ -45,6 +45,7 @@ public:
 
   [[nodiscard]] FrameMenu& menu() const { return *menu_; }
   [[nodiscard]] FrameCommands& commands() const { return *commands_; }
+  [[nodiscard]] FormArea& area() const { return *area_; }
 
 protected:
   void closeEvent(QCloseEvent* event) override;

@@ -86,6 +86,7 @@ void Startup::describe(const char* description, bool isPointedAt) {
 
 void Startup::activated() {
   lower();
+  Q_EMIT cameToFront();
   ui->Image3->setFocus(Qt::ActiveWindowFocusReason);
 }
 

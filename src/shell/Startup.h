@@ -34,6 +34,9 @@ public:
           StartupCommands commands);
   ~Startup() override;
 
+Q_SIGNALS:
+  void cameToFront();
+
 protected:
   void load() override;
   void activated() override;

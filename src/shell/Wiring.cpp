@@ -4,6 +4,7 @@
 #include "DBeditor.h"
 #include "Forms.h"
 #include "FrameCommands.h"
+#include "Help.h"
 #include "MDIForm1.h"
 #include "NamesManager.h"
 #include "PickaPic.h"
@@ -34,9 +35,17 @@ PictureLoader::Deliver deliverHere() {
 
 } // namespace
 
-Wiring::Wiring(Album& album, MDIForm1& frame) : loader_(pool_, deliverHere()) {
+Wiring::Wiring(Album& album, MDIForm1& frame)
+    : loader_(pool_, deliverHere()), help_(album.vars, frame) {
   Forms::provide<Startup>([this, &album, &frame] {
-    return new Startup(album.folder, pool_, loader_, startupCommands(frame.commands()));
+    auto* start = new Startup(album.folder, pool_, loader_, startupCommands(frame.commands()));
+    QObject::connect(start, &Startup::cameToFront, &help_, &FrameHelp::startScreenActive);
+    return start;
+  });
+  Forms::provide<Help>([this] {
+    auto* help = new Help;
+    QObject::connect(help, &Help::closedByUser, &help_, &FrameHelp::hiddenByUser);
+    return help;
   });
   Forms::provide<DBeditor>(
       [this, &album, &frame] { return new DBeditor(album, loader_, pool_, frame, help_); });

@@ -1,19 +1,12 @@
 #pragma once
 
-#include "Navigator.h"
+#include "FrameHelp.h"
 #include "PictureLoader.h"
 
 namespace hearthbook {
 
 struct Album;
 class MDIForm1;
-
-/// Stands where the help window will: with "Show Help" off nothing is shown.
-class NoHelp : public HoverHelp {
-public:
-  void workFormActive(const QString& /*screen*/) override {}
-  void show(const QString& /*key*/) override {}
-};
 
 /// Says how each form of the program is made, and forgets it at its end.
 class Wiring {
@@ -26,7 +19,7 @@ public:
 private:
   WorkPool pool_;
   PictureLoader loader_;
-  NoHelp help_;
+  FrameHelp help_;
 };
 
 } // namespace hearthbook

@@ -17,7 +17,14 @@
 #include <array>
 #include <functional>
 #include <optional>
+#include <ostream>
 #include <string>
+
+namespace hearthbook {
+inline void PrintTo(const HelpEntry& entry, std::ostream* out) {
+  *out << entry.caption << ": " << entry.text;
+}
+} // namespace hearthbook
 
 namespace hearthbook::test {
 
