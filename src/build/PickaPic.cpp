@@ -9,7 +9,6 @@
 #include "ModalHelp.h"
 #include "MsgBox.h"
 #include "PictureBox.h"
-#include "Pointer.h"
 #include "RunTimeError.h"
 #include "Text.h"
 #include "ui_PickaPic.h"
@@ -117,7 +116,12 @@ void PickaPic::load() {
   modalHelp_->show(QStringLiteral("Add From File*Help"));
 }
 
-bool PickaPic::unloading() { return !running_; }
+bool PickaPic::unloading() {
+  if (running_)
+    return false;
+  previewing_.reset();
+  return true;
+}
 
 void PickaPic::showDrives() {
   drives_ = album_.drives.enumerate();
@@ -201,20 +205,25 @@ void PickaPic::selectionChanged() {
 
 void PickaPic::showFocusedFile() {
   const QModelIndex focused = ui->File1->currentIndex();
-  if (!focused.isValid())
+  if (running_ || !focused.isValid())
     return;
   const auto file = files_->files()[static_cast<std::size_t>(focused.row())];
   album_.vars.ImagePath = file;
   if (file == previewed_)
     return;
   previewed_ = file;
+  if (!previewing_)
+    previewing_.emplace();
   runBeside(
       pool_, this, [file, side = previewSide()] { return decodePreview(file, side); },
-      [this, file](const Picture& picture) {
-        if (file == previewed_)
-          showPreview(picture);
-      },
-      true);
+      [this, file](const Picture& picture) { previewArrived(file, picture); }, true);
+}
+
+void PickaPic::previewArrived(const std::filesystem::path& file, const Picture& picture) {
+  if (file != previewed_)
+    return;
+  previewing_.reset();
+  showPreview(picture);
 }
 
 void PickaPic::showPreview(const Picture& picture) {
@@ -239,9 +248,13 @@ void PickaPic::placePreview() {
 }
 
 void PickaPic::addSelected() {
-  const int added = runAdding();
-  refreshFiles();
-  waitUntil([this] { return !reading_; });
+  int added = 0;
+  {
+    const Hourglass hourglass;
+    added = runAdding();
+    refreshFiles();
+    waitUntil([this] { return !reading_; });
+  }
   ui->Cancel->setText(QStringLiteral("Done"));
   MsgBox(QString::number(added) + QStringLiteral(" Files added to album."), formTitle,
          MsgIcon::Information);
@@ -249,7 +262,6 @@ void PickaPic::addSelected() {
 }
 
 int PickaPic::runAdding() {
-  const Hourglass hourglass;
   const AddPhotosRequest request = readRequest();
   AddPhotosListener listener;
   listener.atIndex = [this](int index) { ui->ProgressBar1->setValue(index); };
@@ -270,6 +282,7 @@ int PickaPic::runAdding() {
   };
 
   previewed_.clear(); // the run shows pictures of its own
+  previewing_.reset();
   ui->ProgressBar1->setRange(0, std::max(1, static_cast<int>(request.list.size())));
   ui->ProgressBar1->setValue(0);
   showRunning(true);

@@ -5,9 +5,11 @@
 #include "Drives.h"
 #include "FileBrowser.h"
 #include "Form.h"
+#include "Pointer.h"
 
 #include <filesystem>
 #include <memory>
+#include <optional>
 #include <vector>
 
 class QFileSystemModel;
@@ -59,6 +61,7 @@ private:
 
   void selectionChanged();
   void showFocusedFile();
+  void previewArrived(const std::filesystem::path& file, const Picture& picture);
   void showPreview(const Picture& picture);
   void placePreview();
   [[nodiscard]] int previewSide() const;
@@ -75,10 +78,11 @@ private:
   FileListModel* files_;
   ModalHelp* modalHelp_ = nullptr;
   std::vector<Drive> drives_;
-  std::filesystem::path folder_;    ///< whose files the list shows
-  std::filesystem::path previewed_; ///< the file whose preview is wanted
-  bool placing_ = false;            ///< the program, not the user, goes to a folder
-  bool seeking_ = false;            ///< the folder list is to stay where the folder is in sight
+  std::filesystem::path folder_;        ///< whose files the list shows
+  std::filesystem::path previewed_;     ///< the file whose preview is wanted
+  std::optional<Hourglass> previewing_; ///< while a preview is on its way
+  bool placing_ = false;                ///< the program, not the user, goes to a folder
+  bool seeking_ = false;                ///< the folder list is to stay where the folder is in sight
   bool reading_ = false;
   bool running_ = false;
 };

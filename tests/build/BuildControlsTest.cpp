@@ -1,6 +1,7 @@
 #include "ControlChecks.h"
 #include "EditorControls.h"
 #include "EditorFixture.h"
+#include "TestPictures.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -8,6 +9,11 @@
 #include <QListView>
 #include <QPlainTextEdit>
 #include <QProgressBar>
+
+#include <map>
+#include <string>
+#include <utility>
+#include <vector>
 
 namespace hearthbook::test {
 
@@ -37,7 +43,25 @@ const Control pickerControls[] = {
     {"Text1", "QPlainTextEdit"},
 };
 
-class BuildControls : public EditorFixture {};
+/// The editor's buttons by the picture of their face.
+const std::pair<const char*, std::vector<const char*>> editorFaces[] = {
+    {"Btn_Gry.jpg",
+     {"FindPhoto", "Command18", "Command7", "Command6", "Command8", "PrevPhoto", "NextPhoto"}},
+    {"Btn_Org.jpg", {"Command1", "Command5", "Command13", "Command14", "Command15"}},
+    {"Btn_Brn.jpg", {"Command4"}},
+    {"Btn_Red.jpg", {"Command16", "Command17"}},
+    {"Btn_Grn.jpg", {"Command9", "Command10", "Command11", "Command19"}},
+    {"Btn_Ylw.jpg", {"markName", "Command12"}},
+};
+
+class BuildControls : public EditorFixture {
+protected:
+  /// The colour of a button beside its caption.
+  static QColor faceOf(QWidget& button) {
+    button.setEnabled(true);
+    return button.grab().toImage().pixelColor(button.width() / 2, 4);
+  }
+};
 
 } // namespace
 
@@ -49,6 +73,22 @@ TEST_F(BuildControls, AddFromFileHasEachOfItsControlsOnce) {
   const auto& picker = Forms::get<PickaPic>();
   EXPECT_EQ(picker.caption(), toQString("Add From File"));
   expectControls(picker, "Add From File", pickerControls);
+}
+
+TEST_F(BuildControls, EachButtonOfTheEditorTakesItsFaceFromMedia) {
+  unsigned colour = 0xd0a060;
+  std::map<std::string, unsigned> colours;
+  for (const auto& [file, buttons] : editorFaces) {
+    colours[file] = colour;
+    test::writeJpeg(at("Media") / file, 32, 16, colour);
+    colour += 0x040c14;
+  }
+  const auto& editor = openEditor();
+  for (const auto& [file, buttons] : editorFaces)
+    for (const char* name : buttons) {
+      const QColor face = faceOf(*control<QWidget>(editor, name));
+      EXPECT_LT(distance(face.rgb(), 0xff000000U | colours[file]), 4) << name;
+    }
 }
 
 TEST_F(BuildControls, EveryHelpKeyHasItsRow) {

@@ -1,7 +1,14 @@
 #include "EditorFixture.h"
 
+#include "Pointer.h"
+#include "QtPrint.h"
+
+#include <QComboBox>
 #include <QLineEdit>
 #include <QPlainTextEdit>
+#include <QProgressBar>
+
+#include <algorithm>
 
 namespace hearthbook {
 
@@ -18,6 +25,27 @@ protected:
   }
   void expectRefusal() {
     boxes_.expectMessage(toQString("Please Enter A Valid Record."), toQString("Go To Record"));
+  }
+  /// What Progress was when its bar moved, as the search for the next gap shows it.
+  struct ProgressNote {
+    QString caption;
+    int minimum = 0;
+    int maximum = 0;
+    std::vector<int> values;
+  };
+  static void noteProgress(ProgressNote& note) {
+    Forms::provide<Progress>([&note] {
+      auto* progress = new Progress;
+      const auto* bar = progress->findChild<QProgressBar*>();
+      QObject::connect(bar, &QProgressBar::valueChanged, bar, [&note, progress, bar](int value) {
+        if (progress->isShown())
+          note.caption = progress->caption();
+        note.minimum = bar->minimum();
+        note.maximum = bar->maximum();
+        note.values.push_back(value);
+      });
+      return progress;
+    });
   }
   void fillAllFields(const std::string& id) {
     data().AlbumDB.execute("UPDATE PhotoAlbum SET Year = 1990, PlaceID = 1, EventID = 1, "
@@ -79,6 +107,25 @@ TEST_F(DBeditorMoves, GoToTakesTheLastRecord) {
   EXPECT_EQ(labelOf(editor, "NumRec"), "5 of 5");
 }
 
+TEST_F(DBeditorMoves, GoToStoresWhatWasTypedBeforeItMoves) {
+  auto& editor = openEditor();
+  QTest::keyClicks(control<QPlainTextEdit>(editor, "Description"), toQString("At the lake"));
+  goTo(editor, "4");
+  EXPECT_EQ(stored("HD00001", "Description"), Value("At the lake"));
+  EXPECT_EQ(control<QPlainTextEdit>(editor, "Description")->toPlainText(), QString());
+}
+
+TEST_F(DBeditorMoves, ARefusedGoToKeepsWhatWasTyped) {
+  auto& editor = openEditor();
+  auto* description = control<QPlainTextEdit>(editor, "Description");
+  QTest::keyClicks(description, toQString("At the lake"));
+  boxes_.expectInput(toQString("Enter Record Number:"), toQString("Go To Record"),
+                     toQString("six"));
+  expectRefusal();
+  press(editor, "Command7");
+  EXPECT_EQ(description->toPlainText(), toQString("At the lake"));
+}
+
 TEST_F(DBeditorMoves, GoToNoughtStandsBeforeTheFirstRow) {
   auto& editor = openEditor();
   goTo(editor, "0");
@@ -103,6 +150,42 @@ TEST_F(DBeditorMoves, FindNextEmptyStopsAtTheNextRecordWithAGap) {
   press(editor, "Command18");
   EXPECT_EQ(labelOf(editor, "NumRec"), "4 of 5");
   EXPECT_EQ(Forms::loaded<Progress>(), nullptr);
+}
+
+TEST_F(DBeditorMoves, FindNextEmptyRunsItsBarFromTheRecordBeforeItToTheLast) {
+  for (const char* id : {"HD00003", "HD00004"})
+    fillAllFields(id);
+  photos().Move(1, Recordset::Start::First);
+  const auto& editor = openEditor();
+  ProgressNote progress;
+  noteProgress(progress);
+  press(editor, "Command18");
+  EXPECT_EQ(progress.caption, toQString("Please Wait, Searching For Next Empty Field"));
+  EXPECT_EQ(progress.minimum, 1);
+  EXPECT_EQ(progress.maximum, 5);
+  EXPECT_EQ(progress.values, (std::vector<int>{1, 2, 3, 4, 5}));
+}
+
+TEST_F(DBeditorMoves, FindNextEmptyFillsItsBarWhereverItFinds) {
+  const auto& editor = openEditor();
+  ProgressNote progress;
+  noteProgress(progress);
+  press(editor, "Command18");
+  EXPECT_EQ(labelOf(editor, "NumRec"), "2 of 5");
+  EXPECT_EQ(progress.values, (std::vector<int>{0, 1, 2, 5}));
+}
+
+TEST_F(DBeditorMoves, TheHourglassStandsWhileARecordIsComposed) {
+  auto& editor = openEditor();
+  std::vector<bool> shown;
+  const auto* filled = control<QComboBox>(editor, "Combo1")->model();
+  QObject::connect(filled, &QAbstractItemModel::rowsInserted, filled,
+                   [&] { shown.push_back(Hourglass::isShown()); });
+  EXPECT_FALSE(Hourglass::isShown());
+  editor.ComposeRecord();
+  EXPECT_FALSE(Hourglass::isShown());
+  EXPECT_FALSE(shown.empty());
+  EXPECT_EQ(std::ranges::count(shown, false), 0);
 }
 
 TEST_F(DBeditorMoves, FindNextEmptyOnTheLastRowEndsAtOnce) {

@@ -1,11 +1,10 @@
-#include "EditorFixture.h"
+#include "PickaPicFixture.h"
 
 #include "FileBytes.h"
 
 #include <QComboBox>
 #include <QGroupBox>
 #include <QLineEdit>
-#include <QListView>
 #include <QPlainTextEdit>
 #include <QProgressBar>
 #include <QRadioButton>
@@ -17,59 +16,7 @@ namespace hearthbook {
 
 namespace {
 
-class PickaPicTest : public test::EditorFixture {
-protected:
-  PickaPicTest() { std::filesystem::create_directories(source_); }
-
-  PickaPic& openPicker() {
-    auto& picker = Forms::get<PickaPic>();
-    picker.Show();
-    wait(picker);
-    return picker;
-  }
-  PickaPic& openPickerAtSource() {
-    auto& picker = openPicker();
-    picker.showFolder(source_);
-    wait(picker);
-    return picker;
-  }
-  static void wait(const PickaPic& picker) {
-    waitUntil([&] { return !picker.isReading(); });
-  }
-  static QStringList listed(const PickaPic& picker) {
-    QStringList names;
-    const auto* model = control<QListView>(picker, "File1")->model();
-    for (int row = 0; row < model->rowCount(); ++row)
-      names << model->index(row, 0).data().toString();
-    return names;
-  }
-  /// Clicks a file as the user does; with Ctrl it is added to or taken from the
-  /// selection.
-  static void click(const PickaPic& picker, int row, Qt::KeyboardModifiers keys = {}) {
-    auto* list = control<QListView>(picker, "File1");
-    const QRect place = list->visualRect(list->model()->index(row, 0));
-    QTest::mouseClick(list->viewport(), Qt::LeftButton, keys, place.center());
-    QCoreApplication::processEvents();
-  }
-  void expectCount(int count) {
-    boxes_.expectMessage(QString::number(count) + toQString(" Files added to album."),
-                         toQString("Add From File"), MsgIcon::Information);
-  }
-  void expectError(const std::filesystem::path& source) {
-    boxes_.expectMessage(toQString("An error occurred while inserting file: ") + toQString(source),
-                         toQString("Error"), MsgIcon::Critical);
-  }
-  void insert(const PickaPic& picker) {
-    press(picker, "OK");
-    wait(picker);
-  }
-  std::filesystem::path add(const std::string& name) {
-    test::writeJpeg(source_ / name, 160, 120, 0x336699);
-    return source_ / name;
-  }
-
-  std::filesystem::path source_ = at("Source");
-};
+class PickaPicTest : public test::PickaPicFixture {};
 
 } // namespace
 
@@ -168,24 +115,6 @@ TEST_F(PickaPicTest, OneSelectedFileReadsInsertSingleAndTwoInsertMultiple) {
   EXPECT_EQ(control<QAbstractButton>(picker, "OK")->text(), toQString("Insert Multiple"));
   click(picker, 1, Qt::ControlModifier);
   EXPECT_EQ(control<QAbstractButton>(picker, "OK")->text(), toQString("Insert Single"));
-}
-
-TEST_F(PickaPicTest, ASelectedFileIsPreviewedAndItsPathKept) {
-  const auto file = add("a.jpg");
-  const auto& picker = openPickerAtSource();
-  click(picker, 0);
-  EXPECT_EQ(vars().ImagePath, file);
-  const auto* preview = control<PictureBox>(picker, "ImgX1");
-  waitUntil([&] { return preview->hasPicture(); });
-  EXPECT_NEAR(double(preview->width()) / preview->height(), 160.0 / 120.0, 0.02);
-}
-
-TEST_F(PickaPicTest, AFileThatIsNoPictureLeavesThePreviewEmpty) {
-  test::writeBytes(source_ / "text.jpg", "no picture");
-  const auto& picker = openPickerAtSource();
-  click(picker, 0);
-  EXPECT_TRUE(isEnabled(picker, "OK"));
-  EXPECT_FALSE(control<PictureBox>(picker, "ImgX1")->hasPicture());
 }
 
 TEST_F(PickaPicTest, DeselectingEverythingLeavesTheCommandEnabledAndAddsNothing) {
