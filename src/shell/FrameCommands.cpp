@@ -14,6 +14,27 @@
 
 namespace hearthbook {
 
+namespace {
+
+Progress& showAlbumProgress() {
+  auto& progress = Forms::get<Progress>();
+  progress.setCaption(toQString("Processing Album, Please Wait"));
+  progress.Show();
+  return progress;
+}
+
+/// There is one Progress, and forms that close may use it too.
+void underAlbumProgress(const std::function<void()>& work) {
+  const auto unload = qScopeGuard([] {
+    if (auto* progress = Forms::loaded<Progress>())
+      progress->Unload();
+  });
+  showAlbumProgress();
+  work();
+}
+
+} // namespace
+
 FrameCommands::FrameCommands(Album& album, ShellServices services, QMainWindow& frame)
     : QObject(&frame), album_(album), services_(std::move(services)), frame_(frame) {}
 
@@ -36,10 +57,15 @@ void FrameCommands::buildFromStart() {
 }
 
 void FrameCommands::viewAlbum(int albumId, const QString& name) {
-  if (!closeWorkForms())
+  bool closed = false;
+  std::optional<OpenedAlbum> opened;
+  underAlbumProgress([&] {
+    closed = closeWorkForms();
+    if (closed)
+      opened = openAlbumInSight(albumId, toUtf8(name));
+  });
+  if (!closed)
     return;
-  album_.vars.chosenAlbum = {albumId, toUtf8(name)};
-  const auto opened = openUnderProgress(albumId, toUtf8(name));
   if (!opened)
     MsgBox(toQString("There are no photos in this album\nPlease select another one."),
            toQString("View Album"));
@@ -47,11 +73,9 @@ void FrameCommands::viewAlbum(int albumId, const QString& name) {
     services_.albumView->show(*opened);
 }
 
-std::optional<OpenedAlbum> FrameCommands::openUnderProgress(int albumId, const std::string& name) {
-  auto& progress = Forms::get<Progress>();
-  const auto unload = qScopeGuard([&progress] { progress.Unload(); });
-  progress.setCaption(toQString("Processing Album, Please Wait"));
-  progress.Show();
+std::optional<OpenedAlbum> FrameCommands::openAlbumInSight(int albumId, const std::string& name) {
+  album_.vars.chosenAlbum = {albumId, name};
+  auto& progress = showAlbumProgress(); // a form that closed may have ended the one before
   return openAlbum(album_, albumId, name, [&](int value) { progress.setValue(value); });
 }
 

@@ -48,7 +48,7 @@ Q_SIGNALS:
   void helpSwitched();
 
 private:
-  std::optional<OpenedAlbum> openUnderProgress(int albumId, const std::string& name);
+  std::optional<OpenedAlbum> openAlbumInSight(int albumId, const std::string& name);
 
   Album& album_;
   ShellServices services_;

@@ -197,6 +197,39 @@ TEST_F(MDIForm1Test, OpeningAnAlbumIsShownUnderItsCaptionUntilTheMessage) {
   EXPECT_EQ(message.progressWasLoaded, std::vector<bool>{false});
 }
 
+/// Notes under which caption it is closed, and does its own work under Progress then.
+class BusyAtItsEnd : public Form {
+public:
+  explicit BusyAtItsEnd(QString& seen)
+      : Form(QStringLiteral("BusyAtItsEnd"), Kind::Work), seen_(seen) {}
+
+protected:
+  bool unloading() override {
+    if (const auto* progress = Forms::loaded<Progress>(); progress && progress->isShown())
+      seen_ = progress->caption();
+    auto& own = Forms::get<Progress>();
+    own.setCaption(QStringLiteral("Something else"));
+    own.Unload();
+    return true;
+  }
+
+private:
+  QString& seen_;
+};
+
+TEST_F(MDIForm1Test, TheProgressOfAnAlbumIsThereBeforeTheWorkFormsClose) {
+  openFrame();
+  QString seen;
+  Forms::provide<BusyAtItsEnd>([&seen] { return new BusyAtItsEnd(seen); });
+  Forms::get<BusyAtItsEnd>().Show();
+
+  frame->menu().album(7)->trigger();
+
+  EXPECT_EQ(seen, QStringLiteral("Processing Album, Please Wait"));
+  EXPECT_EQ(view.shown.size(), 1U);
+  EXPECT_FALSE(Forms::loaded<Progress>());
+}
+
 TEST_F(MDIForm1Test, AnAlbumThatCannotBeOpenedLeavesNoProgress) {
   openFrame();
   album().data.AlbumDB.execute("DROP TABLE SubAlbumPhotos");
@@ -318,6 +351,10 @@ TEST_F(MDIForm1Test, AFormThatRefusesKeepsTheProgramOpen) {
   openFrame();
   Forms::provide<Stubborn>([] { return new Stubborn; });
   Forms::get<Stubborn>().Show();
+
+  frame->menu().album(7)->trigger();
+  EXPECT_TRUE(view.shown.empty());
+  EXPECT_FALSE(Forms::loaded<Progress>());
 
   EXPECT_FALSE(frame->close());
   EXPECT_TRUE(frame->isVisible());
