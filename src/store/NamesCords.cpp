@@ -71,15 +71,30 @@ Value withoutMarker(std::string_view namesCords, std::int64_t id) {
   return rest.empty() ? Value() : Value(rest);
 }
 
-std::optional<TwipsPoint> markerPosition(std::string_view namesCords, std::int64_t id) {
-  const std::string wanted = personKey(id);
+std::vector<std::string> markerEntries(std::string_view namesCords) {
+  std::vector<std::string> entries;
   for (auto end = namesCords.find(','); end != std::string_view::npos; end = namesCords.find(',')) {
-    const std::string_view entry = namesCords.substr(0, end);
-    if (entry.substr(0, keyLength) == wanted)
-      return placeIn(entry);
+    entries.emplace_back(namesCords.substr(0, end));
     namesCords.remove_prefix(end + 1);
   }
-  return std::nullopt;
+  entries.emplace_back(namesCords);
+  return entries;
+}
+
+bool isMarkerOf(std::string_view entry, std::int64_t id) {
+  return entry.substr(0, keyLength) == personKey(id);
+}
+
+std::optional<TwipsPoint> placeOfMarker(const std::vector<std::string>& entries, std::int64_t id) {
+  const auto found =
+      std::ranges::find_if(entries, [id](const auto& entry) { return isMarkerOf(entry, id); });
+  return found == entries.end() ? std::nullopt : placeIn(*found);
+}
+
+std::optional<TwipsPoint> markerPosition(std::string_view namesCords, std::int64_t id) {
+  auto entries = markerEntries(namesCords);
+  entries.pop_back();
+  return placeOfMarker(entries, id);
 }
 
 } // namespace hearthbook

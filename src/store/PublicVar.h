@@ -41,7 +41,9 @@ struct PublicVar {
   SelectionSet selection;              ///< the photos selected on the result pages
   bool AtFirstPage = false;            ///< the result page shown is the first
   std::int16_t ViewPageCount = 0;      ///< photos on the album page
-  std::string ContextPhotoID;          ///< the photo under the sub-album editor's pop-up
+  /// The markers of each photo on the album page; nothing where a photo has none.
+  std::array<std::optional<std::vector<std::string>>, 5> PageMarkers;
+  std::string ContextPhotoID; ///< the photo under the sub-album editor's pop-up
 
   struct ChosenAlbum {
     int id = 0;

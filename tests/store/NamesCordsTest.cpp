@@ -90,6 +90,14 @@ TEST(NamesCords, AnIdOfFourDigitsMatchesNoEntry) {
   EXPECT_EQ(markerPosition("1234-0001X0002,", 1234), std::nullopt);
 }
 
+TEST(NamesCords, TheEntriesOfAPageAreThePiecesBetweenTheCommas) {
+  EXPECT_EQ(markerEntries("004-0341X1022,017-1200X0415,"),
+            (std::vector<std::string>{"004-0341X1022", "017-1200X0415", ""}));
+  EXPECT_EQ(markerEntries(""), std::vector<std::string>{""});
+  EXPECT_EQ(placeOfMarker({"004-0341X1022", "017-1200X0415"}, 17), (TwipsPoint{1200, 415}));
+  EXPECT_EQ(placeOfMarker({"004-0341X1022", ""}, 5), std::nullopt);
+}
+
 TEST(NamesCords, AnEntryThatNoCommaEndsIsNotRead) {
   EXPECT_EQ(markerPosition("004-0341X1022", 4), std::nullopt);
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "PassOver.h"
+
 #include <QApplication>
 
 #include <exception>
@@ -20,14 +22,6 @@ public:
   using QApplication::QApplication;
   bool notify(QObject* receiver, QEvent* event) override;
 };
-
-/// Runs a step that may fail without stopping the steps behind it.
-template <class Step> void passOver(Step step) {
-  try {
-    step();
-  } catch (const std::exception&) { // NOLINT(bugprone-empty-catch): this is the one place
-  }
-}
 
 /// Lets the event loop run until `done` holds, with the user's commands blocked. For waiting
 /// on work that other threads do.
