@@ -159,8 +159,7 @@ TwipsRect Stage::rect(const QWidget* child) const { return impl_->of(child).rect
 void Stage::setDesign(TwipsSize design) {
   impl_->design = design;
   updateGeometry();
-  QResizeEvent again(size(), size());
-  resizeEvent(&again);
+  fitIn();
 }
 
 TwipsSize Stage::design() const { return impl_->design; }
@@ -176,6 +175,10 @@ double Stage::scaleOf(const QWidget* widget) {
 
 QRect Stage::toPixels(TwipsRect rect) const { return impl_->toPixels(rect); }
 
+QSize Stage::toDevicePixels(TwipsRect rect) const {
+  return (QSizeF(toPixels(rect).size()) * devicePixelRatioF()).toSize().expandedTo({1, 1});
+}
+
 TwipsPoint Stage::toTwips(QPointF pixels) const {
   const QPointF inside = (pixels - impl_->origin) / impl_->pixelsPerTwip();
   return {inside.x(), inside.y()};
@@ -188,10 +191,19 @@ QSize Stage::sizeHint() const {
 
 QSize Stage::minimumSizeHint() const { return sizeHint() * smallestScale; }
 
-void Stage::resizeEvent(QResizeEvent*) {
-  impl_->fit(size());
-  for (Actor& actor : impl_->actors)
+void Stage::resizeEvent(QResizeEvent*) { fitIn(); }
+
+void Stage::fitIn() {
+  if (const auto* below = qobject_cast<const Stage*>(parentWidget()))
+    impl_->scale = below->scale();
+  else
+    impl_->fit(size());
+  for (Actor& actor : impl_->actors) {
     impl_->layOut(actor);
+    auto* panel = qobject_cast<Stage*>(actor.widget);
+    if (panel && panel->scale() != scale()) // its size in pixels may have stayed the same
+      panel->fitIn();
+  }
   Q_EMIT scaled();
 }
 

@@ -12,6 +12,9 @@ namespace hearthbook {
 /// A widget whose children stand in a table of present rectangles in twips, scaled uniformly
 /// to the room there is. Fitting, zooming and arranging change the table; pixels follow.
 /// Printing reads the table, never a widget's pixels.
+///
+/// A stage that stands on another one is a panel of it: its places count from its own corner,
+/// its scale is that of the stage below, whatever its size.
 class Stage : public QWidget {
   Q_OBJECT
 public:
@@ -38,6 +41,8 @@ public:
   [[nodiscard]] static double scaleOf(const QWidget* widget);
 
   [[nodiscard]] QRect toPixels(TwipsRect rect) const;
+  /// The pixels of the screen that a rectangle covers, at least one: what to decode for it.
+  [[nodiscard]] QSize toDevicePixels(TwipsRect rect) const;
   /// A point in this widget's pixels as twips of the design.
   [[nodiscard]] TwipsPoint toTwips(QPointF pixels) const;
 
@@ -52,6 +57,8 @@ protected:
   bool event(QEvent* event) override;
 
 private:
+  void fitIn();
+
   struct Impl;
   std::unique_ptr<Impl> impl_;
 };

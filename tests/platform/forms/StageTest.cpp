@@ -290,4 +290,41 @@ TEST(PictureBox, IsAPictureForAScreenReader) {
   EXPECT_EQ(face->text(QAccessible::Name), QStringLiteral("Photo"));
 }
 
+TEST_F(StageTest, AStageOnAStageIsAPanelOfItsScale) {
+  auto* panel = new Stage({2175, 3375});
+  auto* text = new QLabel(QStringLiteral("1987"));
+  stage.place(panel, {105, -15, 2175, 3375});
+  panel->place(text, {15, 390, 2145, 720});
+  showAt(2);
+  EXPECT_EQ(panel->geometry(), QRect(14, -2, 290, 450));
+  EXPECT_EQ(text->geometry(), QRect(2, 52, 286, 96));
+  EXPECT_DOUBLE_EQ(Stage::scaleOf(text), 2);
+}
+
+TEST_F(StageTest, APanelThatGrowsClipsItsChildrenAndScalesNothing) {
+  auto* panel = new Stage({2175, 2250});
+  auto* text = new QLabel;
+  stage.place(panel, {0, 3000, 2175, 0});
+  panel->place(text, {0, 0, 2175, 2250});
+  showAt(1);
+  for (const double height : {0.0, 5.0, 1000.0, 2250.0}) {
+    stage.setRect(panel, {0, 3000 - height, 2175, height});
+    EXPECT_EQ(text->size(), QSize(145, 150)) << height;
+  }
+  showAt(3);
+  EXPECT_EQ(text->size(), QSize(435, 450));
+}
+
+TEST_F(StageTest, AHiddenPanelHasTheScaleOfTheStageWhenItIsShown) {
+  auto* panel = new Stage({2175, 3375});
+  auto* text = new QLabel;
+  stage.place(panel, {105, 0, 2175, 3375});
+  panel->place(text, {0, 0, 1500, 1500});
+  panel->hide();
+  showAt(1);
+  showAt(2);
+  panel->show();
+  EXPECT_EQ(text->size(), QSize(200, 200));
+}
+
 } // namespace hearthbook::test
