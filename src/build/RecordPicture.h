@@ -1,10 +1,9 @@
 #pragma once
 
-#include "PictureLoader.h"
+#include "FittedPictures.h"
 #include "Twips.h"
 
 #include <QObject>
-#include <QSize>
 
 #include <filesystem>
 #include <optional>
@@ -27,7 +26,6 @@ public:
   RecordPicture(Stage& stage, PictureBox& image, PictureLoader& loader, WorkPool& pool,
                 QObject* parent);
 
-  /// Throws RunTimeError where the head of the file cannot be read.
   void show(const std::filesystem::path& file);
 
   /// Has the pictures decoded that will probably be shown next.
@@ -40,24 +38,18 @@ Q_SIGNALS:
   void placed(); ///< the image has a new place on the stage
 
 private:
-  struct Source {
-    std::filesystem::path file;
-    PixelSize size;
-  };
-
   [[nodiscard]] TwipsRect fitted(PixelSize picture) const;
-  [[nodiscard]] PixelSize devicePixels(TwipsRect rect) const;
-  void request();
-  void arrived(const PictureLoader::Loaded& loaded);
+  [[nodiscard]] FittedPictures::Fit fit() const;
+  void showAgain();
+  void arrived(const FittedPictures::Loaded& loaded);
 
   Stage& stage_;
   PictureBox& image_;
-  PictureLoader& loader_;
-  WorkPool& pool_;
+  FittedPictures pictures_;
   TwipsSize box_;
-  std::optional<Source> wanted_;
-  std::optional<Source> shown_;
-  PictureLoader::Ticket ticket_;
+  std::optional<std::filesystem::path> wanted_;
+  std::optional<std::filesystem::path> shown_;
+  FittedPictures::Ticket ticket_;
 };
 
 } // namespace hearthbook

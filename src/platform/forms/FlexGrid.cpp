@@ -165,6 +165,11 @@ void FlexGrid::setCellPoints(int row, int col, double points) {
   found->setData(pointsRole, points);
 }
 
+void FlexGrid::setCellPicture(int row, int col, const QPixmap& picture) {
+  if (QTableWidgetItem* found = cell(row, col))
+    found->setIcon(QIcon(picture));
+}
+
 qint64 FlexGrid::rowData(int row) const {
   const QTableWidgetItem* first = cell(row, 0);
   return first ? first->data(rowDataRole).toLongLong() : 0;

@@ -34,6 +34,8 @@ public:
   void setCellBack(int row, int col, const QColor& colour);
   void setCellBold(int row, int col);
   void setCellPoints(int row, int col, double points);
+  /// A small picture in front of the text, as large as the grid's iconSize().
+  void setCellPicture(int row, int col, const QPixmap& picture);
   [[nodiscard]] qint64 rowData(int row) const; ///< 0 unless set
   void setRowData(int row, qint64 number);
 

@@ -182,5 +182,21 @@ TEST_F(FlexGridTest, TheChosenRowIsPaintedInItsColourWithAFrame) {
   EXPECT_NE(corner, QColor(255, 200, 22));
 }
 
+TEST_F(FlexGridTest, ACellShowsItsPictureBesideTheText) {
+  QPixmap arrow(8, 8);
+  arrow.fill(Qt::red);
+  grid.setIconSize({8, 8});
+  grid.setCellPicture(2, 1, arrow);
+  EXPECT_FALSE(grid.item(1, 1)->icon().isNull());
+  EXPECT_EQ(grid.cellText(2, 1), QStringLiteral("Age 1"));
+  const QImage shown = grid.viewport()->grab().toImage();
+  const QRect cell(cellAt(2, 1), QSize(12, grid.rowHeight(1) - 4));
+  bool isRed = false;
+  for (int y = cell.top(); y <= cell.bottom() && !isRed; ++y)
+    for (int x = cell.left(); x <= cell.right() && !isRed; ++x)
+      isRed = shown.pixelColor(x, y) == QColor(Qt::red);
+  EXPECT_TRUE(isRed);
+}
+
 } // namespace
 } // namespace hearthbook::test

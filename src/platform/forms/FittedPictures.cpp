@@ -1,0 +1,118 @@
+#include "FittedPictures.h"
+
+#include "Beside.h"
+
+#include <utility>
+
+namespace hearthbook {
+
+namespace {
+
+constexpr std::size_t mostHeads = 5000; // then all are forgotten
+
+} // namespace
+
+struct FittedPictures::Request {
+  std::filesystem::path file;
+  Fit fit;
+  Callback callback;
+  PictureLoader::Ticket ticket{};
+};
+
+FittedPictures::FittedPictures(PictureLoader& loader, WorkPool& pool, QObject* parent)
+    : QObject(parent), loader_(loader), pool_(pool) {}
+
+FittedPictures::~FittedPictures() = default;
+
+/// The stamp is taken first: a file that changes meanwhile has another one afterwards.
+FittedPictures::ReadHead FittedPictures::readHead(const std::filesystem::path& file) {
+  const auto stamp = stampOf(file);
+  try {
+    const PixelSize size = readPictureInfo(file).size;
+    return {file, stamp ? std::optional(Head{*stamp, size}) : std::nullopt, {}};
+  } catch (const std::exception& failure) {
+    return {file, std::nullopt, failure.what()};
+  }
+}
+
+std::optional<PixelSize> FittedPictures::knownSize(const std::filesystem::path& file) const {
+  const auto found = heads_.find(file);
+  if (found == heads_.end() || stampOf(file) != found->second.stamp)
+    return std::nullopt;
+  return found->second.size;
+}
+
+void FittedPictures::remember(const ReadHead& read) {
+  if (!read.head)
+    return;
+  if (heads_.size() >= mostHeads)
+    heads_.clear();
+  heads_.insert_or_assign(read.file, *read.head);
+}
+
+FittedPictures::Ticket FittedPictures::load(const std::filesystem::path& file, Fit fit,
+                                            Callback callback) {
+  auto request = std::make_shared<Request>(Request{file, std::move(fit), std::move(callback)});
+  if (const auto size = knownSize(file))
+    start(request, *size);
+  else
+    runBeside(
+        pool_, this, [file] { return readHead(file); },
+        [this, asked = std::weak_ptr(request)](const ReadHead& read) { headRead(asked, read); },
+        true);
+  return request;
+}
+
+void FittedPictures::headRead(const std::weak_ptr<Request>& asked, const ReadHead& read) {
+  remember(read);
+  const auto request = asked.lock();
+  if (!request)
+    return;
+  if (read.head)
+    start(request, read.head->size);
+  else
+    request->callback({{}, {}, read.error.empty() ? read.file.string() : read.error});
+}
+
+void FittedPictures::start(const std::shared_ptr<Request>& request, PixelSize size) {
+  request->ticket = loader_.load(
+      request->file, request->fit(size),
+      [asked = std::weak_ptr(request)](const PictureLoader::Loaded& loaded) {
+        if (const auto waiting = asked.lock())
+          waiting->callback({loaded.decoded.fullSize, loaded.decoded.picture, loaded.error});
+      });
+}
+
+void FittedPictures::decodeAhead(const std::vector<std::filesystem::path>& files, Fit fit) {
+  std::vector<std::filesystem::path> unknown;
+  for (const auto& file : files)
+    if (!knownSize(file))
+      unknown.push_back(file);
+  const int number = ++wishes_;
+  if (unknown.empty())
+    return wish(files, fit);
+  const auto readAll = [unknown] {
+    std::vector<ReadHead> heads;
+    heads.reserve(unknown.size());
+    for (const auto& file : unknown)
+      heads.push_back(readHead(file));
+    return heads;
+  };
+  runBeside(pool_, this, readAll,
+            [this, number, files, fit = std::move(fit)](const std::vector<ReadHead>& heads) {
+              for (const ReadHead& head : heads)
+                remember(head);
+              if (number == wishes_)
+                wish(files, fit);
+            });
+}
+
+void FittedPictures::wish(const std::vector<std::filesystem::path>& files, const Fit& fit) {
+  std::vector<std::pair<std::filesystem::path, PixelSize>> wishes;
+  for (const auto& file : files)
+    if (const auto size = knownSize(file))
+      wishes.emplace_back(file, fit(*size));
+  loader_.decodeAhead(wishes);
+}
+
+} // namespace hearthbook

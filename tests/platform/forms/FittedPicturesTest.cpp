@@ -1,0 +1,124 @@
+#include "FittedPictures.h"
+
+#include "FileBytes.h"
+#include "Guard.h"
+#include "TemporaryFolder.h"
+#include "TestPictures.h"
+
+#include <gtest/gtest.h>
+
+#include <QCoreApplication>
+
+#include <optional>
+
+namespace hearthbook::test {
+namespace {
+
+class FittedPicturesTest : public testing::Test {
+protected:
+  std::filesystem::path jpeg(const std::string& name, PixelSize size, std::uint32_t pixel = red) {
+    writeBytes(folder_.path() / name, jpegOf(plain(size, pixel)));
+    return folder_.path() / name;
+  }
+
+  FittedPictures::Ticket load(const std::filesystem::path& file) {
+    arrived_.reset();
+    return pictures_.load(file, half, [this](const auto& loaded) { arrived_ = loaded; });
+  }
+  void wait() {
+    waitUntil([this] { return arrived_.has_value(); });
+  }
+  /// All that was asked of the pool so far has been done and told.
+  void settle() {
+    pool_.run([] {}).wait();
+    QCoreApplication::sendPostedEvents();
+    pool_.run([] {}).wait();
+    QCoreApplication::sendPostedEvents();
+  }
+
+  static PixelSize half(PixelSize picture) { return {picture.width / 2, picture.height / 2}; }
+
+  TemporaryFolder folder_;
+  WorkPool pool_{1};
+  PictureLoader loader_{pool_, [](std::function<void()> task) {
+                          QMetaObject::invokeMethod(QCoreApplication::instance(), std::move(task),
+                                                    Qt::QueuedConnection);
+                        }};
+  FittedPictures pictures_{loader_, pool_, nullptr};
+  std::optional<FittedPictures::Loaded> arrived_;
+};
+
+TEST_F(FittedPicturesTest, ThePicturesOwnSidesDecideTheSizeAtWhichItComes) {
+  const auto ticket = load(jpeg("a.jpg", {80, 40}));
+  EXPECT_FALSE(arrived_);
+  wait();
+  EXPECT_EQ(arrived_->fullSize, (PixelSize{80, 40}));
+  EXPECT_EQ(arrived_->picture.size(), (PixelSize{40, 20}));
+}
+
+TEST_F(FittedPicturesTest, WhatWasDecodedAheadIsThereAtOnce) {
+  const auto file = jpeg("a.jpg", {80, 40});
+  pictures_.decodeAhead({file}, half);
+  settle();
+  const auto ticket = load(file);
+  ASSERT_TRUE(arrived_);
+  EXPECT_EQ(arrived_->picture.size(), (PixelSize{40, 20}));
+}
+
+TEST_F(FittedPicturesTest, AReplacedFileIsLookedAtAgain) {
+  const auto file = jpeg("a.jpg", {80, 40});
+  pictures_.decodeAhead({file}, half);
+  settle();
+  jpeg("a.jpg", {20, 60});
+  const auto ticket = load(file);
+  wait();
+  EXPECT_EQ(arrived_->fullSize, (PixelSize{20, 60}));
+}
+
+TEST_F(FittedPicturesTest, ABrokenFileIsToldByItsName) {
+  writeBytes(folder_.path() / "broken.jpg", "no picture");
+  const auto ticket = load(folder_.path() / "broken.jpg");
+  wait();
+  EXPECT_TRUE(arrived_->picture.isNull());
+  EXPECT_NE(arrived_->error.find("broken.jpg"), std::string::npos);
+}
+
+TEST_F(FittedPicturesTest, AMissingFileIsToldToo) {
+  const auto ticket = load(folder_.path() / "nowhere.jpg");
+  wait();
+  EXPECT_TRUE(arrived_->picture.isNull());
+  EXPECT_FALSE(arrived_->error.empty());
+}
+
+TEST_F(FittedPicturesTest, BrokenFilesDoNotKeepOthersFromBeingDecodedAhead) {
+  writeBytes(folder_.path() / "broken.jpg", "no picture");
+  const auto file = jpeg("a.jpg", {80, 40});
+  pictures_.decodeAhead({folder_.path() / "broken.jpg", file}, half);
+  settle();
+  const auto ticket = load(file);
+  EXPECT_TRUE(arrived_);
+}
+
+TEST_F(FittedPicturesTest, ARequestThatIsLetGoIsNotAnswered) {
+  const auto file = jpeg("a.jpg", {80, 40});
+  auto ticket = load(file);
+  ticket.reset();
+  settle();
+  settle();
+  EXPECT_FALSE(arrived_);
+}
+
+TEST_F(FittedPicturesTest, AnAnswerMayLetItsOwnRequestGo) {
+  const auto file = jpeg("a.jpg", {80, 40});
+  FittedPictures::Ticket ticket;
+  bool isTold = false;
+  ticket = pictures_.load(file, half, [&](const FittedPictures::Loaded& loaded) {
+    ticket.reset();
+    isTold = !loaded.picture.isNull();
+  });
+  waitUntil([&] { return isTold; });
+  EXPECT_FALSE(ticket);
+}
+
+} // namespace
+} // namespace hearthbook::test
