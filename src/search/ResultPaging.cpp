@@ -1,7 +1,5 @@
 #include "ResultPaging.h"
 
-#include <algorithm>
-
 namespace hearthbook {
 
 std::optional<std::int64_t> ResultPaging::next() const {
@@ -11,27 +9,18 @@ std::optional<std::int64_t> ResultPaging::next() const {
 }
 
 std::optional<std::int64_t> ResultPaging::previous() const {
-  if (recordCount <= resultsPerPage || atFirstPage)
-    return std::nullopt;
-  std::int64_t from = position;
-  std::int64_t shown = pageThumbCount;
-  if (atEnd && !atBeginning) {
-    // The last record is one place short of where a full page leaves the set.
-    from = recordCount;
-    --shown;
-  }
-  if (from <= resultsPerPage)
-    return std::nullopt;
-  return std::max<std::int64_t>(1, from - shown - resultsPerPage);
+  return atFirstPage ? std::nullopt : pages().previous();
 }
 
-std::int64_t ResultPaging::last() const { return pageStart(recordCount) + 1; }
+std::int64_t ResultPaging::last() const { return pages().last(); }
 
 std::int64_t ResultPaging::returnRow() const {
-  constexpr int pageAndNext = resultsPerPage + 1;
-  const std::int64_t row = atEnd ? recordCount - (pageThumbCount < 2 ? pageAndNext : pageThumbCount)
-                                 : position - pageAndNext;
-  return std::max<std::int64_t>(0, row);
+  constexpr int fewest = 2;
+  return pages().returnRow(fewest);
+}
+
+PagePaging ResultPaging::pages() const {
+  return {resultsPerPage, recordCount, position, atBeginning, atEnd, pageThumbCount};
 }
 
 std::string ResultPaging::label() const {
@@ -47,10 +36,7 @@ ResultPaging resultPaging(const Recordset& rsSearch, const PublicVar& vars) {
           rsSearch.atEOF(),       vars.PageThumbCount,         vars.AtFirstPage};
 }
 
-std::int64_t pageStart(std::int64_t position) {
-  const std::int64_t pages = (position + resultsPerPage - 1) / resultsPerPage;
-  return std::max<std::int64_t>(0, pages - 1) * resultsPerPage;
-}
+std::int64_t pageStart(std::int64_t position) { return pageStart(position, resultsPerPage); }
 
 std::string positionLabel(std::int64_t first, std::int64_t last, std::int64_t recordCount) {
   return std::to_string(first) + " to " + std::to_string(last) + " of " +

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "PagePaging.h"
 #include "PublicVar.h"
 
 #include <cstdint>
@@ -33,6 +34,9 @@ struct ResultPaging {
 
   /// "25 to 48 of 100", of the page that was just composed.
   [[nodiscard]] std::string label() const;
+
+private:
+  [[nodiscard]] PagePaging pages() const;
 };
 
 ResultPaging resultPaging(const Recordset& rsSearch, const PublicVar& vars);
