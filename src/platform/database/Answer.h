@@ -49,7 +49,7 @@ std::unique_ptr<Answer> runSource(sqlite3* database, std::string_view source);
 /// fields' types. A row that is no longer there throws.
 void insertRow(sqlite3* database, Answer& answer, RowId row, const Edits& edits);
 void updateRow(sqlite3* database, Answer& answer, RowId row, const Edits& edits);
-void deleteRow(sqlite3* database, const Answer& answer, RowId row);
+void deleteRows(sqlite3* database, const Answer& answer, const std::vector<RowId>& rows);
 
 /// Stores one value in a field of many rows and returns what the database made of it. The rows
 /// of the answer do not hold it yet: the caller may still have to take it back.

@@ -97,13 +97,16 @@ void updateRow(sqlite3* database, Answer& answer, RowId row, const Edits& edits)
     throwGone(answer);
 }
 
-void deleteRow(sqlite3* database, const Answer& answer, RowId row) {
+void deleteRows(sqlite3* database, const Answer& answer, const std::vector<RowId>& rows) {
   Statement statement(database, "DELETE FROM " + quotedName(answer.writeBack->table) + " WHERE " +
                                     quotedName(answer.writeBack->key) + " = ?");
-  statement.bind(1, keyOf(answer, row));
-  statement.run();
-  if (sqlite3_changes(database) == 0)
-    throwGone(answer);
+  for (const RowId row : rows) {
+    statement.reset();
+    statement.bind(1, keyOf(answer, row));
+    statement.run();
+    if (sqlite3_changes(database) == 0)
+      throwGone(answer);
+  }
 }
 
 Value updateField(sqlite3* database, const Answer& answer, const std::vector<RowId>& rows,

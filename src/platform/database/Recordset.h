@@ -33,6 +33,9 @@ public:
   /// Where a move or a search counts from.
   enum class Start { Current, First };
 
+  /// Which rows a deletion takes.
+  enum class Affect { Current, Group };
+
   /// Identifies a row for as long as the rows are shared; survives Filter and Sort.
   struct Bookmark {
     std::uint64_t row = 0;
@@ -117,8 +120,9 @@ public:
   void CancelUpdate(std::string_view field); ///< of this field alone; observers are not told
   [[nodiscard]] bool isPending() const;
   /// The current row; the set then stands on the row that followed. A MoveNext right behind
-  /// it stays there, so that a walk may delete and move on without leaving a row out.
-  void Delete();
+  /// it stays there, so that a walk may delete and move on without leaving a row out. Or the
+  /// group of all rows that the set shows, as one transaction.
+  void Delete(Affect affect = Affect::Current);
 
   /// Stores the value in the field of every row that the set shows, as one transaction, and
   /// stands where it stood. Much faster than a walk with Update.

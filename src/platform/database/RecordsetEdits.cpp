@@ -3,6 +3,8 @@
 #include "Connection.h"
 #include "RunTimeError.h"
 
+#include <algorithm>
+
 namespace hearthbook {
 
 void Recordset::AddNew() {
@@ -45,15 +47,22 @@ void Recordset::CancelUpdate(std::string_view field) {
 
 bool Recordset::isPending() const { return impl_->newRow || !impl_->edits.empty(); }
 
-void Recordset::Delete() {
-  const RowId row = impl_->requireRow();
-  if (impl_->newRow)
-    return CancelUpdate();
+void Recordset::Delete(Affect affect) {
+  if (affect == Affect::Current)
+    impl_->requireRow();
+  if (impl_->newRow) {
+    CancelUpdate();
+    if (affect == Affect::Current)
+      return;
+  }
   if (!impl_->answer().writeBack)
     throw RunTimeError("No row can be deleted from the record set: " + impl_->source);
-  deleteRow(impl_->connection->handle(), impl_->answer(), row);
+  std::vector<RowId> rows =
+      affect == Affect::Group ? impl_->view.rows() : std::vector<RowId>{impl_->view.current()};
+  connection().transaction([&] { deleteRows(connection().handle(), impl_->answer(), rows); });
+  std::sort(rows.begin(), rows.end());
   const auto shared = impl_->shared; // one that is told may close this set
-  shared->remove(row);
+  shared->remove(rows);
 }
 
 void Recordset::setAll(std::string_view field, const Value& value) {

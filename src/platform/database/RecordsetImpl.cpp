@@ -9,11 +9,12 @@
 
 namespace hearthbook {
 
-void SharedRows::remove(RowId row) {
-  answer->rows.setAlive(row, false);
+void SharedRows::remove(const std::vector<RowId>& rows) {
+  for (const RowId row : rows)
+    answer->rows.setAlive(row, false);
   std::vector<Recordset::Impl*> moved;
   for (Recordset::Impl* sharer : sharers)
-    if (sharer->rowRemoved(row))
+    if (sharer->rowsRemoved(rows))
       moved.push_back(sharer);
   const auto isThere = [&](const Recordset::Impl* one) {
     return std::find(sharers.begin(), sharers.end(), one) != sharers.end();
@@ -168,13 +169,17 @@ void Recordset::Impl::rowAdded(RowId row) {
     view.add(row);
 }
 
-bool Recordset::Impl::rowRemoved(RowId row) {
-  const bool wasCurrent = view.isOnRow() && view.current() == row;
+bool Recordset::Impl::rowsRemoved(const std::vector<RowId>& rows) {
+  const bool wasCurrent =
+      view.isOnRow() && std::binary_search(rows.begin(), rows.end(), view.current());
   if (wasCurrent) {
     edits.clear();
     behindDeleted = true;
   }
-  view.remove(row);
+  if (rows.size() == 1)
+    view.remove(rows.front());
+  else
+    view.remove(rows);
   return wasCurrent;
 }
 

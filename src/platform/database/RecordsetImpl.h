@@ -25,7 +25,8 @@ struct SharedRows {
   std::uint32_t serial = 0; ///< tells bookmarks of one answer from those of another
   std::vector<Recordset::Impl*> sharers;
 
-  void remove(RowId row); ///< from all sharers; tells those that stood on it
+  /// From all sharers; tells those that stood on one of them. `rows` in rising order.
+  void remove(const std::vector<RowId>& rows);
 };
 
 /// The parts of a record set: the rows shared with its clones, the view of them with the place
@@ -68,8 +69,9 @@ struct Recordset::Impl {
   void beginNewRow();
   void dropEdits();
   void edit(std::size_t column, Value value);
-  void rowAdded(RowId row);   ///< by a clone
-  bool rowRemoved(RowId row); ///< by this set or a clone; true if it was the current one
+  void rowAdded(RowId row); ///< by a clone
+  /// By this set or a clone; true if the current one was among them.
+  bool rowsRemoved(const std::vector<RowId>& rows);
   void goToPlace(std::int64_t place);
 
   // Observers

@@ -37,4 +37,11 @@ void RowView::remove(RowId row) {
     --place_;
 }
 
+void RowView::remove(const std::vector<RowId>& rows) {
+  const auto isGone = [&](RowId row) { return std::binary_search(rows.begin(), rows.end(), row); };
+  if (place_ > 0)
+    place_ -= std::count_if(rows_.begin(), rows_.begin() + place_, isGone);
+  std::erase_if(rows_, isGone);
+}
+
 } // namespace hearthbook

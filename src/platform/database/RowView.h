@@ -29,6 +29,7 @@ public:
   void goTo(std::int64_t place); ///< beyond an end: before or behind
   void add(RowId row);           ///< at the end; stays where it stands
   void remove(RowId row);        ///< if it was current: stands on the one that followed
+  void remove(const std::vector<RowId>& rows); ///< many at once; `rows` in rising order
 
 private:
   std::vector<RowId> rows_;

@@ -75,6 +75,30 @@ TEST_F(Clones, ShowAnAddedRowOnlyIfTheirFilterDoes) {
   EXPECT_EQ(clone->RecordCount(), 3);
 }
 
+TEST_F(Clones, KeepTheirPlaceWhereAGroupIsDeleted) {
+  rows.Filter("Year = 1990"); // the third and the fourth
+  clone->MoveLast();
+  const auto second = rows.Clone();
+  second->Move(2);
+  const auto first = rows.Clone();
+  rows.Delete(Recordset::Affect::Group);
+  EXPECT_EQ(clone->AbsolutePosition(), 4);
+  EXPECT_EQ(clone->Collect("PictureID"), Value("HD00005"));
+  EXPECT_EQ(first->AbsolutePosition(), 1);
+  EXPECT_EQ(second->AbsolutePosition(), 3) << "on the row that followed";
+  second->MoveNext();
+  EXPECT_EQ(second->Collect("PictureID"), Value("HD00004")) << "which is still the next";
+}
+
+TEST_F(Clones, StayAtEOFWhereAGroupIsDeleted) {
+  clone->Move(100);
+  rows.Filter("Year = 1990");
+  rows.Delete(Recordset::Affect::Group);
+  EXPECT_TRUE(clone->atEOF());
+  clone->MovePrevious();
+  EXPECT_EQ(clone->Collect("PictureID"), Value("HD00005"));
+}
+
 TEST_F(Clones, SeeDeletions) {
   clone->MoveLast();
   rows.MoveFirst();

@@ -238,6 +238,53 @@ TEST_F(Edit, DeletingAllRowsLeavesAnEmptySet) {
   EXPECT_EQ(stored("SELECT count(*) FROM Places"), "0");
 }
 
+TEST_F(Edit, DeletingTheGroupTakesAllRowsThatTheFilterShows) {
+  photos.Filter("Year = 1990");
+  ASSERT_EQ(photos.RecordCount(), 2);
+  photos.Delete(Recordset::Affect::Group);
+  EXPECT_TRUE(photos.atEOF());
+  EXPECT_EQ(photos.RecordCount(), 0);
+  photos.Filter("");
+  EXPECT_EQ(photos.RecordCount(), 4);
+  EXPECT_EQ(stored("SELECT count(*) FROM PhotoAlbum"), "4");
+  EXPECT_EQ(stored("SELECT count(*) FROM PhotoAlbum WHERE Year = 1990"), "0");
+}
+
+TEST_F(Edit, DeletingTheGroupOfChosenRowsLeavesTheOthers) {
+  std::vector<Recordset::Bookmark> chosen;
+  for (const int row : {4, 1}) {
+    photos.Move(row, Recordset::Start::First);
+    chosen.push_back(photos.bookmark());
+  }
+  photos.Filter(chosen);
+  photos.Delete(Recordset::Affect::Group);
+  photos.Filter("");
+  EXPECT_EQ(photos.RecordCount(), 4);
+  EXPECT_EQ(stored("SELECT group_concat(PictureID) FROM (SELECT * FROM PhotoAlbum ORDER BY "
+                   "PictureID)"),
+            "CD00002,HD00002,HD00003,HD00005");
+}
+
+TEST_F(Edit, DeletingTheGroupOfNoRowsDeletesNothing) {
+  photos.Filter("Year = 1066");
+  photos.Delete(Recordset::Affect::Group);
+  EXPECT_EQ(stored("SELECT count(*) FROM PhotoAlbum"), "6");
+}
+
+TEST_F(Edit, AGroupOfWhichARowIsGoneMeanwhileStaysWhole) {
+  connection.execute("DELETE FROM PhotoAlbum WHERE PictureID = 'HD00003'");
+  EXPECT_THROW(photos.Delete(Recordset::Affect::Group), RunTimeError);
+  EXPECT_EQ(photos.RecordCount(), 6);
+  EXPECT_EQ(stored("SELECT count(*) FROM PhotoAlbum"), "5");
+}
+
+TEST_F(Edit, DeletingTheGroupDropsARowThatIsNotStoredYet) {
+  photos.AddNew();
+  photos.Delete(Recordset::Affect::Group);
+  EXPECT_FALSE(photos.isPending());
+  EXPECT_EQ(photos.RecordCount(), 0);
+}
+
 TEST_F(Edit, DeleteDropsTheEditsOfItsRow) {
   photos.Collect("Year", 1960);
   photos.Delete();
