@@ -2,7 +2,9 @@
 
 #include "Album.h"
 
+#include <string>
 #include <string_view>
+#include <vector>
 
 namespace hearthbook {
 
@@ -16,5 +18,15 @@ bool isProtectedPhoto(std::string_view pictureId);
 /// with a RunTimeError: the row stays. The files of a disc photo stay, but its sound lies on
 /// the hard disk and goes.
 void deletePhoto(Album& album);
+
+// Its two steps, for who deletes many.
+
+void deletePhotoFiles(const Album& album, const std::string& pictureId);
+
+/// The current row of `photos`, or all that it shows, and the places of those photos in all
+/// sub-albums, as one transaction. Where that fails `photos` has let go of rows that are still
+/// there: the caller reads them again.
+void deletePhotoRows(Album& album, Recordset& photos, Recordset::Affect affect,
+                     const std::vector<std::string>& pictureIds);
 
 } // namespace hearthbook

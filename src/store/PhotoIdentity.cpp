@@ -43,4 +43,11 @@ std::string hardDiskId(std::int16_t number) {
   return std::string(hardDiskPrefix) + padded(number, 5);
 }
 
+std::string photosCriterion(std::string_view field, const std::vector<std::string>& pictureIds) {
+  std::string criterion;
+  for (const std::string& id : pictureIds)
+    criterion += (criterion.empty() ? "" : " Or ") + std::string(field) + " = '" + id + "'";
+  return criterion;
+}
+
 } // namespace hearthbook

@@ -5,6 +5,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace hearthbook {
 
@@ -23,5 +24,9 @@ std::int16_t nextPhotoNumber(Recordset& photoAlbum);
 
 /// "HD" and the number in five digits.
 std::string hardDiskId(std::int16_t number);
+
+/// The criterion for the photos of these ids, empty for none: "PictureID = 'HD00001' Or PictureID =
+/// 'HD00002'".
+std::string photosCriterion(std::string_view field, const std::vector<std::string>& pictureIds);
 
 } // namespace hearthbook

@@ -180,6 +180,26 @@ TEST_F(PhotoDeletion, ThePhotosFilterStays) {
   EXPECT_EQ(photos().RecordCount(), 1);
 }
 
+TEST_F(PhotoDeletion, RowsOfAGroupGoWithTheirPlacesInSubAlbums) {
+  for (const char* id : {"HD00002", "HD00003", "HD00004"})
+    folder_.addPhoto(id);
+  addMember(1, "HD00002", 0);
+  addMember(1, "HD00003", 1);
+  addMember(2, "HD00004", 0);
+  photos().Filter("PictureID > 'HD00002'");
+  deletePhotoRows(album(), photos(), Recordset::Affect::Group, {"HD00003", "HD00004"});
+  EXPECT_EQ(rowsOf("SELECT * FROM PhotoAlbum"), 2);
+  EXPECT_EQ(rowsOf("SELECT * FROM SubAlbumPhotos"), 1);
+  EXPECT_EQ(membershipsOf("HD00002"), 1);
+}
+
+TEST_F(PhotoDeletion, NoPhotosAreNoRows) {
+  addMember(1, "HD00001", 0);
+  photos().Filter("Year = 1066");
+  deletePhotoRows(album(), photos(), Recordset::Affect::Group, {});
+  EXPECT_EQ(membershipsOf("HD00001"), 1);
+}
+
 TEST_F(PhotoDeletion, WithoutARowItIsRefused) {
   data().AlbumDB.execute("DELETE FROM PhotoAlbum");
   photos().Requery();

@@ -20,6 +20,13 @@ TEST(PhotoIdentityText, TheStemIsTheIdFromItsThirdCharacterOn) {
   EXPECT_EQ(stemOf(""), "");
 }
 
+TEST(PhotoIdentityText, PhotosAreSearchedByTheirIds) {
+  EXPECT_EQ(photosCriterion("PictureID", {}), "");
+  EXPECT_EQ(photosCriterion("PhotoID", {"HD00001"}), "PhotoID = 'HD00001'");
+  EXPECT_EQ(photosCriterion("PictureID", {"HD00001", "CD00002"}),
+            "PictureID = 'HD00001' Or PictureID = 'CD00002'");
+}
+
 TEST(PhotoIdentityText, AnIdHasFiveDigits) {
   EXPECT_EQ(hardDiskId(1), "HD00001");
   EXPECT_EQ(hardDiskId(10000), "HD10000");
