@@ -11,7 +11,8 @@
 #include "NameList.h"
 #include "NameListCommands.h"
 #include "NameMarking.h"
-#include "Numbers.h"
+#include "NameMarks.h"
+#include "NamePicking.h"
 #include "People.h"
 #include "PeopleCommands.h"
 #include "PeopleControls.h"
@@ -25,6 +26,7 @@
 #include "SoundIcon.h"
 #include "Stage.h"
 #include "Text.h"
+#include "YearEntry.h"
 #include "ui_DBeditor.h"
 
 #include <QKeyEvent>
@@ -35,21 +37,6 @@
 #include <algorithm>
 
 namespace hearthbook {
-
-namespace {
-
-/// The year in the one form in which the album takes it: "$19" and "&H13" are both 19. Nothing
-/// for a text that is no number, or one with more digits than the field shows.
-std::optional<std::int64_t> wholeYear(const std::string& typed) {
-  constexpr double least = -999;
-  constexpr double most = 9999;
-  const auto number = numericValue(typed);
-  if (!number || *number < least || *number > most)
-    return std::nullopt;
-  return roundHalfEven(*number);
-}
-
-} // namespace
 
 DBeditor::DBeditor(Album& album, PictureLoader& loader, WorkPool& pool, Navigator& navigator,
                    HoverHelp& help)
@@ -65,10 +52,11 @@ DBeditor::DBeditor(Album& album, PictureLoader& loader, WorkPool& pool, Navigato
                                                                    ui->EventsDrp, ui->Year},
                                              [this] { return shownNames(); });
   peopleCommands_ = std::make_unique<PeopleCommands>(album_, *people_);
-  marking_ = new NameMarking(
-      photos_, album_.data.rsAppearances, *people_, *stage_,
-      {ui->Combo1, ui->List2, ui->Command2, ui->Command3, ui->markName, ui->Image1, ui->Shape1},
-      this);
+  marking_ = new NameMarking(photos_, album_.data.rsAppearances, *people_, *stage_,
+                             {ui->List2, ui->markName, ui->Image1, ui->Shape1}, this);
+  picking_ = std::make_unique<NamePicking>(
+      album_.data.rsAppearances, *people_,
+      NamePicking::Parts{ui->Combo1, ui->List2, ui->Command2, ui->Command3}, namesKeeper());
   new HelpKeys(this, [this](const QString& key) { help_.show(key); });
   wireControls();
   wireNames();
@@ -119,22 +107,32 @@ void DBeditor::wireControls() {
 }
 
 void DBeditor::wireNames() {
-  connect(ui->Combo1, &QComboBox::activated, this, asCommand([this] { marking_->filterPeople(); }));
-  connect(ui->DataList1, &DataList::chosen, this, asCommand([this] { marking_->personChosen(); }));
+  connect(ui->Combo1, &QComboBox::activated, this, asCommand([this] { picking_->filterPeople(); }));
+  connect(ui->DataList1, &DataList::chosen, this, asCommand([this] { picking_->personChosen(); }));
   connect(ui->DataList1, &DataList::doubleClickedRow, this,
-          asCommand([this] { marking_->putInByDoubleClick(); }));
-  connect(ui->List2, &QListWidget::itemSelectionChanged, this,
-          asCommand([this] { marking_->nameChosen(); }));
+          asCommand([this] { picking_->putInByDoubleClick(); }));
+  connect(ui->List2, &QListWidget::itemSelectionChanged, this, asCommand([this] {
+            picking_->nameChosen();
+            marking_->nameChosen();
+          }));
   connect(ui->List2, &QListWidget::itemDoubleClicked, this,
-          asCommand([this] { marking_->takeOut(); }));
-  onCommand(ui->Command2, marking_, &NameMarking::putIn);        // ">>"
-  onCommand(ui->Command3, marking_, &NameMarking::takeOut);      // "<<"
-  onCommand(ui->markName, marking_, &NameMarking::startMarking); // "Mark Names"
+          asCommand([this] { picking_->takeOut(); }));
+  onCommand(ui->Command2, this, [this] { picking_->putIn(); });   // ">>"
+  onCommand(ui->Command3, this, [this] { picking_->takeOut(); }); // "<<"
+  onCommand(ui->markName, marking_, &NameMarking::startMarking);  // "Mark Names"
   connect(ui->Image1, &PictureBox::pressed, this, [this](QPointF position) {
     if (!isWaitingForPicture()) // the picture on the screen may be the last photo's
       runCommand([&] { marking_->press(position); });
   });
   connect(picture_, &RecordPicture::placed, marking_, &NameMarking::placeMarker);
+}
+
+NamePicking::Keeper DBeditor::namesKeeper() {
+  return {[this](const std::vector<NameEntry>& names) { writeNames(photos_, names); },
+          [this](const std::vector<NameEntry>& left, std::int64_t id) {
+            takeNameOut(photos_, left, id);
+            marking_->nameTakenOut();
+          }};
 }
 
 void DBeditor::bindFields() {
@@ -376,6 +374,11 @@ void DBeditor::activated() {
   help_.workFormActive(QStringLiteral("Build Album"));
   if (currentId() != composedId_)
     ComposeRecord();
+}
+
+void DBeditor::rowsChanged(const RowsChanged& change) {
+  if (change.by == RowsChanged::By::BatchEdited)
+    ComposeRecord(); // its names may be old, and would be written back with the next one
 }
 
 bool DBeditor::unloading() {

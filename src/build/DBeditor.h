@@ -3,6 +3,7 @@
 #include "Album.h"
 #include "BoundControls.h"
 #include "Form.h"
+#include "NamePicking.h"
 #include "Navigator.h"
 #include "PeopleForm.h"
 #include "PictureLoader.h"
@@ -45,6 +46,8 @@ public:
   /// True while the photo's pixels are on their way.
   [[nodiscard]] bool isWaitingForPicture() const;
 
+  void rowsChanged(const RowsChanged& change) override;
+
 protected:
   void load() override;
   void activated() override;
@@ -54,6 +57,7 @@ protected:
 private:
   void wireControls();
   void wireNames();
+  [[nodiscard]] NamePicking::Keeper namesKeeper();
   void bindFields();
   void setFaces();
   void colourLabels();
@@ -94,6 +98,7 @@ private:
   std::unique_ptr<PeopleControls> people_;
   std::unique_ptr<PeopleCommands> peopleCommands_;
   NameMarking* marking_;
+  std::unique_ptr<NamePicking> picking_;
   Binding binding_;
   std::string composedId_; ///< of the row that is on the screen
 };

@@ -45,4 +45,9 @@ std::optional<NameEntry> chosenEntry(const QListWidget& list) {
   return chosen.isEmpty() ? std::nullopt : std::optional(entryOf(*chosen.first()));
 }
 
+int chosenRow(const QListWidget& list) {
+  const auto chosen = list.selectedItems();
+  return chosen.isEmpty() ? -1 : list.row(chosen.first());
+}
+
 } // namespace hearthbook

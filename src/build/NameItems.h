@@ -20,5 +20,6 @@ void setEntries(QListWidget& list, const std::vector<NameEntry>& entries);
 /// Nothing where none is chosen.
 [[nodiscard]] std::optional<NameEntry> chosenEntry(const QComboBox& combo);
 [[nodiscard]] std::optional<NameEntry> chosenEntry(const QListWidget& list);
+[[nodiscard]] int chosenRow(const QListWidget& list); ///< -1 where none is
 
 } // namespace hearthbook

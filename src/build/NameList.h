@@ -55,6 +55,12 @@ inline constexpr NameListWords eventWords{
     .refillsAtOnce = true,
 };
 
+/// The same words with another note in the question before a deletion.
+constexpr NameListWords withDeleteNote(NameListWords words, const char* note) {
+  words.deleteNote = note;
+  return words;
+}
+
 /// What is to be said to the name typed for a new row of a list.
 enum class NewName { Empty, AlreadyThere, TooLong, Fits };
 
@@ -64,9 +70,9 @@ NewName judgeNewName(const Recordset& list, const NameListWords& words, std::str
 /// Stores a row of that name; the list then stands on its first.
 void addListName(Recordset& list, const NameListWords& words, std::string_view name);
 
-/// Takes the row of that name out of the list and its id out of all photos, as one transaction.
-/// The photos' filter is then cleared; they stand where they stood. An apostrophe in the name
-/// makes the search fail, and nothing is changed.
+/// Takes the row of that name out of the list and its id out of `photos` (all, or at least those
+/// that have it), as one transaction. Their filter is then cleared; they stand where they stood. An
+/// apostrophe in the name makes the search fail, and nothing is changed.
 void removeListName(Recordset& photos, Recordset& list, const NameListWords& words,
                     const std::string& name, std::int16_t id);
 

@@ -1,19 +1,15 @@
 #include "NameMarking.h"
 
 #include "MsgBox.h"
-#include "NameFilter.h"
+#include "NameItems.h"
 #include "NameMarks.h"
 #include "NamesCords.h"
-#include "PeopleRefresh.h"
 #include "PictureBox.h"
 #include "Stage.h"
-#include "Text.h"
 
 #include <QCheckBox>
-#include <QComboBox>
 #include <QLabel>
 #include <QListWidget>
-#include <QPushButton>
 #include <QSignalBlocker>
 
 #include <algorithm>
@@ -49,69 +45,15 @@ void NameMarking::showNames() {
     form_.setNamesInPhoto(PopList(people_, names, photos_.Collect("NamesCords").toText()));
 }
 
-void NameMarking::filterPeople() {
-  if (form_.filter().text == separatorEntry)
-    parts_.filter->setCurrentIndex(parts_.filter->findText(toQString(familyMembersEntry)));
-  showFilteredPeople(form_, people_);
-}
-
-bool NameMarking::mayPutInNow() const {
-  return mayPutIn(!form_.person().id.isNull(), form_.namesInPhoto().size());
-}
-
-int NameMarking::chosenRow() const {
-  const auto chosen = parts_.names->selectedItems();
-  return chosen.isEmpty() ? -1 : parts_.names->row(chosen.first());
-}
-
-void NameMarking::personChosen() {
-  if (mayPutInNow())
-    parts_.putIn->setEnabled(true);
-}
-
-void NameMarking::putIn() {
-  if (mayPutInNow())
-    addChosenPerson();
-}
-
-void NameMarking::putInByDoubleClick() {
-  if (!form_.person().id.isNull())
-    addChosenPerson();
-}
-
-void NameMarking::addChosenPerson() {
-  const Choice person = form_.person();
-  auto names = form_.namesInPhoto();
-  if (ChkList(names, person.id.toInteger()))
-    return;
-  names.push_back({person.text, person.id.toInteger()});
-  writeNames(photos_, names);
-  const QSignalBlocker quiet(parts_.names);
-  const int chosen = chosenRow();
-  form_.setNamesInPhoto(names);
-  parts_.names->setCurrentRow(chosen);
-}
-
-void NameMarking::takeOut() {
-  const auto chosen = form_.chosenName();
-  if (!chosen)
-    return;
-  auto names = form_.namesInPhoto();
-  names.erase(names.begin() + chosenRow());
-  takeNameOut(photos_, names, chosen->id);
-  const QSignalBlocker quiet(parts_.names);
-  form_.setNamesInPhoto(names);
-  showMarker(std::nullopt); // it was that name's
-}
-
 void NameMarking::nameChosen() {
   const auto chosen = form_.chosenName();
   if (!chosen)
     return;
-  parts_.takeOut->setEnabled(true);
   const std::string markers = photos_.Collect("NamesCords").toText();
   showMarker(markerPosition(markers, chosen->id));
 }
+
+void NameMarking::nameTakenOut() { showMarker(std::nullopt); } // it was that name's
 
 void NameMarking::startMarking(bool on) {
   if (on && !form_.chosenName())
@@ -135,7 +77,7 @@ void NameMarking::press(QPointF position) {
 void NameMarking::markAt(TwipsPoint position) {
   markName(photos_, form_.chosenName()->id, position);
   const QSignalBlocker quiet(parts_.names);
-  const int chosen = chosenRow();
+  const int chosen = chosenRow(*parts_.names);
   parts_.names->clear();
   showNames();
   parts_.names->setCurrentRow(std::min(chosen, parts_.names->count() - 1));

@@ -11,18 +11,15 @@
 #include <optional>
 
 class QCheckBox;
-class QComboBox;
 class QLabel;
 class QListWidget;
-class QPushButton;
 
 namespace hearthbook {
 
 class PictureBox;
 class Stage;
 
-/// Who is in the photo, and where: the list of people, the names of the photo, and the marker
-/// on the picture.
+/// Where the people of a photo are: the names of the photo, and the marker on the picture.
 ///
 /// Marking goes on, press by press, until its box is cleared or another photo is shown. The
 /// marker stands in the stage's table, so that it is on the face at every size of the window.
@@ -30,10 +27,7 @@ class NameMarking : public QObject {
   Q_OBJECT
 public:
   struct Parts {
-    QComboBox* filter = nullptr;
     QListWidget* names = nullptr; ///< of the photo
-    QPushButton* putIn = nullptr;
-    QPushButton* takeOut = nullptr;
     QCheckBox* marking = nullptr;
     PictureBox* image = nullptr;
     QLabel* marker = nullptr;
@@ -47,20 +41,13 @@ public:
   void clear();     ///< no name, no marker, no marking
   void showNames(); ///< of the row on which the photos stand
 
-  void filterPeople();
-  void personChosen();
-  void putIn();
-  void putInByDoubleClick();
-  void takeOut();
-  void nameChosen();
+  void nameChosen(); ///< its marker is shown
+  void nameTakenOut();
   void startMarking(bool on);
   void press(QPointF position); ///< on the image, in its pixels
   void placeMarker();           ///< the image has a new place
 
 private:
-  [[nodiscard]] bool mayPutInNow() const;
-  [[nodiscard]] int chosenRow() const;
-  void addChosenPerson();
   void refuseMarking();
   void markAt(TwipsPoint position);
   void showMarker(std::optional<TwipsPoint> position);

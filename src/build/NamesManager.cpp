@@ -92,6 +92,8 @@ void NamesManager::beginAddition() {
 
 void NamesManager::beginUpdate() { setCaption(QStringLiteral("Update Selected Name")); }
 
+void NamesManager::beginBirthYear() { ui->txtBirthYear->setFocus(); }
+
 bool NamesManager::hasPerson() const {
   return people_.isOpen() && !people_.atBOF() && !people_.atEOF();
 }

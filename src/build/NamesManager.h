@@ -32,6 +32,7 @@ public:
   void workOn(PeopleForm& caller); ///< to be called before it is shown
   void beginAddition();            ///< the person on whom rsAppearances stands is new
   void beginUpdate();
+  void beginBirthYear(); ///< an update for the sake of the year
 
 protected:
   void load() override;

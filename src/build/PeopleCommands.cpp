@@ -14,6 +14,22 @@
 
 namespace hearthbook {
 
+namespace {
+
+const char* missing(PeopleForm::Field field) {
+  switch (field) {
+  case PeopleForm::Field::Place:
+    return "Please Choose Place";
+  case PeopleForm::Field::Event:
+    return "Please Choose Event";
+  case PeopleForm::Field::Names:
+    break;
+  }
+  return "Please Select Name";
+}
+
+} // namespace
+
 void PeopleCommands::addName() {
   Recordset& people = album_.data.rsAppearances;
   album_.vars.CurrentPersonID = 0;
@@ -60,7 +76,7 @@ void PeopleCommands::findYear() {
   const auto name = form_.chosenName();
   if (!personById(people, name->id))
     throw RunTimeError("The album has nobody of the name " + name->text + " any more.");
-  if (people.Collect("BirthYear").toText().empty() && !askBirthYear())
+  if (!hasBirthYear())
     return;
   people.MoveFirst();
   auto& wizard = Forms::get<YearWizard>();
@@ -69,18 +85,51 @@ void PeopleCommands::findYear() {
 }
 
 bool PeopleCommands::isReadyForYear() {
-  const auto ask = [&](const QString& text, PeopleForm::Field field) {
-    MsgBox(text);
+  using Field = PeopleForm::Field;
+  const bool isEventFirst = manners_.askedFirst == Field::Event;
+  for (const Field field : {isEventFirst ? Field::Event : Field::Place,
+                            isEventFirst ? Field::Place : Field::Event, Field::Names}) {
+    if (isChosen(field))
+      continue;
+    MsgBox(toQString(missing(field)));
     form_.focus(field);
     return false;
-  };
-  if (form_.event().text.empty())
-    return ask(QStringLiteral("Please Choose Event"), PeopleForm::Field::Event);
-  if (form_.place().text.empty())
-    return ask(QStringLiteral("Please Choose Place"), PeopleForm::Field::Place);
-  if (!form_.chosenName())
-    return ask(QStringLiteral("Please Select Name"), PeopleForm::Field::Names);
+  }
   return true;
+}
+
+bool PeopleCommands::isChosen(PeopleForm::Field field) const {
+  switch (field) {
+  case PeopleForm::Field::Place:
+    return !form_.place().text.empty();
+  case PeopleForm::Field::Event:
+    return !form_.event().text.empty();
+  case PeopleForm::Field::Names:
+    break;
+  }
+  return form_.chosenName().has_value();
+}
+
+bool PeopleCommands::hasBirthYear() {
+  const Value year = album_.data.rsAppearances.Collect("BirthYear");
+  if (manners_.asksBirthYear)
+    return !year.toText().empty() || askBirthYear();
+  if (!year.isNull())
+    return true;
+  openForBirthYear();
+  return false;
+}
+
+void PeopleCommands::openForBirthYear() {
+  MsgBox(QStringLiteral("Please Enter Year Of Birth"));
+  const Value person = album_.data.rsAppearances.Collect("AppearancesID");
+  album_.vars.CurrentPersonID = shortNumber(person.toInteger());
+  // Cancelling there writes back whom the form's list shows, who must not be somebody else.
+  form_.choosePerson(person);
+  auto& manager = Forms::get<NamesManager>();
+  manager.workOn(form_);
+  manager.beginBirthYear();
+  manager.ShowModal();
 }
 
 bool PeopleCommands::askBirthYear() {

@@ -455,4 +455,16 @@ TEST_F(EditorNames, AMarkOfThePhotoThatComesIsPlacedOnIt) {
   EXPECT_EQ(marker(editor), (TwipsRect{box.left + 300 - 100, box.top + 400 - 288, 200, 288}));
 }
 
+TEST_F(EditorNames, NamesThatABatchHasAddedAreNotWrittenAwayWithTheNextOne) {
+  set("NamesInPhoto = '001,'");
+  const auto& editor = openEditor();
+  ASSERT_EQ(textsOf(names(editor)), texts({"Anna"}));
+  set("NamesInPhoto = '001,003,'");
+  Forms::tellRowsChanged({RowsChanged::By::BatchEdited});
+  EXPECT_EQ(textsOf(names(editor)), texts({"Anna", "Neighbour"}));
+  choosePerson(editor, "Ben");
+  press(editor, "Command2");
+  EXPECT_EQ(photos().Collect("NamesInPhoto"), Value("001,003,002,"));
+}
+
 } // namespace hearthbook::test
