@@ -33,6 +33,11 @@ void underAlbumProgress(const std::function<void()>& work) {
   work();
 }
 
+void tellEmptyAlbum() {
+  MsgBox(toQString("There are no photos in this album\nPlease select another one."),
+         toQString("View Album"));
+}
+
 } // namespace
 
 FrameCommands::FrameCommands(Album& album, ShellServices services, QMainWindow& frame)
@@ -66,11 +71,26 @@ void FrameCommands::viewAlbum(int albumId, const QString& name) {
   });
   if (!closed)
     return;
+  if (opened)
+    show(*opened);
+  else
+    tellEmptyAlbum();
+}
+
+void FrameCommands::viewFromStart(int albumId, const QString& name,
+                                  const std::function<void()>& aboutToShow) {
+  std::optional<OpenedAlbum> opened;
+  underAlbumProgress([&] { opened = openAlbumInSight(albumId, toUtf8(name)); });
   if (!opened)
-    MsgBox(toQString("There are no photos in this album\nPlease select another one."),
-           toQString("View Album"));
-  else if (services_.albumView)
-    services_.albumView->show(*opened);
+    return tellEmptyAlbum();
+  opened->caption = "Viewing Album: " + toUtf8(name);
+  aboutToShow();
+  show(*opened);
+}
+
+void FrameCommands::show(const OpenedAlbum& opened) {
+  if (services_.albumView)
+    services_.albumView->show(opened);
 }
 
 std::optional<OpenedAlbum> FrameCommands::openAlbumInSight(int albumId, const std::string& name) {

@@ -40,6 +40,9 @@ public:
   void buildFromMenu();  ///< on the first photo without a year
   void buildFromStart(); ///< on the first photo
   void viewAlbum(int albumId, const QString& name);
+  /// From the album picker, whose caption is the picker's text for the Master Album, too.
+  /// `aboutToShow` runs where there are photos, before the pages appear.
+  void viewFromStart(int albumId, const QString& name, const std::function<void()>& aboutToShow);
   void gettingStarted();
   void switchHelp(); ///< the check mark of "Show Help" has changed
   void about();
@@ -48,6 +51,7 @@ Q_SIGNALS:
   void helpSwitched();
 
 private:
+  void show(const OpenedAlbum& opened);
   std::optional<OpenedAlbum> openAlbumInSight(int albumId, const std::string& name);
 
   Album& album_;

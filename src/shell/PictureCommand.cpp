@@ -28,6 +28,12 @@ QPixmap faded(const QPixmap& picture) {
   return print;
 }
 
+/// The window that comes to the front gives the focus too, and that points at nothing.
+bool isReachedByKey(Qt::FocusReason reason) {
+  return reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason ||
+         reason == Qt::ShortcutFocusReason;
+}
+
 } // namespace
 
 PictureCommand::PictureCommand(QWidget* parent) : QAbstractButton(parent) {
@@ -47,7 +53,12 @@ void PictureCommand::showPictures(WorkPool& pool, const QString& file, const QSt
   hoverFile_ = hoverFile;
 }
 
-bool PictureCommand::isPointedAt() const { return isEnabled() && (underMouse() || hasFocus()); }
+void PictureCommand::setPointedAt(bool isPointedAt) {
+  isPointedAt_ = isPointedAt;
+  if (this->isPointedAt())
+    loadHoverPicture();
+  update();
+}
 
 // Read when it is first wanted: most starts never show most of these.
 void PictureCommand::loadHoverPicture() {
@@ -63,19 +74,10 @@ void PictureCommand::loadHoverPicture() {
 
 bool PictureCommand::event(QEvent* event) {
   const bool handled = QAbstractButton::event(event);
-  switch (event->type()) {
-  case QEvent::Enter:
-  case QEvent::Leave:
-  case QEvent::FocusIn:
-  case QEvent::FocusOut:
-    if (isPointedAt())
-      loadHoverPicture();
-    Q_EMIT pointedAt(isPointedAt());
-    update();
-    break;
-  default:
-    break;
-  }
+  if (event->type() == QEvent::Enter ||
+      (event->type() == QEvent::FocusIn &&
+       isReachedByKey(static_cast<QFocusEvent*>(event)->reason())))
+    Q_EMIT reached();
   return handled;
 }
 

@@ -8,8 +8,8 @@
 namespace hearthbook {
 
 /// A command of the start screen: a picture that answers to the mouse, the keyboard and the
-/// screen reader like any button, with its name below. Under the mouse or with the focus it
-/// shows another picture.
+/// screen reader like any button, with its name below. While it is pointed at it shows another
+/// picture.
 class PictureCommand : public QAbstractButton {
   Q_OBJECT
 public:
@@ -17,11 +17,12 @@ public:
 
   /// The pictures follow as soon as the pool has read them.
   void showPictures(WorkPool& pool, const QString& file, const QString& hoverFile);
-  /// The mouse is over it, or it has the keyboard.
-  [[nodiscard]] bool isPointedAt() const;
+  /// Its owner says so; a command that is disabled is never pointed at.
+  void setPointedAt(bool isPointedAt);
+  [[nodiscard]] bool isPointedAt() const { return isPointedAt_ && isEnabled(); }
 
 Q_SIGNALS:
-  void pointedAt(bool isPointedAt);
+  void reached(); ///< by the mouse, or by the keys that go from one control to the next
 
 protected:
   void paintEvent(QPaintEvent* event) override;
@@ -39,6 +40,7 @@ private:
   QString hoverFile_; ///< until it is read
   WorkPool* pool_ = nullptr;
   QPixmap hoverPicture_;
+  bool isPointedAt_ = false;
 };
 
 } // namespace hearthbook

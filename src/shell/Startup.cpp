@@ -1,5 +1,6 @@
 #include "Startup.h"
 
+#include "AlbumPicker.h"
 #include "Command.h"
 #include "Look.h"
 #include "PictureCommand.h"
@@ -8,6 +9,7 @@
 #include "ui_Startup.h"
 
 #include <QGridLayout>
+#include <QMouseEvent>
 
 namespace hearthbook {
 
@@ -28,12 +30,14 @@ constexpr auto exportText =
 
 } // namespace
 
-Startup::Startup(const ApplicationFolder& folder, WorkPool& pool, PictureLoader& loader,
-                 StartupCommands commands)
-    : Form(toQString("Startup"), Kind::Backdrop), folder_(folder), pool_(pool), loader_(loader),
+Startup::Startup(Album& album, WorkPool& pool, PictureLoader& loader, StartupCommands commands)
+    : Form(toQString("Startup"), Kind::Backdrop), album_(album), pool_(pool), loader_(loader),
       commands_(std::move(commands)), ui(new Ui::Startup) {
   ui->setupUi(this);
   stackPictureAndCommands();
+  picker_ = new AlbumPicker(*stage_, {ui->MSFlexGrid1, ui->Text1, ui->Image5},
+                            album_.data.rsSubAlbums, album_.vars.chosenAlbum, this);
+  connect(picker_, &AlbumPicker::picked, this, &Startup::openAlbum);
 }
 
 Startup::~Startup() = default;
@@ -41,8 +45,10 @@ Startup::~Startup() = default;
 // The picture covers the whole form; the commands stand before it on a stage that fits.
 void Startup::stackPictureAndCommands() {
   const QSizeF drawn = ui->Image1->size() * twipsPerPixel;
-  auto* stage = new Stage({drawn.width(), drawn.height()}, ui->Image1);
-  stage->placeAsDrawn(ui->Image1);
+  stage_ = new Stage({drawn.width(), drawn.height()}, ui->Image1);
+  stage_->placeAsDrawn(ui->Image1);
+  stage_->setMouseTracking(true);
+  stage_->installEventFilter(this);
   auto* stack = new QGridLayout(this);
   stack->setContentsMargins(0, 0, 0, 0);
   stack->addWidget(ui->Image2, 0, 0);
@@ -56,38 +62,80 @@ void Startup::stackPictureAndCommands() {
 }
 
 void Startup::load() {
-  ui->Image2->showPicture(loader_, folder_.path("\\Media\\Startup.jpg"));
+  ui->Image2->showPicture(loader_, album_.folder.path("\\Media\\Startup.jpg"));
+  wireCommands();
+  pointAtNothing();
+}
+
+void Startup::wireCommands() {
+  std::function<void()> openPicker;
+  if (commands_.viewAlbum)
+    openPicker = [this] { picker_->open(); };
   wire(ui->Image3, "build", commands_.build, buildText);
   wire(ui->Image4, "search", commands_.search, searchText);
-  wire(ui->Image5, "view", commands_.view, viewText);
+  wire(ui->Image5, "view", openPicker, viewText);
   wire(ui->Image6, "export", commands_.exportAlbum, exportText);
   wire(ui->Image7, "exit", commands_.exit, "");
-  describe("", false);
+
+  // What is said of an album stays beside the way out: it is in nobody's way there.
+  for (const PictureCommand* command : {ui->Image3, ui->Image4, ui->Image6, ui->Image7})
+    connect(command, &PictureCommand::reached, picker_, &AlbumPicker::hideList);
+  for (const PictureCommand* command : {ui->Image3, ui->Image4, ui->Image6})
+    connect(command, &PictureCommand::reached, picker_, &AlbumPicker::hideDescription);
 }
 
 void Startup::wire(PictureCommand* command, const char* picture,
                    const std::function<void()>& action, const char* description) {
   const std::string media = "\\Media\\" + std::string(picture);
-  command->showPictures(pool_, toQString(folder_.path(media + ".png")),
-                        toQString(folder_.path(media + "2.png")));
+  command->showPictures(pool_, toQString(album_.folder.path(media + ".png")),
+                        toQString(album_.folder.path(media + "2.png")));
   command->setEnabled(static_cast<bool>(action));
   command->setAccessibleDescription(toQString(description));
   if (action)
     onCommand(command, this, action);
-  connect(command, &PictureCommand::pointedAt, this,
-          [this, description](bool isPointedAt) { describe(description, isPointedAt); });
+  connect(command, &PictureCommand::reached, this, [this, command] { pointAt(command); });
 }
 
-void Startup::describe(const char* description, bool isPointedAt) {
-  const bool hasText = isPointedAt && *description;
-  ui->Label1->setText(hasText ? toQString(description) : QString());
-  ui->Shape4->setVisible(hasText);
+std::array<PictureCommand*, 5> Startup::pictureCommands() const {
+  return {ui->Image3, ui->Image4, ui->Image5, ui->Image6, ui->Image7};
+}
+
+void Startup::pointAt(const PictureCommand* command) {
+  for (PictureCommand* each : pictureCommands())
+    each->setPointedAt(each == command);
+  describe(command && command->isPointedAt() ? command->accessibleDescription() : QString());
+}
+
+void Startup::describe(const QString& description) {
+  ui->Label1->setText(description);
+  ui->Shape4->setVisible(!description.isEmpty());
+}
+
+void Startup::openAlbum(int albumId, const QString& name) {
+  commands_.viewAlbum(albumId, name, [this] {
+    picker_->hideList();
+    picker_->hideDescription();
+  });
 }
 
 void Startup::activated() {
   lower();
   Q_EMIT cameToFront();
   ui->Image3->setFocus(Qt::ActiveWindowFocusReason);
+}
+
+bool Startup::event(QEvent* event) {
+  if (event->type() == QEvent::Leave)
+    pointAtNothing();
+  return Form::event(event);
+}
+
+// The stage lies over the picture: where the mouse is over nothing on the stage, it is over that.
+bool Startup::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::MouseMove &&
+      !stage_->childAt(static_cast<QMouseEvent*>(event)->position().toPoint()))
+    pointAtNothing();
+  return Form::eventFilter(watched, event);
 }
 
 } // namespace hearthbook

@@ -1,8 +1,9 @@
 #pragma once
 
-#include "ApplicationFolder.h"
+#include "Album.h"
 #include "Form.h"
 
+#include <array>
 #include <functional>
 #include <memory>
 
@@ -12,15 +13,19 @@ class Startup;
 
 namespace hearthbook {
 
+class AlbumPicker;
 class PictureCommand;
 class PictureLoader;
+class Stage;
 class WorkPool;
 
 /// What the start screen's commands do; an empty one is there and disabled.
 struct StartupCommands {
   std::function<void()> build;
   std::function<void()> search;
-  std::function<void()> view;
+  /// Opens an album. `aboutToShow` is called where it has photos, before its pages appear.
+  std::function<void(int albumId, const QString& name, const std::function<void()>& aboutToShow)>
+      viewAlbum;
   std::function<void()> exportAlbum;
   std::function<void()> exit;
 };
@@ -30,8 +35,7 @@ struct StartupCommands {
 class Startup : public Form {
   Q_OBJECT
 public:
-  Startup(const ApplicationFolder& folder, WorkPool& pool, PictureLoader& loader,
-          StartupCommands commands);
+  Startup(Album& album, WorkPool& pool, PictureLoader& loader, StartupCommands commands);
   ~Startup() override;
 
 Q_SIGNALS:
@@ -40,19 +44,28 @@ Q_SIGNALS:
 protected:
   void load() override;
   void activated() override;
+  bool event(QEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+  void stackPictureAndCommands();
+  void wireCommands();
   void wire(PictureCommand* command, const char* picture, const std::function<void()>& action,
             const char* description);
-  void describe(const char* description, bool isPointedAt);
 
-  void stackPictureAndCommands();
+  void pointAt(const PictureCommand* command);
+  void pointAtNothing() { pointAt(nullptr); }
+  void describe(const QString& description);
+  void openAlbum(int albumId, const QString& name);
+  [[nodiscard]] std::array<PictureCommand*, 5> pictureCommands() const;
 
-  ApplicationFolder folder_;
+  Album& album_;
   WorkPool& pool_;
   PictureLoader& loader_;
   StartupCommands commands_;
   std::unique_ptr<Ui::Startup> ui;
+  Stage* stage_ = nullptr;
+  AlbumPicker* picker_ = nullptr;
 };
 
 } // namespace hearthbook

@@ -22,6 +22,10 @@ namespace {
 StartupCommands startupCommands(FrameCommands& commands) {
   StartupCommands start;
   start.build = [&commands] { commands.buildFromStart(); };
+  if (commands.canViewAlbums())
+    start.viewAlbum = [&commands](int albumId, const QString& name, const auto& aboutToShow) {
+      commands.viewFromStart(albumId, name, aboutToShow);
+    };
   start.exit = [&commands] { commands.quit(); };
   return start;
 }
@@ -38,7 +42,7 @@ PictureLoader::Deliver deliverHere() {
 Wiring::Wiring(Album& album, MDIForm1& frame)
     : loader_(pool_, deliverHere()), help_(album.vars, frame) {
   Forms::provide<Startup>([this, &album, &frame] {
-    auto* start = new Startup(album.folder, pool_, loader_, startupCommands(frame.commands()));
+    auto* start = new Startup(album, pool_, loader_, startupCommands(frame.commands()));
     QObject::connect(start, &Startup::cameToFront, &help_, &FrameHelp::startScreenActive);
     return start;
   });

@@ -4,8 +4,10 @@
 #include "BoxScript.h"
 #include "DBeditor.h"
 #include "FileBytes.h"
+#include "FlexGrid.h"
 #include "Forms.h"
 #include "FrameMenu.h"
+#include "PictureCommand.h"
 #include "Progress.h"
 #include "ShellFixture.h"
 #include "Startup.h"
@@ -160,6 +162,47 @@ TEST_F(MDIForm1Test, AnAlbumIsShownAsOpened) {
   EXPECT_EQ(album().vars.chosenAlbum.id, 7);
   EXPECT_EQ(album().vars.chosenAlbum.name, "Lake");
   EXPECT_FALSE(Forms::loaded<Progress>());
+}
+
+TEST_F(MDIForm1Test, TheStartScreenOpensAnAlbumUnderTheTextOfItsRow) {
+  openFrame();
+  auto& start = Forms::get<Startup>();
+  QTest::mouseClick(start.findChild<PictureCommand*>(QStringLiteral("Image5")), Qt::LeftButton);
+  auto& albums = *start.findChild<FlexGrid*>(QStringLiteral("MSFlexGrid1"));
+
+  albums.setRow(1);
+  QTest::keyClick(&albums, Qt::Key_Return);
+
+  EXPECT_EQ(view.shown, (std::vector<OpenedAlbum>{{"Viewing Album: Master Album", "0", false}}));
+  EXPECT_EQ(album().vars.chosenAlbum.name, "Master Album");
+  EXPECT_FALSE(albums.isVisible());
+  EXPECT_FALSE(Forms::loaded<Progress>());
+}
+
+TEST_F(MDIForm1Test, AnEmptyAlbumLeavesThePickerOfTheStartScreenOpen) {
+  openFrame();
+  auto& start = Forms::get<Startup>();
+  QTest::mouseClick(start.findChild<PictureCommand*>(QStringLiteral("Image5")), Qt::LeftButton);
+  auto& albums = *start.findChild<FlexGrid*>(QStringLiteral("MSFlexGrid1"));
+  boxes.expectMessage(
+      QStringLiteral("There are no photos in this album\nPlease select another one."),
+      QStringLiteral("View Album"));
+
+  albums.setRow(2);
+  QTest::keyClick(&albums, Qt::Key_Return);
+
+  EXPECT_TRUE(boxes.isDone());
+  EXPECT_TRUE(view.shown.empty());
+  EXPECT_TRUE(albums.isVisible());
+  EXPECT_EQ(album().vars.chosenAlbum.id, 3);
+}
+
+TEST_F(MDIForm1Test, WithoutAlbumPagesTheStartScreenOffersNone) {
+  albumView = nullptr;
+  openFrame();
+
+  EXPECT_FALSE(
+      Forms::get<Startup>().findChild<PictureCommand*>(QStringLiteral("Image5"))->isEnabled());
 }
 
 TEST_F(MDIForm1Test, AnEmptyAlbumLeavesTheStartScreenWithEveryWorkFormClosed) {

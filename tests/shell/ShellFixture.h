@@ -33,9 +33,11 @@ protected:
     execute("INSERT INTO PhotoAlbum (PictureID, Year) VALUES ('" + id + "', " + year + ")");
   }
 
-  void addSubAlbum(int id, const std::string& name, const std::vector<std::string>& photos) {
+  void addSubAlbum(int id, const std::string& name, const std::vector<std::string>& photos,
+                   const std::string& description = "NULL") {
     const std::string number = std::to_string(id);
-    execute("INSERT INTO SubAlbums (AlbumID, albumName) VALUES (" + number + ", '" + name + "')");
+    execute("INSERT INTO SubAlbums (AlbumID, albumName, Description) VALUES (" + number + ", '" +
+            name + "', " + description + ")");
     for (std::size_t place = 0; place < photos.size(); ++place)
       execute("INSERT INTO SubAlbumPhotos (AlbumID, PhotoID, [Index]) VALUES (" + number + ", '" +
               photos[place] + "', " + std::to_string(place) + ")");

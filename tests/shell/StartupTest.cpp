@@ -1,47 +1,40 @@
-#include "Startup.h"
+#include "ControlChecks.h"
+#include "StartupFixture.h"
 
-#include "Forms.h"
-#include "PictureCommand.h"
-#include "PictureLoader.h"
-#include "ShellFixture.h"
-
-#include <gtest/gtest.h>
-
-#include <QLabel>
-#include <QTest>
-
-namespace hearthbook {
+namespace hearthbook::test {
 namespace {
 
-class StartupTest : public test::ShellTest {
-protected:
-  StartupTest() {
-    StartupCommands commands;
-    commands.build = [this] { ++built; };
-    commands.exit = [this] { ++exited; };
-    Forms::provide<Startup>(
-        [this, commands] { return new Startup(folder(), pool, loader, commands); });
-    startup = &Forms::get<Startup>();
-    startup->resize(1024, 668);
-    startup->Show();
-    EXPECT_TRUE(QTest::qWaitForWindowActive(startup));
-  }
-  ~StartupTest() override { Forms::reset(); }
+const QString buildText = QStringLiteral(
+    "Build or maintain your family album. Scan or choose from files and fill in the pictures "
+    "date, event, place and family members.");
+const QString viewText = QStringLiteral(
+    "View the Master Album or the Sub-Albums you created before. Edit selected photos or Remove "
+    "them from the Album.");
 
-  PictureCommand* command(const char* name) {
-    return startup->findChild<PictureCommand*>(QString::fromLatin1(name));
-  }
-  QString description() { return startup->findChild<QLabel*>(QStringLiteral("Label1"))->text(); }
-
-  // No start screen here waits for its picture.
-  WorkPool pool{1};
-  PictureLoader loader{pool, [](const std::function<void()>&) {}};
-  int built = 0;
-  int exited = 0;
-  Startup* startup = nullptr;
+const Control startControls[] = {
+    {"Image1", "QWidget"},
+    {"Image2", "hearthbook::CoverPicture"},
+    {"Image3", "hearthbook::PictureCommand", "Build Album"},
+    {"Image4", "hearthbook::PictureCommand", "Search Photos"},
+    {"Image5", "hearthbook::PictureCommand", "View Albums"},
+    {"Image6", "hearthbook::PictureCommand", "Export Album"},
+    {"Image7", "hearthbook::PictureCommand", "Exit"},
+    {"Label1", "QLabel"},
+    {"Shape4", "QFrame"},
+    {"MSFlexGrid1", "hearthbook::FlexGrid"},
+    {"Text1", "QLabel"},
 };
 
+class StartupTest : public StartupFixture {};
+
+TEST_F(StartupTest, HasEachOfItsControlsOnce) {
+  show();
+  expectControls(*startup, "", startControls);
+}
+
 TEST_F(StartupTest, BuildAndExitWorkByMouse) {
+  show();
+
   QTest::mouseClick(command("Image3"), Qt::LeftButton);
   QTest::mouseClick(command("Image7"), Qt::LeftButton);
 
@@ -50,7 +43,9 @@ TEST_F(StartupTest, BuildAndExitWorkByMouse) {
 }
 
 TEST_F(StartupTest, BuildAndExitWorkByKeyboard) {
+  show();
   command("Image3")->setFocus();
+
   QTest::keyClick(command("Image3"), Qt::Key_Space);
   QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
   EXPECT_TRUE(command("Image7")->hasFocus());
@@ -61,6 +56,8 @@ TEST_F(StartupTest, BuildAndExitWorkByKeyboard) {
 }
 
 TEST_F(StartupTest, WhatTheProgramDoesNotHaveYetIsThereAndDisabled) {
+  show();
+
   for (const char* name : {"Image4", "Image5", "Image6"}) {
     EXPECT_TRUE(command(name)->isVisible()) << name;
     EXPECT_FALSE(command(name)->isEnabled()) << name;
@@ -68,20 +65,94 @@ TEST_F(StartupTest, WhatTheProgramDoesNotHaveYetIsThereAndDisabled) {
 }
 
 TEST_F(StartupTest, EveryCommandHasANameForTheScreenReader) {
+  show();
+
   for (const char* name : {"Image3", "Image4", "Image5", "Image6", "Image7"})
     EXPECT_FALSE(command(name)->text().isEmpty()) << name;
 }
 
-TEST_F(StartupTest, TheCommandWithTheKeyboardIsDescribed) {
-  command("Image7")->setFocus();
+TEST_F(StartupTest, AtFirstNothingIsPointedAt) {
+  show();
+
+  for (const char* name : {"Image3", "Image4", "Image5", "Image6", "Image7"})
+    EXPECT_FALSE(command(name)->isPointedAt()) << name;
   EXPECT_EQ(description(), QString());
+  EXPECT_FALSE(isFramed());
+  EXPECT_TRUE(command("Image3")->hasFocus());
+}
 
-  command("Image3")->setFocus();
+TEST_F(StartupTest, TheCommandUnderTheMouseIsDescribedUntilTheMouseIsOverThePicture) {
+  commands.viewAlbum = [](int, const QString&, const auto&) {};
+  show();
 
-  EXPECT_EQ(description(),
-            QStringLiteral("Build or maintain your family album. Scan or choose from files and "
-                           "fill in the pictures date, event, place and family members."));
+  moveTo(command("Image3"));
+  EXPECT_TRUE(command("Image3")->isPointedAt());
+  EXPECT_EQ(description(), buildText);
+  EXPECT_TRUE(isFramed());
+
+  moveTo(command("Image5"));
+  EXPECT_FALSE(command("Image3")->isPointedAt());
+  EXPECT_TRUE(command("Image5")->isPointedAt());
+  EXPECT_EQ(description(), viewText);
+
+  moveToBackground();
+  EXPECT_FALSE(command("Image5")->isPointedAt());
+  EXPECT_EQ(description(), QString());
+  EXPECT_FALSE(isFramed());
+}
+
+TEST_F(StartupTest, ExitIsPointedAtWithoutADescription) {
+  show();
+  moveTo(command("Image3"));
+
+  moveTo(command("Image7"));
+
+  EXPECT_TRUE(command("Image7")->isPointedAt());
+  EXPECT_EQ(description(), QString());
+  EXPECT_FALSE(isFramed());
+}
+
+TEST_F(StartupTest, ACommandThatIsDisabledIsNotPointedAt) {
+  show();
+  moveTo(command("Image3"));
+
+  moveTo(command("Image4"));
+
+  EXPECT_FALSE(command("Image4")->isPointedAt());
+  EXPECT_FALSE(command("Image3")->isPointedAt());
+  EXPECT_EQ(description(), QString());
+}
+
+TEST_F(StartupTest, LeavingTheStartScreenPointsAtNothing) {
+  show();
+  moveTo(command("Image3"));
+
+  QEvent leave(QEvent::Leave);
+  QCoreApplication::sendEvent(startup, &leave);
+
+  EXPECT_FALSE(command("Image3")->isPointedAt());
+}
+
+TEST_F(StartupTest, TheCommandReachedByTabIsDescribed) {
+  show();
+
+  QTest::keyClick(command("Image3"), Qt::Key_Tab);
+  EXPECT_TRUE(command("Image7")->isPointedAt());
+  QTest::keyClick(command("Image7"), Qt::Key_Backtab, Qt::ShiftModifier);
+
+  EXPECT_TRUE(command("Image3")->isPointedAt());
+  EXPECT_EQ(description(), buildText);
+}
+
+TEST_F(StartupTest, ThePictureOfACommandChangesWhileItIsPointedAt) {
+  show();
+  ASSERT_TRUE(QTest::qWaitFor([&] { // until its pictures are read
+    moveToBackground();
+    const QImage resting = command("Image3")->grab().toImage();
+    moveTo(command("Image3"));
+    return command("Image3")->grab().toImage() != resting && resting.pixelColor(60, 60).isValid();
+  }));
 }
 
 } // namespace
-} // namespace hearthbook
+} // namespace hearthbook::test
