@@ -1,6 +1,9 @@
 #include "MMControl.h"
 
+#include "DiscSound.h"
+#include "MidiSound.h"
 #include "Playback.h"
+#include "Recording.h"
 #include "RunTimeError.h"
 #include "WaveSound.h"
 
@@ -26,6 +29,24 @@ std::optional<DeviceType> deviceTypeOf(const std::filesystem::path& file) {
   return std::nullopt;
 }
 
+namespace {
+
+/// So soon behind the start of a track "back" means the track before.
+constexpr std::int64_t justBegunMs = 2000;
+
+std::shared_ptr<SoundSource> openSound(DeviceType type, const std::filesystem::path& file) {
+  switch (type) {
+  case DeviceType::Sequencer:
+    return std::make_shared<MidiSound>(file);
+  case DeviceType::CDAudio:
+    return std::make_shared<DiscSound>(file.empty() ? discDrive() : file);
+  default:
+    return std::make_shared<WaveSound>(file);
+  }
+}
+
+} // namespace
+
 struct MMControl::Impl {
   explicit Impl(MMControl& owner) : control(owner) {
     ticks.setInterval(1000);
@@ -35,12 +56,17 @@ struct MMControl::Impl {
   bool attempt(const std::function<void()>& command);
   void open();
   void play(std::int64_t from);
+  void record();
+  void goToTrack(int track);
   void halt();
+  void breakOff(const std::string& why);
   void enter(Mode next);
   void end();
   void tell(const std::string& why);
   /// A task for the window's thread that is dropped if the sound that sends it has been stopped.
   template <class Task> auto here(Task task);
+  [[nodiscard]] WaveSound* wave() const { return dynamic_cast<WaveSound*>(source.get()); }
+  [[nodiscard]] DiscSound* disc() const { return dynamic_cast<DiscSound*>(source.get()); }
 
   MMControl& control;
   QTimer ticks;
@@ -52,6 +78,7 @@ struct MMControl::Impl {
   int turn = 0; ///< counts what was played and recorded
   std::shared_ptr<SoundSource> source;
   std::unique_ptr<Playback> playback;
+  std::unique_ptr<Recording> recording;
 };
 
 template <class Task> auto MMControl::Impl::here(Task task) {
@@ -97,9 +124,7 @@ void MMControl::Impl::open() {
   source.reset();
   position = 0;
   enter(Mode::NotOpen);
-  if (deviceType != DeviceType::WaveAudio)
-    throw RunTimeError("There is nothing to play this sound with.");
-  source = std::make_shared<WaveSound>(file);
+  source = openSound(deviceType, file);
   enter(Mode::Stopped);
 }
 
@@ -111,13 +136,29 @@ void MMControl::Impl::play(std::int64_t from) {
   Playback::Listener listener;
   listener.ended = here([this] { end(); });
   listener.unheard = here([this](const std::string& why) { tell(why); });
-  listener.broken = here([this](const std::string& why) {
-    halt();
-    enter(Mode::Stopped);
-    tell(why);
-  });
+  listener.broken = here([this](const std::string& why) { breakOff(why); });
   playback = std::make_unique<Playback>(source, from, std::move(listener));
   enter(Mode::Playing);
+}
+
+void MMControl::Impl::record() {
+  if (!wave())
+    throw RunTimeError("There is no wave to record into.");
+  halt();
+  recording =
+      std::make_unique<Recording>(wave()->format(), wave()->recorded(), wave()->roomToRecord(),
+                                  here([this](const std::string& why) { breakOff(why); }));
+  enter(Mode::Recording);
+}
+
+void MMControl::Impl::goToTrack(int track) {
+  const bool goesOn = mode == Mode::Playing;
+  if (!goesOn) {
+    control.Stop();
+    position = disc()->startOf(track);
+  } else {
+    play(disc()->startOf(track));
+  }
 }
 
 /// Silent, and standing where it was; the mode is the caller's.
@@ -126,6 +167,16 @@ void MMControl::Impl::halt() {
   if (playback)
     position = playback->position();
   playback.reset();
+  if (!recording)
+    return;
+  recording.reset();
+  position = source->length();
+}
+
+void MMControl::Impl::breakOff(const std::string& why) {
+  halt();
+  enter(Mode::Stopped);
+  tell(why);
 }
 
 void MMControl::Impl::end() {
@@ -190,31 +241,40 @@ void MMControl::Stop() {
 }
 
 void MMControl::Prev() {
+  if (const DiscSound* disc = impl_->disc()) {
+    const bool hasJustBegun = position() - disc->startOf(track()) < justBegunMs;
+    return impl_->goToTrack(std::max(1, track() - (hasJustBegun ? 1 : 0)));
+  }
   Stop();
   impl_->position = 0;
 }
 
 void MMControl::Next() {
+  if (impl_->disc() && track() < tracks())
+    return impl_->goToTrack(track() + 1);
   Stop();
   impl_->position = length();
 }
 
 bool MMControl::Record() {
-  return impl_->attempt([] { throw RunTimeError("There is nothing to record with."); });
+  return impl_->attempt([this] { impl_->record(); });
 }
 
 bool MMControl::Save(const std::function<void(const std::filesystem::path&)>& keepOld) {
   return impl_->attempt([&] {
-    const auto wave = std::dynamic_pointer_cast<WaveSound>(impl_->source);
-    if (!wave)
+    if (!impl_->wave())
       throw RunTimeError("There is no wave to save.");
     Stop();
-    wave->save(impl_->file, keepOld);
+    impl_->wave()->save(impl_->file, keepOld);
   });
 }
 
 bool MMControl::Eject() {
-  return impl_->attempt([] { throw RunTimeError("There is no disc drive."); });
+  return impl_->attempt([this] {
+    const auto drive = impl_->disc() ? impl_->disc()->drive() : discDrive();
+    Close();
+    ejectDisc(drive);
+  });
 }
 
 MMControl::Mode MMControl::mode() const { return impl_->mode; }
@@ -224,12 +284,14 @@ bool MMControl::isOpen() const { return impl_->source != nullptr; }
 std::int64_t MMControl::length() const { return isOpen() ? impl_->source->length() : 0; }
 
 std::int64_t MMControl::position() const {
+  if (impl_->recording)
+    return length();
   return impl_->playback ? impl_->playback->position() : impl_->position;
 }
 
-int MMControl::tracks() const { return 0; }
+int MMControl::tracks() const { return impl_->disc() ? impl_->disc()->tracks() : 0; }
 
-int MMControl::track() const { return 0; }
+int MMControl::track() const { return impl_->disc() ? impl_->disc()->trackAt(position()) : 0; }
 
 int MMControl::updateInterval() const { return impl_->ticks.interval(); }
 

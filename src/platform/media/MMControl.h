@@ -64,13 +64,15 @@ public:
   bool PlayFrom(std::int64_t position);
   void Pause();  ///< Play goes on
   void Stop();   ///< stays where it is; behind a recording, at its end
-  void Prev();   ///< stops and goes to the start; on a disc, of this track or of the one before
-  void Next();   ///< goes to the next track of a disc, else to the end
+  void Prev();   ///< stops and goes to the start
+  void Next();   ///< stops and goes to the end
   bool Record(); ///< appends to the open wave, in memory, in the wave's format
   /// Writes the wave that is open, with what was recorded, to fileName(): whole, or not at all.
   /// `keepOld` is called when only the renaming is left to do, and may put away what is there.
   bool Save(const std::function<void(const std::filesystem::path&)>& keepOld = {});
   bool Eject(); ///< opens the tray of the drive
+  // A disc is not stopped by Prev and Next: they go to the start of the track, of the track
+  // before where this one has just begun, of the next track.
 
   [[nodiscard]] Mode mode() const;
   [[nodiscard]] bool isOpen() const;

@@ -34,8 +34,8 @@ public:
 
 private:
   void run();
+  void playAloud();
   void countTime();
-  [[nodiscard]] bool isToStop() const { return stopped_; }
 
   std::shared_ptr<SoundSource> source_;
   Listener listener_;

@@ -32,6 +32,20 @@ struct SoundFormat {
     return std::int64_t{rate} * frameBytes();
   }
 
+  /// The byte of which silence is made.
+  [[nodiscard]] constexpr unsigned char silence() const {
+    switch (sample) {
+    case Sample::U8:
+      return 0x80;
+    case Sample::ALaw:
+      return 0xD5;
+    case Sample::MuLaw:
+      return 0xFF;
+    default:
+      return 0;
+    }
+  }
+
   /// How long so many bytes sound, in whole milliseconds.
   [[nodiscard]] constexpr std::int64_t milliseconds(std::int64_t bytes) const {
     return bytes / frameBytes() * 1000 / rate;

@@ -1,0 +1,154 @@
+#include "DiscSound.h"
+
+#include "RunTimeError.h"
+
+#include <cdio/cdio.h>
+#include <cdio/logging.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <cstring>
+#include <utility>
+
+namespace hearthbook {
+
+namespace {
+
+constexpr SoundFormat discFormat{SoundFormat::Sample::S16, 2, 44100};
+constexpr int sectorsPerSecond = CDIO_CD_FRAMES_PER_SEC;
+constexpr std::size_t sectorBytes = CDIO_CD_FRAMESIZE_RAW;
+constexpr int sectorsAtOnce = 16;
+
+std::int64_t millisecondsOf(int sectors) { return std::int64_t{sectors} * 1000 / sectorsPerSecond; }
+
+bool isImage(const std::filesystem::path& drive) { return drive.extension() == ".cue"; }
+
+/// What goes wrong is told by what the library returns.
+void silenceItsLog() {
+  cdio_log_set_handler([](cdio_log_level_t, const char*) {});
+}
+
+std::vector<std::filesystem::path> drives() {
+  std::vector<std::filesystem::path> found;
+  char** names = cdio_get_devices(DRIVER_DEVICE);
+  for (char** name = names; name && *name; ++name)
+    found.emplace_back(*name);
+  cdio_free_device_list(names);
+  return found;
+}
+
+} // namespace
+
+struct DiscSound::Disc {
+  explicit Disc(const std::filesystem::path& drive)
+      : disc(cdio_open(drive.c_str(), isImage(drive) ? DRIVER_BINCUE : DRIVER_DEVICE)) {}
+  ~Disc() {
+    if (disc)
+      cdio_destroy(disc);
+  }
+  Disc(const Disc&) = delete;
+  Disc& operator=(const Disc&) = delete;
+
+  CdIo_t* disc;
+};
+
+DiscSound::DiscSound(const std::filesystem::path& drive) : drive_(drive) {
+  silenceItsLog();
+  disc_ = std::make_unique<Disc>(drive);
+  if (disc_->disc)
+    addTracks();
+  if (tracks_.empty())
+    throw RunTimeError("There is no audio disc in the drive " + drive.string() + ".");
+}
+
+DiscSound::~DiscSound() = default;
+
+void DiscSound::addTracks() {
+  const int first = cdio_get_first_track_num(disc_->disc);
+  const int count = cdio_get_num_tracks(disc_->disc);
+  if (first == CDIO_INVALID_TRACK || count == CDIO_INVALID_TRACK)
+    return;
+  for (int number = first; number < first + count; ++number) {
+    const auto track = static_cast<track_t>(number);
+    const lsn_t start = cdio_get_track_lsn(disc_->disc, track);
+    const lsn_t last = cdio_get_track_last_lsn(disc_->disc, track);
+    const bool isAudio = cdio_get_track_format(disc_->disc, track) == TRACK_FORMAT_AUDIO;
+    if (isAudio && start != CDIO_INVALID_LSN && last >= start)
+      tracks_.push_back({start, last - start + 1, sectors()});
+  }
+}
+
+int DiscSound::sectors() const {
+  return tracks_.empty() ? 0 : tracks_.back().before + tracks_.back().sectors;
+}
+
+SoundFormat DiscSound::format() const { return discFormat; }
+
+std::int64_t DiscSound::length() const { return millisecondsOf(sectors()); }
+
+int DiscSound::trackAt(std::int64_t position) const {
+  int track = 1;
+  while (track < tracks() && startOf(track + 1) <= position)
+    ++track;
+  return track;
+}
+
+std::int64_t DiscSound::startOf(int track) const {
+  return millisecondsOf(tracks_[static_cast<std::size_t>(track - 1)].before);
+}
+
+void DiscSound::goTo(std::int64_t position) {
+  const std::int64_t byte = discFormat.byteAt(position);
+  const auto sector = byte / static_cast<std::int64_t>(sectorBytes);
+  nextSector_ = static_cast<int>(sector);
+  waiting_.clear();
+  taken_ = 0;
+  skip_ = static_cast<std::size_t>(byte) % sectorBytes;
+}
+
+std::size_t DiscSound::read(std::byte* into, std::size_t bytes) {
+  if (taken_ == waiting_.size() && nextSector_ < sectors())
+    readSectors();
+  const std::size_t count = std::min(bytes, waiting_.size() - taken_);
+  std::memcpy(into, waiting_.data() + taken_, count);
+  taken_ += count;
+  return count;
+}
+
+void DiscSound::readSectors() {
+  const auto inTrack = [this](const Track& track) {
+    return nextSector_ < track.before + track.sectors;
+  };
+  const Track& track = *std::ranges::find_if(tracks_, inTrack);
+  const int at = nextSector_ - track.before;
+  const int count = std::min(sectorsAtOnce, track.sectors - at);
+  waiting_.assign(static_cast<std::size_t>(count) * sectorBytes, std::byte{0});
+  taken_ = std::exchange(skip_, 0);
+  const auto result = cdio_read_audio_sectors(disc_->disc, waiting_.data(), track.firstSector + at,
+                                              static_cast<unsigned>(count));
+  if (result != DRIVER_OP_SUCCESS)
+    throw RunTimeError("The disc in the drive " + drive_.string() + " cannot be read any more.");
+  nextSector_ += count;
+}
+
+std::filesystem::path discDrive() {
+  silenceItsLog();
+  if (const char* wanted = std::getenv("HEARTHBOOK_DISC"))
+    return wanted;
+  for (const auto& drive : drives()) {
+    try {
+      return DiscSound(drive), drive;
+    } catch (const RunTimeError&) {
+      continue; // perhaps the next one has a disc
+    }
+  }
+  throw RunTimeError("There is no drive with an audio disc in it.");
+}
+
+void ejectDisc(const std::filesystem::path& drive) {
+  silenceItsLog();
+  if (cdio_eject_media_drive(drive.c_str()) != DRIVER_OP_SUCCESS)
+    throw RunTimeError("The drive " + drive.string() + " cannot be opened.");
+}
+
+} // namespace hearthbook

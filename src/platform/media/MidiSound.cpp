@@ -1,0 +1,137 @@
+#include "MidiSound.h"
+
+#include "ApplicationFolder.h"
+#include "FileError.h"
+#include "RunTimeError.h"
+
+#include <fluidsynth.h>
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <cstdlib>
+#include <fstream>
+#include <iterator>
+
+namespace hearthbook {
+
+namespace {
+
+constexpr SoundFormat synthFormat{SoundFormat::Sample::S16, 2, 44100};
+/// Strings and bells ring on behind the last note, but not for ever.
+constexpr std::int64_t longestRinging = std::int64_t{2} * synthFormat.rate;
+constexpr double gain = 0.6;
+
+constexpr std::array fonts = {
+    "/usr/share/sounds/sf2/default-GM.sf2", "/usr/share/sounds/sf3/default-GM.sf3",
+    "/usr/share/sounds/sf2/TimGM6mb.sf2", "/usr/share/sounds/sf2/FluidR3_GM.sf2",
+    "/usr/share/soundfonts/default.sf2"};
+
+std::string contentOf(const std::filesystem::path& name) {
+  std::ifstream file(name, std::ios::binary);
+  if (!file || std::filesystem::is_directory(name))
+    throwFileError("read", name, file ? EISDIR : errno);
+  return {std::istreambuf_iterator<char>(file), {}};
+}
+
+MidiFile midiOf(const std::filesystem::path& name, std::string_view bytes) {
+  try {
+    return MidiFile(bytes);
+  } catch (const RunTimeError& failure) {
+    throw RunTimeError("Cannot play \"" + name.string() + "\": " + failure.what() + ".");
+  }
+}
+
+/// The library tries whatever a file may hold, and complains aloud; so it is shown fonts only.
+bool isSoundFont(const std::string& name) {
+  std::array<char, 12> head{};
+  std::ifstream(name, std::ios::binary).read(head.data(), head.size());
+  const std::string_view text(head.data(), head.size());
+  return text.starts_with("RIFF") && text.ends_with("sfbk");
+}
+
+/// What goes wrong is told by what the library returns.
+void silenceItsLog() {
+  for (const int level : {FLUID_PANIC, FLUID_ERR, FLUID_WARN, FLUID_INFO, FLUID_DBG})
+    fluid_set_log_function(level, nullptr, nullptr);
+}
+
+} // namespace
+
+/// The instruments with one piece of music on the stand.
+class MidiSound::Synth {
+public:
+  Synth(const std::string& font, const std::string& bytes) {
+    settings_.reset(new_fluid_settings());
+    fluid_settings_setnum(settings_.get(), "synth.sample-rate", synthFormat.rate);
+    fluid_settings_setnum(settings_.get(), "synth.gain", gain);
+    fluid_settings_setint(settings_.get(), "synth.lock-memory", 0);
+    fluid_settings_setstr(settings_.get(), "player.timing-source", "sample");
+    synth_.reset(new_fluid_synth(settings_.get()));
+    if (!synth_ || !isSoundFont(font) ||
+        fluid_synth_sfload(synth_.get(), font.c_str(), 1) == FLUID_FAILED)
+      throw RunTimeError("Cannot play MIDI with the sound font \"" + font + "\".");
+    player_.reset(new_fluid_player(synth_.get()));
+    fluid_player_add_mem(player_.get(), bytes.data(), bytes.size());
+  }
+
+  void playFrom(std::int64_t tick) {
+    fluid_player_seek(player_.get(), static_cast<int>(tick));
+    fluid_player_play(player_.get());
+  }
+  void read(std::byte* into, std::size_t frames) {
+    fluid_synth_write_s16(synth_.get(), static_cast<int>(frames), into, 0, 2, into, 1, 2);
+  }
+  [[nodiscard]] bool isSilent() const {
+    return fluid_synth_get_active_voice_count(synth_.get()) == 0;
+  }
+
+private:
+  struct Delete {
+    void operator()(fluid_settings_t* settings) const { delete_fluid_settings(settings); }
+    void operator()(fluid_synth_t* synth) const { delete_fluid_synth(synth); }
+    void operator()(fluid_player_t* player) const { delete_fluid_player(player); }
+  };
+
+  std::unique_ptr<fluid_settings_t, Delete> settings_;
+  std::unique_ptr<fluid_synth_t, Delete> synth_;
+  std::unique_ptr<fluid_player_t, Delete> player_;
+};
+
+MidiSound::MidiSound(const std::filesystem::path& file)
+    : name_(file), bytes_(contentOf(file)), midi_(midiOf(file, bytes_)) {}
+
+MidiSound::~MidiSound() = default;
+
+SoundFormat MidiSound::format() const { return synthFormat; }
+
+void MidiSound::goTo(std::int64_t position) {
+  silenceItsLog();
+  synth_ = std::make_unique<Synth>(soundFont().string(), bytes_);
+  synth_->playFrom(midi_.tickAt(position));
+  next_ = position * synthFormat.rate / 1000;
+}
+
+std::size_t MidiSound::read(std::byte* into, std::size_t bytes) {
+  const std::int64_t end = length() * synthFormat.rate / 1000;
+  if (next_ >= end + longestRinging || (next_ >= end && synth_->isSilent()))
+    return 0;
+  const auto frame = static_cast<std::size_t>(synthFormat.frameBytes());
+  const std::size_t frames = std::min<std::size_t>(bytes / frame, 1024);
+  synth_->read(into, frames);
+  next_ += static_cast<std::int64_t>(frames);
+  return frames * frame;
+}
+
+std::filesystem::path soundFont() {
+  const char* wanted = std::getenv("HEARTHBOOK_SOUNDFONT");
+  if (wanted && fileExists(wanted))
+    return wanted;
+  if (!wanted)
+    for (const char* font : fonts)
+      if (fileExists(font))
+        return font;
+  throw RunTimeError("There are no instruments to play MIDI with: no sound font is installed.");
+}
+
+} // namespace hearthbook

@@ -1,0 +1,138 @@
+#include "MediaFixture.h"
+
+namespace hearthbook {
+
+namespace {
+
+using Mode = MMControl::Mode;
+
+class MMControlDisc : public test::MediaFixture {
+protected:
+  MMControlDisc() { player_.setDeviceType(DeviceType::CDAudio); }
+
+  void insertDisc() {
+    player_.setFileName(test::makeDisc(at("disc"), {500, 900, 700}, 4));
+    ASSERT_TRUE(player_.Open()) << toUtf8(player_.errorText());
+  }
+
+  test::SoundDaemon daemon_;
+};
+
+} // namespace
+
+TEST_F(MMControlDisc, ItsTracksLieOneBehindTheOther) {
+  insertDisc();
+  EXPECT_EQ(player_.length(), 12'000);
+  EXPECT_EQ(player_.tracks(), 3);
+  EXPECT_EQ(player_.track(), 1);
+}
+
+TEST_F(MMControlDisc, ItIsHeard) {
+  insertDisc();
+  player_.PlayFrom(4000);
+  EXPECT_EQ(player_.track(), 2);
+  MMControl recorder;
+  recorder.setFile(emptyWave(test::highQuality));
+  ASSERT_TRUE(recorder.Open());
+  ASSERT_TRUE(waitUntilPosition(4300));
+  ASSERT_TRUE(recorder.Record());
+  ASSERT_TRUE(test::waitFor([&] { return recorder.length() >= 1000; }));
+  recorder.setFileName(at("recorded.wav"));
+  ASSERT_TRUE(recorder.Save());
+  EXPECT_NEAR(test::listenTo(at("recorded.wav")).hertz, 900, 20);
+}
+
+TEST_F(MMControlDisc, ItPlaysToItsEnd) {
+  insertDisc();
+  player_.PlayFrom(11'700);
+  ASSERT_TRUE(waitUntilDone());
+  EXPECT_EQ(player_.position(), 12'000);
+  EXPECT_EQ(player_.track(), 3);
+}
+
+TEST_F(MMControlDisc, NextAndPrevGoByTracks) {
+  insertDisc();
+  player_.Next();
+  EXPECT_EQ(player_.position(), 4000);
+  player_.Next();
+  EXPECT_EQ(player_.track(), 3);
+  player_.Prev();
+  EXPECT_EQ(player_.track(), 2) << "the third had just begun";
+  player_.Prev();
+  player_.Prev();
+  EXPECT_EQ(player_.position(), 0);
+  EXPECT_EQ(player_.mode(), Mode::Stopped);
+  player_.Next();
+  player_.Next();
+  player_.Next();
+  EXPECT_EQ(player_.position(), 12'000);
+}
+
+TEST_F(MMControlDisc, PrevWithinATrackGoesToItsStart) {
+  insertDisc();
+  player_.PlayFrom(6500);
+  player_.Prev();
+  EXPECT_EQ(player_.mode(), Mode::Playing);
+  EXPECT_LT(player_.position(), 6000);
+  EXPECT_EQ(player_.track(), 2);
+}
+
+TEST_F(MMControlDisc, ADiscThatPlaysGoesOnInTheNextTrack) {
+  insertDisc();
+  player_.Play();
+  player_.Next();
+  EXPECT_EQ(player_.mode(), Mode::Playing);
+  EXPECT_EQ(player_.track(), 2);
+}
+
+TEST_F(MMControlDisc, ADiscThatGoesAwayAsItPlaysStopsAndIsTold) {
+  insertDisc();
+  player_.Play();
+  ASSERT_TRUE(waitUntilPosition(100));
+  std::filesystem::resize_file(at("disc/disc.bin"), 0);
+  ASSERT_TRUE(test::waitFor([&] { return player_.mode() == Mode::Stopped; }));
+  EXPECT_EQ(lastFailure(),
+            "The disc in the drive " + at("disc/disc.cue").string() + " cannot be read any more.");
+  EXPECT_TRUE(done_.isEmpty());
+}
+
+TEST_F(MMControlDisc, NoDriveIsTold) {
+  EXPECT_FALSE(player_.Open());
+  EXPECT_EQ(toUtf8(player_.errorText()), "There is no drive with an audio disc in it.");
+  EXPECT_FALSE(player_.Eject());
+}
+
+TEST_F(MMControlDisc, ADriveWithoutADiscIsTold) {
+  EXPECT_EQ(refusal(at("gone.cue")),
+            "There is no audio disc in the drive " + at("gone.cue").string() + ".");
+}
+
+TEST_F(MMControlDisc, WhatIsNoDiscIsRefused) {
+  test::writeBytes(at("garbage.cue"), "no disc at all");
+  test::writeBytes(at("empty.cue"), "");
+  EXPECT_NE(refusal(at("garbage.cue")), "");
+  EXPECT_NE(refusal(at("empty.cue")), "");
+  EXPECT_EQ(player_.mode(), Mode::NotOpen);
+}
+
+TEST_F(MMControlDisc, TheDriveCanBeToldFromOutside) {
+  const auto disc = test::makeDisc(at("disc"), {500}, 4);
+  const test::ScopedVariable drive("HEARTHBOOK_DISC", disc.string());
+  EXPECT_TRUE(player_.Open()) << toUtf8(player_.errorText());
+  EXPECT_EQ(player_.tracks(), 1);
+}
+
+TEST_F(MMControlDisc, ADriveThatDoesNotOpenIsTold) {
+  insertDisc();
+  EXPECT_FALSE(player_.Eject());
+  EXPECT_NE(toUtf8(player_.errorText()).find("cannot be opened"), std::string::npos);
+  EXPECT_EQ(player_.mode(), Mode::NotOpen);
+}
+
+TEST_F(MMControlDisc, ADiscCannotBeRecordedOrSaved) {
+  insertDisc();
+  EXPECT_FALSE(player_.Record());
+  EXPECT_FALSE(player_.Save());
+}
+
+} // namespace hearthbook

@@ -1,0 +1,116 @@
+#pragma once
+
+#include "FileBytes.h"
+#include "MMControl.h"
+#include "QtPrint.h"
+#include "RecordedSound.h"
+#include "Recording.h"
+#include "SoundDaemon.h"
+#include "TemporaryFolder.h"
+#include "TestSounds.h"
+#include "Text.h"
+#include "WaveFile.h"
+
+#include <gtest/gtest.h>
+
+#include <QSignalSpy>
+#include <QTest>
+
+#include <fstream>
+#include <functional>
+#include <memory>
+#include <sstream>
+
+namespace hearthbook::test {
+
+inline testing::AssertionResult waitFor(const std::function<bool()>& condition) {
+  constexpr int patience = 60'000;
+  return QTest::qWaitFor(condition, patience) ? testing::AssertionSuccess()
+                                              : testing::AssertionFailure() << "waited in vain";
+}
+
+/// A control with a folder of sounds, and what it told.
+class MediaFixture : public testing::Test {
+protected:
+  [[nodiscard]] std::filesystem::path at(const std::string& name) const {
+    return folder_.path() / name;
+  }
+  std::filesystem::path tone(const std::string& name, int hertz, std::int64_t milliseconds,
+                             const SoundFormat& format = highQuality) {
+    writeTone(at(name), hertz, milliseconds, format);
+    return at(name);
+  }
+  /// An empty wave, as recordings begin with one.
+  std::filesystem::path emptyWave(const SoundFormat& format) {
+    writeBytes(at("empty.wav"), silentWave(format, 0));
+    return at("empty.wav");
+  }
+  void open(const std::filesystem::path& file) {
+    player_.setFile(file);
+    ASSERT_TRUE(player_.Open()) << toUtf8(player_.errorText());
+  }
+  static WaveInfo infoOf(const std::filesystem::path& wave) {
+    std::ifstream file(wave, std::ios::binary);
+    return readWaveInfo(file);
+  }
+  [[nodiscard]] std::string refusal(const std::filesystem::path& file) {
+    player_.setFile(file);
+    return player_.Open() ? std::string() : toUtf8(player_.errorText());
+  }
+
+  testing::AssertionResult waitUntilDone(int times = 1) {
+    return waitFor([&] { return done_.size() >= times; });
+  }
+  testing::AssertionResult waitUntilPosition(std::int64_t position) {
+    return waitFor([&] { return player_.position() >= position; });
+  }
+  /// Lets a sound of that length pass in another control.
+  void letPass(std::int64_t milliseconds) {
+    writeBytes(at("passing.wav"), silentWave(lowQuality, milliseconds));
+    const NoSoundDaemon noSound;
+    MMControl other;
+    const QSignalSpy passed(&other, &MMControl::done);
+    other.setFile(at("passing.wav"));
+    EXPECT_TRUE(other.Open());
+    EXPECT_TRUE(other.Play());
+    EXPECT_TRUE(waitFor([&] { return !passed.isEmpty(); }));
+  }
+  [[nodiscard]] std::string lastFailure() const {
+    return failed_.isEmpty() ? std::string() : toUtf8(failed_.last().first().toString());
+  }
+
+  TemporaryFolder folder_;
+  MMControl player_;
+  QSignalSpy done_{&player_, &MMControl::done};
+  QSignalSpy failed_{&player_, &MMControl::failed};
+  QSignalSpy modes_{&player_, &MMControl::modeChanged};
+  QSignalSpy ticks_{&player_, &MMControl::statusUpdate};
+};
+
+/// Hears what is played, and keeps it as a wave that can be measured.
+class Listener {
+public:
+  explicit Listener(std::filesystem::path file)
+      : file_(std::move(file)),
+        recording_(std::make_unique<Recording>(highQuality, sound_, std::int64_t{1} << 30,
+                                               [](const std::string&) {})) {
+    EXPECT_TRUE(waitFor([this] { return sound_.size() > 0; }));
+  }
+
+  Heard heard() {
+    recording_.reset();
+    std::string bytes(static_cast<std::size_t>(sound_.size()), '\0');
+    sound_.read(0, reinterpret_cast<std::byte*>(bytes.data()), bytes.size());
+    std::ostringstream head;
+    writeWaveHead(head, highQuality, sound_.size());
+    writeBytes(file_, head.str() + bytes);
+    return listenTo(file_);
+  }
+
+private:
+  std::filesystem::path file_;
+  RecordedSound sound_;
+  std::unique_ptr<Recording> recording_;
+};
+
+} // namespace hearthbook::test
