@@ -24,7 +24,7 @@ std::int64_t millisecondsOf(int sectors) { return std::int64_t{sectors} * 1000 /
 bool isImage(const std::filesystem::path& drive) { return drive.extension() == ".cue"; }
 
 /// What goes wrong is told by what the library returns.
-void silenceItsLog() {
+void silenceTheDiscLog() {
   cdio_log_set_handler([](cdio_log_level_t, const char*) {});
 }
 
@@ -53,7 +53,7 @@ struct DiscSound::Disc {
 };
 
 DiscSound::DiscSound(const std::filesystem::path& drive) : drive_(drive) {
-  silenceItsLog();
+  silenceTheDiscLog();
   disc_ = std::make_unique<Disc>(drive);
   if (disc_->disc)
     addTracks();
@@ -132,7 +132,7 @@ void DiscSound::readSectors() {
 }
 
 std::filesystem::path discDrive() {
-  silenceItsLog();
+  silenceTheDiscLog();
   if (const char* wanted = std::getenv("HEARTHBOOK_DISC"))
     return wanted;
   for (const auto& drive : drives()) {
@@ -146,7 +146,7 @@ std::filesystem::path discDrive() {
 }
 
 void ejectDisc(const std::filesystem::path& drive) {
-  silenceItsLog();
+  silenceTheDiscLog();
   if (cdio_eject_media_drive(drive.c_str()) != DRIVER_OP_SUCCESS)
     throw RunTimeError("The drive " + drive.string() + " cannot be opened.");
 }

@@ -11,7 +11,7 @@ namespace hearthbook {
 namespace {
 
 constexpr int tempoAtFirst = 500'000;
-constexpr std::size_t chunkHead = 8;
+constexpr std::size_t midiChunkHead = 8;
 constexpr std::int64_t mostTicks = std::int64_t{1} << 31; // what can be played knows no more
 
 // What an event begins with.
@@ -69,7 +69,7 @@ std::size_t dataBytes(unsigned status) {
 
 MidiFile::MidiFile(std::string_view bytes) {
   Reader file(bytes);
-  if (bytes.size() < chunkHead || file.take(4) != "MThd")
+  if (bytes.size() < midiChunkHead || file.take(4) != "MThd")
     throw RunTimeError("it is no MIDI");
   Reader head(file.take(file.number(4)));
   head.take(4); // the kind and the number of tracks

@@ -51,7 +51,7 @@ bool isSoundFont(const std::string& name) {
 }
 
 /// What goes wrong is told by what the library returns.
-void silenceItsLog() {
+void silenceTheSynthLog() {
   for (const int level : {FLUID_PANIC, FLUID_ERR, FLUID_WARN, FLUID_INFO, FLUID_DBG})
     fluid_set_log_function(level, nullptr, nullptr);
 }
@@ -106,7 +106,7 @@ MidiSound::~MidiSound() = default;
 SoundFormat MidiSound::format() const { return synthFormat; }
 
 void MidiSound::goTo(std::int64_t position) {
-  silenceItsLog();
+  silenceTheSynthLog();
   synth_ = std::make_unique<Synth>(soundFont().string(), bytes_);
   synth_->playFrom(midi_.tickAt(position));
   next_ = position * synthFormat.rate / 1000;
