@@ -99,5 +99,19 @@ TEST_F(ProgramProcessTest, AKillLeavesTheBackupOfTheRunBefore) {
   EXPECT_EQ(test::readBytes(backup()), before);
 }
 
+/// SDL draws in the systems for sound and graphics, and few families have a PCX or TGA file.
+TEST_F(ProgramProcessTest, AStartLoadsNoLibraryThatOnlySomePicturesNeed) {
+  const auto process = start();
+  ASSERT_TRUE(answers());
+
+  const std::string loaded =
+      test::readBytes("/proc/" + std::to_string(process->processId()) + "/maps");
+
+  EXPECT_NE(loaded.find("libQt6Widgets"), std::string::npos);
+  EXPECT_EQ(loaded.find("libSDL2"), std::string::npos);
+  process->kill();
+  ends(*process);
+}
+
 } // namespace
 } // namespace hearthbook

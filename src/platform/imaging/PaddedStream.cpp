@@ -1,7 +1,6 @@
 #include "PaddedStream.h"
 
 #include <algorithm>
-#include <new>
 #include <utility>
 
 namespace hearthbook {
@@ -14,19 +13,13 @@ constexpr std::size_t paletteBytes = std::size_t{256} * 3;
 } // namespace
 
 PaddedStream::PaddedStream(std::vector<std::uint8_t> bytes, std::size_t zeros)
-    : bytes_(std::move(bytes)), zeros_(zeros), operations_(SDL_AllocRW()) {
-  if (!operations_)
-    throw std::bad_alloc();
-  operations_->type = SDL_RWOPS_UNKNOWN;
-  operations_->size = size;
-  operations_->seek = seek;
-  operations_->read = read;
-  operations_->write = nullptr;
-  operations_->close = nullptr;
-  operations_->hidden.unknown.data1 = this;
+    : bytes_(std::move(bytes)), zeros_(zeros) {
+  operations_.type = SDL_RWOPS_UNKNOWN;
+  operations_.size = size;
+  operations_.seek = seek;
+  operations_.read = read;
+  operations_.hidden.unknown.data1 = this;
 }
-
-PaddedStream::~PaddedStream() { SDL_FreeRW(operations_); }
 
 PaddedStream& PaddedStream::of(SDL_RWops* operations) {
   return *static_cast<PaddedStream*>(operations->hidden.unknown.data1);

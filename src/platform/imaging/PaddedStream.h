@@ -14,11 +14,10 @@ namespace hearthbook {
 class PaddedStream {
 public:
   PaddedStream(std::vector<std::uint8_t> bytes, std::size_t zeros);
-  ~PaddedStream();
   PaddedStream(const PaddedStream&) = delete;
   PaddedStream& operator=(const PaddedStream&) = delete;
 
-  [[nodiscard]] SDL_RWops* operations() const { return operations_; }
+  [[nodiscard]] SDL_RWops* operations() { return &operations_; }
   /// True once more was read than the file has.
   [[nodiscard]] bool ranOut() const { return ranOut_; }
 
@@ -35,7 +34,7 @@ private:
   std::size_t zeros_;
   std::size_t position_ = 0;
   bool ranOut_ = false;
-  SDL_RWops* operations_;
+  SDL_RWops operations_{};
 };
 
 } // namespace hearthbook

@@ -3,8 +3,7 @@
 #include "PaddedStream.h"
 #include "Paper.h"
 #include "PictureHeads.h"
-
-#include <SDL_image.h>
+#include "SdlImage.h"
 
 #include <algorithm>
 #include <cstdint>
@@ -16,7 +15,7 @@ namespace hearthbook {
 
 namespace {
 
-using Surface = std::unique_ptr<SDL_Surface, decltype(&SDL_FreeSurface)>;
+using Surface = std::unique_ptr<SDL_Surface, decltype(SdlImage::freeSurface)>;
 
 class SdlFile : public PictureFile {
 public:
@@ -42,13 +41,14 @@ SdlFile::SdlFile(InputFile file, FileFormat format) : file_(std::move(file)) {
   head_ = {raster_.size, 1, format};
 }
 
-Surface load(const PaddedStream& stream, FileFormat format) {
+Surface load(PaddedStream& stream, FileFormat format) {
+  const SdlImage& sdl = sdlImage();
   const Surface loaded(
-      IMG_LoadTyped_RW(stream.operations(), 0, format == FileFormat::Pcx ? "PCX" : "TGA"),
-      &SDL_FreeSurface);
+      sdl.loadTyped(stream.operations(), 0, format == FileFormat::Pcx ? "PCX" : "TGA"),
+      sdl.freeSurface);
   if (!loaded)
-    return {nullptr, &SDL_FreeSurface};
-  return {SDL_ConvertSurfaceFormat(loaded.get(), SDL_PIXELFORMAT_ARGB8888, 0), &SDL_FreeSurface};
+    return {nullptr, sdl.freeSurface};
+  return {sdl.convertFormat(loaded.get(), SDL_PIXELFORMAT_ARGB8888, 0), sdl.freeSurface};
 }
 
 std::size_t SdlFile::mostBytesLacking() const {
@@ -63,8 +63,7 @@ PictureFile::Pixels SdlFile::read(PixelSize) {
   constexpr std::uintmax_t mostBytes = std::uintmax_t{1} << 30;
   if (file_.size() > mostBytes)
     cannotReadPicture(file_.path(), "the file is too large");
-  const PaddedStream stream(file_.bytesAt(0, static_cast<std::size_t>(file_.size())),
-                            mostBytesLacking());
+  PaddedStream stream(file_.bytesAt(0, static_cast<std::size_t>(file_.size())), mostBytesLacking());
   // SDL's surfaces share a list of pixel formats among all threads.
   static std::mutex oneAtATime;
   const std::lock_guard lock(oneAtATime);
