@@ -1,4 +1,4 @@
-#include "FirstPaint.h"
+#include "EndAtFirstPaint.h"
 #include "FormWindow.h"
 #include "Guard.h"
 #include "Look.h"
