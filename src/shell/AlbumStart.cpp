@@ -34,16 +34,24 @@ void openHelpDatabase(Album& album) {
 
 } // namespace
 
-AlbumStart startAlbum(Album& album, const std::function<bool()>& wantsBackup) {
+bool openAlbumThatIsThere(Album& album) {
   makeBackupFolder(album.folder);
-  if (!fileExists(album.folder.path(albumFile))) {
-    if (!wantsBackup())
-      return AlbumStart::WithoutAlbum;
-    restoreBackup(album.folder);
-  }
+  if (!fileExists(album.folder.path(albumFile)))
+    return false;
   openAlbumDatabase(album);
   openHelpDatabase(album);
   album.data.openRecordsets();
+  return true;
+}
+
+AlbumStart startAlbum(Album& album, const std::function<bool()>& wantsBackup,
+                      std::future<bool> begun) {
+  if (begun.valid() ? begun.get() : openAlbumThatIsThere(album))
+    return AlbumStart::Opened;
+  if (!wantsBackup())
+    return AlbumStart::WithoutAlbum;
+  restoreBackup(album.folder);
+  openAlbumThatIsThere(album);
   return AlbumStart::Opened;
 }
 

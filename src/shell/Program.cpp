@@ -53,10 +53,10 @@ std::string whatBecameOfTheAlbum(const ApplicationFolder& folder, bool wasThere)
 }
 
 /// True where the album stands open. Otherwise the user has been told.
-bool openAlbumOrTell(Album& album) {
+bool openAlbumOrTell(Album& album, std::future<bool> begun) {
   const bool wasThere = fileExists(album.folder.path(albumFile));
   try {
-    if (startAlbum(album, wantsBackup) == AlbumStart::Opened)
+    if (startAlbum(album, wantsBackup, std::move(begun)) == AlbumStart::Opened)
       return true;
     MsgBox(toQString("Hearthbook Could Not Continue!"), toQString("Database Not Found"),
            MsgIcon::Critical);
@@ -84,25 +84,21 @@ int runFrame(MDIForm1& frame, const ApplicationFolder& folder) {
 
 } // namespace
 
-std::optional<ApplicationFolder> findApplicationFolder(const std::filesystem::path& programFile,
-                                                       const std::filesystem::path& userFolder) {
-  try {
-    return ApplicationFolder::forProgram(programFile, userFolder);
-  } catch (const std::exception& failure) {
-    tellStartFailure(failure.what());
-    return std::nullopt;
+int runHearthbook(EarlyStart& early, const ShellServices& services) {
+  if (!early.failure().empty()) {
+    tellStartFailure(early.failure());
+    return 1;
   }
-}
-
-int runHearthbook(const ApplicationFolder& folder, const ShellServices& services) {
-  Album album(folder);
+  Album& album = early.album();
+  const ApplicationFolder& folder = album.folder;
+  early.awaitFonts();
   MDIForm1 frame(album, services);
-  SingleInstance instance(folder.root());
+  SingleInstance instance(folder.root(), early.takeLock());
   if (!claimAlbum(instance, frame, folder))
     return 0;
   instance.setEnding([&frame] { return frame.isClosing(); });
   QObject::connect(&instance, &SingleInstance::raiseAsked, &frame, &MDIForm1::bringForward);
-  if (!openAlbumOrTell(album))
+  if (!openAlbumOrTell(album, early.takeOpening()))
     return 1;
 
   const Wiring wiring(album, frame);

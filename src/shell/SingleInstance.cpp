@@ -37,16 +37,21 @@ QString socketFor(const std::filesystem::path& folder) {
 
 } // namespace
 
-SingleInstance::SingleInstance(const std::filesystem::path& albumFolder)
-    : folder_(albumFolder), lock_(toQString(albumFolder / ".hearthbook-lock")) {
+std::unique_ptr<QLockFile> lockOf(const std::filesystem::path& albumFolder) {
+  return std::make_unique<QLockFile>(toQString(albumFolder / ".hearthbook-lock"));
+}
+
+SingleInstance::SingleInstance(const std::filesystem::path& albumFolder,
+                               std::unique_ptr<QLockFile> lock)
+    : folder_(albumFolder), lock_(std::move(lock)) {
   connect(&server_, &QLocalServer::newConnection, this, &SingleInstance::answer);
 }
 
 // The lock comes first: listening on the name of a living server would take it over.
 SingleInstance::Claim SingleInstance::claim() {
-  if (lock_.tryLock(0))
+  if (lock_->isLocked() || lock_->tryLock(0))
     return listen();
-  if (lock_.error() == QLockFile::LockFailedError)
+  if (lock_->error() == QLockFile::LockFailedError)
     return askFirst();
   return Claim::Refused;
 }
@@ -67,7 +72,7 @@ SingleInstance::Claim SingleInstance::askFirst() {
   if (reply == raised)
     return Claim::HandedOver;
   // Without a reply the first one may just have ended.
-  if (lock_.tryLock(reply == ending ? endingPatience : 0))
+  if (lock_->tryLock(reply == ending ? endingPatience : 0))
     return listen();
   return Claim::Silent;
 }

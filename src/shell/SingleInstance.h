@@ -6,8 +6,12 @@
 
 #include <filesystem>
 #include <functional>
+#include <memory>
 
 namespace hearthbook {
+
+/// The lock that one program holds for as long as it has the album in this folder, not yet taken.
+std::unique_ptr<QLockFile> lockOf(const std::filesystem::path& albumFolder);
 
 /// One program for one album folder. The first start holds a lock in the folder and listens;
 /// a later one asks it to come forward. Locks of programs that were killed are taken over.
@@ -21,7 +25,10 @@ public:
     Refused,    ///< the lock cannot be written
   };
 
-  explicit SingleInstance(const std::filesystem::path& albumFolder);
+  explicit SingleInstance(const std::filesystem::path& albumFolder)
+      : SingleInstance(albumFolder, lockOf(albumFolder)) {}
+  /// With the folder's lock, which may have been taken already.
+  SingleInstance(const std::filesystem::path& albumFolder, std::unique_ptr<QLockFile> lock);
 
   Claim claim();
   /// Asks the start that has the album to come forward; its reply, empty where there is none.
@@ -41,7 +48,7 @@ private:
   Claim askFirst();
 
   std::filesystem::path folder_;
-  QLockFile lock_;
+  std::unique_ptr<QLockFile> lock_;
   QLocalServer server_;
   int patience_ = 2000;
   std::function<bool()> isEnding_;

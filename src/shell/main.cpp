@@ -22,17 +22,14 @@ std::filesystem::path userFolder() {
 } // namespace
 
 int main(int argc, char** argv) {
+  hearthbook::EarlyStart early("/proc/self/exe", userFolder());
   hearthbook::GuardedApplication application(argc, argv);
   QCoreApplication::setApplicationName(QStringLiteral("Hearthbook"));
   QCoreApplication::setApplicationVersion(QStringLiteral(HEARTHBOOK_VERSION));
   hearthbook::applyLook(application);
   hearthbook::announceFormWindows();
 
-  const auto folder = hearthbook::findApplicationFolder(
-      hearthbook::toPath(QCoreApplication::applicationFilePath()), userFolder());
-  if (!folder)
-    return 1;
   hearthbook::ShellServices services;
   services.openDocument = openInDesktop;
-  return hearthbook::runHearthbook(*folder, services);
+  return hearthbook::runHearthbook(early, services);
 }

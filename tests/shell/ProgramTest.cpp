@@ -34,7 +34,10 @@ private:
 
 class ProgramTest : public test::ShellTest {
 protected:
-  int run() { return runHearthbook(folder(), {}); }
+  int run() {
+    EarlyStart early(folder());
+    return runHearthbook(early, {});
+  }
 
   /// Runs the program; as soon as its frame is there the frame is closed.
   int runAndClose() {
@@ -183,12 +186,13 @@ TEST_F(ProgramTest, AnAlbumThatAnotherProgramHoldsInSilenceIsTold) {
   EXPECT_FALSE(fileExists(backup()));
 }
 
-TEST_F(ProgramTest, TheFolderOfTheProgramIsTheAlbumsWhereItCanBeWrittenTo) {
-  const auto found =
-      findApplicationFolder(folder().root() / "Hearthbook", folder().root() / "user");
+TEST_F(ProgramTest, OfADamagedAlbumThatAnotherProgramHoldsOnlyTheLatterIsTold) {
+  test::writeBytes(live(), "this is no database at all");
+  SingleInstance other(folder().root());
+  ASSERT_EQ(other.claim(), SingleInstance::Claim::First);
+  boxes.expectFailure(QStringLiteral("but does not answer"));
 
-  ASSERT_TRUE(found);
-  EXPECT_EQ(std::filesystem::canonical(found->root()), std::filesystem::canonical(folder().root()));
+  EXPECT_EQ(run(), 0);
 }
 
 TEST_F(ProgramTest, AUsersFolderThatCannotBeMadeIsTold) {
@@ -197,14 +201,18 @@ TEST_F(ProgramTest, AUsersFolderThatCannotBeMadeIsTold) {
   boxes.expectFailure(toQString(blocked.string()));
 
   // A program without an album beside it, and nowhere to put one.
-  EXPECT_FALSE(findApplicationFolder(folder().root() / "Media" / "Hearthbook", blocked / "user"));
+  EarlyStart early(folder().root() / "Media" / "Hearthbook", blocked / "user");
+
+  EXPECT_EQ(runHearthbook(early, {}), 1);
 }
 
 TEST_F(ProgramTest, AFolderThatCannotBeWrittenToIsTold) {
   const ApplicationFolder missing(folder().root() / "missing");
   boxes.expectFailure(QStringLiteral("cannot be written to"));
 
-  EXPECT_EQ(runHearthbook(missing, {}), 0);
+  EarlyStart early(missing);
+
+  EXPECT_EQ(runHearthbook(early, {}), 0);
 }
 
 } // namespace
