@@ -6,6 +6,7 @@
 #include <QEvent>
 #include <QKeyEvent>
 #include <QPainter>
+#include <QTimer>
 
 #include <utility>
 
@@ -43,14 +44,22 @@ PictureCommand::PictureCommand(QWidget* parent) : QAbstractButton(parent) {
 
 void PictureCommand::showPictures(WorkPool& pool, const QString& file, const QString& hoverFile) {
   pool_ = &pool;
+  file_ = file;
+  hoverFile_ = hoverFile;
+  update();
+}
+
+// Asked for behind the first paint, which would else wait for the threads that read pictures.
+void PictureCommand::loadPicture() {
+  if (file_.isEmpty())
+    return;
   runBeside(
-      pool, this, [file] { return QImage(file); },
+      *pool_, this, [file = std::exchange(file_, {})] { return QImage(file); },
       [this](const QImage& picture) {
         picture_ = QPixmap::fromImage(picture);
         restingPicture_ = faded(picture_);
         update();
       });
-  hoverFile_ = hoverFile;
 }
 
 void PictureCommand::setPointedAt(bool isPointedAt) {
@@ -100,6 +109,8 @@ QRectF PictureCommand::captionRect() const {
 }
 
 void PictureCommand::paintEvent(QPaintEvent* /*event*/) {
+  if (!file_.isEmpty())
+    QTimer::singleShot(0, this, &PictureCommand::loadPicture);
   QPainter painter(this);
   painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
   const QPixmap& shown = isPointedAt() && !hoverPicture_.isNull() ? hoverPicture_ : picture_;

@@ -15,7 +15,7 @@ class PictureCommand : public QAbstractButton {
 public:
   explicit PictureCommand(QWidget* parent = nullptr);
 
-  /// The pictures follow as soon as the pool has read them.
+  /// The pictures follow the first paint, as soon as the pool has read them.
   void showPictures(WorkPool& pool, const QString& file, const QString& hoverFile);
   /// Its owner says so; a command that is disabled is never pointed at.
   void setPointedAt(bool isPointedAt);
@@ -30,6 +30,7 @@ protected:
   void keyPressEvent(QKeyEvent* event) override;
 
 private:
+  void loadPicture();
   void loadHoverPicture();
   void drawCaption(QPainter& painter) const;
   [[nodiscard]] QRectF pictureRect() const;
@@ -37,6 +38,7 @@ private:
 
   QPixmap picture_;
   QPixmap restingPicture_;
+  QString file_;      ///< until it is read
   QString hoverFile_; ///< until it is read
   WorkPool* pool_ = nullptr;
   QPixmap hoverPicture_;

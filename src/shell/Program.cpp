@@ -2,6 +2,7 @@
 
 #include "AlbumStart.h"
 #include "EndSignals.h"
+#include "FirstPaint.h"
 #include "Forms.h"
 #include "MDIForm1.h"
 #include "MsgBox.h"
@@ -11,7 +12,6 @@
 
 #include <QApplication>
 #include <QIcon>
-#include <QTimer>
 
 namespace hearthbook {
 
@@ -73,8 +73,7 @@ void setProgramIcon(const ApplicationFolder& folder) {
 }
 
 int runFrame(MDIForm1& frame, const ApplicationFolder& folder) {
-  // Neither is needed for the first paint.
-  QTimer::singleShot(0, &frame, [&folder] {
+  afterFirstPaint(frame, [&folder] {
     setProgramIcon(folder);
     tidyAlbumFolders(folder);
   });
