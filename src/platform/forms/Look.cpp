@@ -70,6 +70,9 @@ double contrast(const QColor& text, const QColor& ground) {
 }
 
 void applyLook(QApplication& application) {
+  // The menus stand in the frame on every desktop; to ask for another place takes a round trip
+  // through the desktop's bus.
+  QCoreApplication::setAttribute(Qt::AA_DontUseNativeMenuBar);
   application.setStyle(new LookStyle);
   application.setPalette(scrapbookPalette());
   application.setFont(bodyFont());

@@ -1,7 +1,9 @@
 #include "LookStyle.h"
 
+#include "Look.h"
 #include "Stage.h"
 
+#include <QIconEngine>
 #include <QLineEdit>
 #include <QPainter>
 #include <QPolygonF>
@@ -84,6 +86,25 @@ void drawArrow(QPainter& painter, const QRect& room, Qt::ArrowType points, doubl
   painter.restore();
 }
 
+/// What a menu bar shows where it is too narrow for its menus. Every menu bar asks for it as it is
+/// made, and the stock one is a picture: reading it goes through all of the toolkit's plugins.
+class MoreIcon : public QIconEngine {
+public:
+  void paint(QPainter* painter, const QRect& rect, QIcon::Mode /*mode*/,
+             QIcon::State /*state*/) override {
+    constexpr double standardSide = 16;
+    drawArrow(*painter, rect, Qt::DownArrow, rect.height() / standardSide, look::ink);
+  }
+  QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override {
+    QPixmap drawn(size);
+    drawn.fill(Qt::transparent);
+    QPainter painter(&drawn);
+    paint(&painter, drawn.rect(), mode, state);
+    return drawn;
+  }
+  [[nodiscard]] QIconEngine* clone() const override { return new MoreIcon; }
+};
+
 /// Widens the part at the outer edge by `more` pixels, or takes them from the part inside.
 QRect moveEdge(QRect rect, bool isOuterPart, int more, Qt::LayoutDirection direction) {
   const bool atRight = direction == Qt::LeftToRight;
@@ -143,6 +164,13 @@ QRect LookStyle::subControlRect(ComplexControl control, const QStyleOptionComple
     return standard;
   const int more = qRound(standardArrowWidth * (scale - 1));
   return moveEdge(standard, isArrow, more, option->direction);
+}
+
+QIcon LookStyle::standardIcon(StandardPixmap icon, const QStyleOption* option,
+                              const QWidget* widget) const {
+  if (icon == SP_ToolBarHorizontalExtensionButton)
+    return QIcon(new MoreIcon);
+  return QProxyStyle::standardIcon(icon, option, widget);
 }
 
 void LookStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,

@@ -11,6 +11,7 @@
 #include <QFontMetricsF>
 #include <QPushButton>
 #include <QSignalSpy>
+#include <QStyle>
 #include <QTest>
 
 #include <gtest/gtest.h>
@@ -89,6 +90,16 @@ TEST(Look, WhatCannotBeUsedCanStillBeMadeOut) {
 TEST(Look, EdgesOfControlsStandOutFromThePaper) {
   EXPECT_GE(contrast(look::edge, look::paper), 3);
   EXPECT_GE(contrast(look::edge, look::sheet), 3);
+}
+
+TEST(Look, AMenuBarWithTooLittleRoomShowsAnArrow) {
+  const QImage icon = QApplication::style()
+                          ->standardIcon(QStyle::SP_ToolBarHorizontalExtensionButton)
+                          .pixmap(16, 16)
+                          .toImage();
+
+  EXPECT_EQ(qAlpha(icon.pixel(0, 0)), 0);
+  EXPECT_EQ(qAlpha(icon.pixel(8, 8)), 255);
 }
 
 TEST(ButtonFace, EveryFaceHasAReadableCaption) {
