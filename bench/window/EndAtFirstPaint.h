@@ -9,14 +9,17 @@
 
 namespace hearthbook::bench {
 
-/// Ends the process, without its closing work, once a main window has been painted.
+/// Tells on its output that a main window has been painted, and ends the process without its
+/// closing work.
 class EndAtFirstPaint : public QObject {
 public:
   EndAtFirstPaint() { qApp->installEventFilter(this); }
 
   bool eventFilter(QObject* watched, QEvent* event) override {
     if (event->type() == QEvent::Paint && qobject_cast<QMainWindow*>(watched))
-      QTimer::singleShot(0, [] { _exit(0); }); // when what was painted has been handed over
+      QTimer::singleShot(0, [] { // when what was painted has been handed over
+        _exit(write(STDOUT_FILENO, "!", 1) == 1 ? 0 : 1);
+      });
     return false;
   }
 };
