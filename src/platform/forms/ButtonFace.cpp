@@ -12,6 +12,7 @@
 #include <QStyleOption>
 
 #include <algorithm>
+#include <cmath>
 #include <memory>
 
 namespace hearthbook {
@@ -95,10 +96,11 @@ public:
   }
 
 private:
+  [[nodiscard]] double devicePixels() const { return button_->devicePixelRatioF(); }
   [[nodiscard]] bool isSunken() const { return button_->isDown() || button_->isChecked(); }
   void paint();
   void paintFace(QPainter& painter, const QPainterPath& outline);
-  void paintFocus(QPainter& painter, const QRectF& edge, double unit) const;
+  void paintFocus(QPainter& painter, double unit) const;
   void paintCaption(QPainter& painter, const QRectF& room) const;
   void fitFont(QPainter& painter, const QRectF& room) const;
   void paintTick(QPainter& painter, QRectF& room) const;
@@ -110,7 +112,7 @@ private:
 };
 
 const QPixmap& FacePainter::stretched() {
-  const double ratio = button_->devicePixelRatioF();
+  const double ratio = devicePixels();
   const QSize pixels = (QSizeF(button_->size()) * ratio).toSize();
   if (stretched_.size() != pixels) {
     stretched_ = QPixmap::fromImage(
@@ -129,7 +131,7 @@ void FacePainter::paint() {
   painter.setRenderHint(QPainter::Antialiasing);
   paintFace(painter, outline);
   if (button_->hasFocus())
-    paintFocus(painter, edge, unit);
+    paintFocus(painter, unit);
   const double margin = 3 * unit;
   QRectF room = edge.adjusted(margin, margin, -margin, -margin);
   if (isSunken())
@@ -152,15 +154,19 @@ void FacePainter::paintFace(QPainter& painter, const QPainterPath& outline) {
   painter.drawPath(outline);
 }
 
-/// A dark line inside a light one is seen on every face.
-void FacePainter::paintFocus(QPainter& painter, const QRectF& edge, double unit) const {
-  const auto ring = [&](double inset, double width, const QColor& colour) {
+/// A light line inside a dark one is seen on every face. Both fill whole pixels: smeared over two
+/// the light one is too weak on red.
+void FacePainter::paintFocus(QPainter& painter, double unit) const {
+  const double line = std::round(unit * devicePixels()) / devicePixels();
+  const auto ring = [&](double from, double width, const QColor& colour) {
+    const double inset = from + width / 2;
+    const double radius = std::max(0.0, 4 * unit - inset / 2);
     painter.setPen(QPen(colour, width));
-    painter.drawRoundedRect(edge.adjusted(inset, inset, -inset, -inset), 4 * unit - inset / 2,
-                            4 * unit - inset / 2);
+    painter.drawRoundedRect(QRectF(button_->rect()).adjusted(inset, inset, -inset, -inset), radius,
+                            radius);
   };
-  ring(unit, 2 * unit, look::darkRed);
-  ring(2.5 * unit, unit, look::sheet);
+  ring(line, 2 * line, look::darkRed);
+  ring(3 * line, line, look::sheet);
 }
 
 void FacePainter::paintCaption(QPainter& painter, const QRectF& room) const {
