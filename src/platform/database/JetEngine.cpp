@@ -54,17 +54,24 @@ private:
   throwNotMade(file, std::error_code(errno, std::generic_category()).message());
 }
 
-void writeCompacted(const fs::path& source, const fs::path& copy) {
+void writeCompacted(const fs::path& source, const fs::path& copy, const fs::path& destination) {
   const DatabaseHandle database = openDatabase(source);
   Statement vacuum(database.get(), "VACUUM INTO ?1");
   vacuum.bind(1, copy.string());
-  vacuum.run();
+  try {
+    vacuum.run();
+  } catch (const RunTimeError&) {
+    // The source was read whole before: what fails now is the writing.
+    if (const auto cause = causeOutside(database.get()))
+      throwNotMade(destination, *cause);
+    throw;
+  }
 }
 
-void check(const fs::path& copy) {
+void check(const fs::path& copy, const fs::path& destination) {
   const DatabaseHandle database = openDatabase(copy);
   if (!passesQuickCheck(database.get()))
-    throwNotMade(copy, "it is damaged");
+    throwNotMade(destination, "it is damaged");
 }
 
 /// Gives the file its name, unless that is taken.
@@ -89,8 +96,8 @@ void JetEngine::CompactDatabase(const fs::path& source, const fs::path& destinat
   if (fs::exists(fs::symlink_status(destination)))
     throwNotMade(destination, "there is a file of that name already");
   TemporaryFile copy(destination.string() + ".new");
-  writeCompacted(source, copy.path());
-  check(copy.path());
+  writeCompacted(source, copy.path(), destination);
+  check(copy.path(), destination);
   flushToDisk(copy.path());
   giveName(copy.path(), destination);
   copy.keep();

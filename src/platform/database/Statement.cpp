@@ -1,5 +1,6 @@
 #include "Statement.h"
 
+#include "FileError.h"
 #include "RunTimeError.h"
 #include "SqlTokens.h"
 #include "Words.h"
@@ -7,6 +8,8 @@
 #include <sqlite3.h>
 
 #include <algorithm>
+#include <optional>
+#include <string>
 
 namespace hearthbook {
 
@@ -24,6 +27,11 @@ std::string refusal(std::string_view reason, std::string_view statement) {
   return "The database refused a statement: " + std::string(reason) + ".\n" + forMessage(statement);
 }
 
+std::string fileOf(sqlite3* database) {
+  const char* file = sqlite3_db_filename(database, "main");
+  return file ? file : "";
+}
+
 /// SQLite would pass over what stands behind the first statement, and over all behind a zero.
 bool isMoreThanOneStatement(std::string_view rest) {
   const auto tokens = sqlTokens(rest);
@@ -34,7 +42,30 @@ bool isMoreThanOneStatement(std::string_view rest) {
 
 } // namespace
 
+std::optional<std::string> causeOutside(sqlite3* database) {
+  const int systemError = sqlite3_system_errno(database);
+  switch (sqlite3_errcode(database) & 0xFF) {
+  case SQLITE_FULL:
+    return "the disk is full";
+  case SQLITE_READONLY:
+    return "it can only be read";
+  case SQLITE_CANTOPEN: // of the journal beside it
+  case SQLITE_IOERR:
+    return systemError != 0 ? causeOf(systemError) : "the disk failed";
+  case SQLITE_BUSY:
+  case SQLITE_LOCKED:
+    return "it is in use by another program";
+  case SQLITE_CORRUPT:
+  case SQLITE_NOTADB:
+    return "it is damaged";
+  default:
+    return std::nullopt;
+  }
+}
+
 void throwDatabaseError(sqlite3* database, std::string_view statement) {
+  if (const auto cause = causeOutside(database))
+    throw RunTimeError("Cannot use \"" + fileOf(database) + "\": " + *cause + ".");
   throw RunTimeError(refusal(sqlite3_errmsg(database), statement));
 }
 

@@ -2,6 +2,7 @@
 
 #include "Value.h"
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -10,7 +11,11 @@ struct sqlite3_stmt;
 
 namespace hearthbook {
 
-/// What the database says of its last failure, with the statement, as a RunTimeError.
+/// In plain words what kept the database from its file at its last failure, such as "the disk is
+/// full"; nothing where it was the statement.
+std::optional<std::string> causeOutside(sqlite3* database);
+
+/// The last failure as a RunTimeError: the file and what it suffers from, or the statement.
 [[noreturn]] void throwDatabaseError(sqlite3* database, std::string_view statement);
 
 /// One prepared statement, in SQLite's own words. Text behind its end is refused.
