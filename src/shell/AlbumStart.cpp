@@ -1,5 +1,6 @@
 #include "AlbumStart.h"
 
+#include "AlbumFiles.h"
 #include "ClosingBackup.h"
 #include "RunTimeError.h"
 #include "SafeFile.h"

@@ -29,9 +29,4 @@ AlbumStart startAlbum(Album& album, const std::function<bool()>& wantsBackup,
 /// Removes what files cut short by a kill have left in the album's folders.
 void tidyAlbumFolders(const ApplicationFolder& folder);
 
-/// The two databases, by the names that the program's texts use.
-inline constexpr const char* albumFile = "\\Data\\Photo_Album.mdb";
-inline constexpr const char* backupFile = "\\Backup\\Photo_Album.mdb";
-inline constexpr const char* helpFile = "\\Data\\Help.mdb";
-
 } // namespace hearthbook

@@ -1,7 +1,7 @@
 #include "Closing.h"
 
 #include "AlbumData.h"
-#include "AlbumStart.h"
+#include "AlbumFiles.h"
 #include "ClosingBackup.h"
 #include "Forms.h"
 #include "Guard.h"

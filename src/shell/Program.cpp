@@ -1,5 +1,6 @@
 #include "Program.h"
 
+#include "AlbumFiles.h"
 #include "AlbumStart.h"
 #include "EndSignals.h"
 #include "FirstPaint.h"

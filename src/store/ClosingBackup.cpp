@@ -1,5 +1,6 @@
 #include "ClosingBackup.h"
 
+#include "AlbumFiles.h"
 #include "Connection.h"
 #include "JetEngine.h"
 #include "RunTimeError.h"
@@ -10,14 +11,6 @@
 namespace hearthbook {
 namespace fs = std::filesystem;
 namespace {
-
-fs::path liveFile(const ApplicationFolder& folder) {
-  return folder.path("\\Data\\Photo_Album.mdb");
-}
-
-fs::path backupFile(const ApplicationFolder& folder) {
-  return folder.path("\\Backup\\Photo_Album.mdb");
-}
 
 /// The files that the database engine may leave beside a database.
 std::array<fs::path, 3> companionsOf(const fs::path& database) {
@@ -46,8 +39,8 @@ void requireWhole(const fs::path& database) {
 } // namespace
 
 void compactAndBackUp(const ApplicationFolder& folder, const std::function<void(int)>& bar) {
-  const fs::path live = liveFile(folder);
-  const fs::path backup = backupFile(folder);
+  const fs::path live = folder.path(albumFile);
+  const fs::path backup = folder.path(backupFile);
   const JetEngine engine;
   bar(25);
   requireWhole(live);
@@ -65,9 +58,11 @@ void compactAndBackUp(const ApplicationFolder& folder, const std::function<void(
 }
 
 void restoreBackup(const ApplicationFolder& folder) {
-  requireWhole(backupFile(folder));
-  deleteCompanions(liveFile(folder));
-  JetEngine().CompactDatabase(backupFile(folder), liveFile(folder));
+  const fs::path live = folder.path(albumFile);
+  const fs::path backup = folder.path(backupFile);
+  requireWhole(backup);
+  deleteCompanions(live);
+  JetEngine().CompactDatabase(backup, live);
 }
 
 bool isWholeDatabase(const fs::path& database) {

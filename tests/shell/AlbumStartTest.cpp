@@ -1,5 +1,6 @@
 #include "AlbumStart.h"
 
+#include "AlbumFiles.h"
 #include "FileBytes.h"
 #include "RunTimeError.h"
 #include "ShellFixture.h"
