@@ -62,7 +62,6 @@ DBeditor::DBeditor(Album& album, PictureLoader& loader, WorkPool& pool, Navigato
   wireNames();
 
   Recordset& people = album_.data.rsAppearances;
-  people.Close();
   people.Open(sources::familyMembers);
   bindFields();
 }
@@ -383,9 +382,7 @@ void DBeditor::rowsChanged(const RowsChanged& change) {
 
 bool DBeditor::unloading() {
   photos_.Filter("");
-  Recordset& people = album_.data.rsAppearances;
-  people.Close();
-  people.Open(sources::appearances);
+  openEverybody(album_.data.rsAppearances);
   Forms::tellRowsChanged({RowsChanged::By::EditorClosed});
   return true;
 }

@@ -94,14 +94,10 @@ void NamesManager::beginUpdate() { setCaption(QStringLiteral("Update Selected Na
 
 void NamesManager::beginBirthYear() { ui->txtBirthYear->setFocus(); }
 
-bool NamesManager::hasPerson() const {
-  return people_.isOpen() && !people_.atBOF() && !people_.atEOF();
-}
-
 std::string NamesManager::screenName() const { return toUtf8(ui->txtAppearancesNames->text()); }
 
 void NamesManager::showCurrent() {
-  ui->NamesList->setBoundText(hasPerson() ? people_.Collect("AppearancesID") : Value());
+  ui->NamesList->setBoundText(standsOnRow(people_) ? people_.Collect("AppearancesID") : Value());
 }
 
 void NamesManager::rebuildRelations() {
@@ -135,7 +131,7 @@ void NamesManager::chooseName() {
 void NamesManager::chooseRelation() {
   if (ui->Combo1->currentIndex() == separatorIndex)
     ui->Combo1->setCurrentIndex(0);
-  if (!hasPerson())
+  if (!standsOnRow(people_))
     return;
   auto relation = chosenEntry(*ui->Combo1)->id;
   if (relation == people_.Collect("AppearancesID").toInteger()) {

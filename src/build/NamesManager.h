@@ -59,7 +59,6 @@ private:
   bool endBirthday();
   bool endBirthYear();
 
-  [[nodiscard]] bool hasPerson() const;
   [[nodiscard]] std::string screenName() const;
 
   Album& album_;

@@ -35,11 +35,7 @@ std::string relationLine(const Recordset& people) {
 
 } // namespace
 
-void openEverybody(Recordset& people) {
-  if (people.isOpen())
-    people.Close();
-  people.Open(sources::appearances);
-}
+void openEverybody(Recordset& people) { people.Open(sources::appearances); }
 
 bool personById(Recordset& people, std::int64_t id) {
   people.Find("AppearancesID = " + std::to_string(id), Recordset::Start::First);
@@ -99,7 +95,7 @@ std::vector<NameEntry> relationEntries(const Recordset& people) {
 }
 
 std::optional<std::int64_t> relationOf(const Recordset& people) {
-  if (people.atBOF() || people.atEOF())
+  if (!standsOnRow(people))
     return std::nullopt;
   const Value relation = people.Collect("relationID");
   return relation.isNull() ? std::nullopt : std::optional(relation.toInteger());

@@ -44,8 +44,6 @@ void refreshPeople(PeopleForm& form, Recordset& people, const std::string& filte
 }
 
 void showFilteredPeople(PeopleForm& form, Recordset& people) {
-  if (people.isOpen())
-    people.Close();
   people.Open(nameFilterStatement(form.filter()));
   form.refillPeople();
 }

@@ -20,8 +20,6 @@ std::unique_ptr<Recordset> walkerFrom(const Recordset& photos) {
 
 } // namespace
 
-bool standsOnRow(const Recordset& rows) { return rows.isOpen() && rows.AbsolutePosition() > 0; }
-
 std::optional<std::int64_t> recordOffset(std::string_view answer, std::int64_t recordCount) {
   const std::optional<double> number = numericValue(answer);
   if (!number || *number > static_cast<double>(recordCount))

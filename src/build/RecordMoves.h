@@ -11,9 +11,6 @@
 
 namespace hearthbook {
 
-/// True if the set stands on a row.
-bool standsOnRow(const Recordset& rows);
-
 /// How many rows behind the first one the answer to "Enter Record Number:" lies; nothing where
 /// it is no number or above `recordCount`. The lower end is not tested: "0" is the place
 /// before the first row.

@@ -4,16 +4,13 @@ namespace hearthbook {
 
 namespace {
 
-void reopenWholeAlbum(Recordset& photos) {
-  photos.Close();
-  photos.Open("SELECT * FROM PhotoAlbum Order By PictureID");
-}
+constexpr const char* wholeAlbum = "SELECT * FROM PhotoAlbum Order By PictureID";
 
 } // namespace
 
 void buildFromFirstUndatedPhoto(Album& album) {
   Recordset& photos = album.data.rsPhotoAlbum;
-  reopenWholeAlbum(photos);
+  photos.Open(wholeAlbum);
   if (photos.RecordCount() > 0) {
     photos.Find("Year = Null");
     if (photos.atEOF())
@@ -23,7 +20,7 @@ void buildFromFirstUndatedPhoto(Album& album) {
 }
 
 void buildFromFirstPhoto(Album& album) {
-  reopenWholeAlbum(album.data.rsPhotoAlbum);
+  album.data.rsPhotoAlbum.Open(wholeAlbum);
   album.data.rsPhotoAlbum.Filter("");
   album.vars.CallerForm = "DBeditor";
 }

@@ -10,15 +10,10 @@ std::string photosOfSubAlbum(int albumId) {
          std::to_string(albumId) + ") ORDER BY SubAlbumPhotos.`Index`";
 }
 
-void reopen(Recordset& rows, const std::string& source) {
-  rows.Close();
-  rows.Open(source);
-}
-
 std::optional<OpenedAlbum> openSubAlbum(Album& album, int albumId, const std::string& name,
                                         const std::function<void(int)>& bar) {
   bar(20);
-  reopen(*album.vars.rsViewer, photosOfSubAlbum(albumId));
+  album.vars.rsViewer->Open(photosOfSubAlbum(albumId));
   album.vars.CallerForm = "Viewer";
   if (album.vars.rsViewer->RecordCount() < 1)
     return std::nullopt;
@@ -30,7 +25,7 @@ std::optional<OpenedAlbum> openSubAlbum(Album& album, int albumId, const std::st
 OpenedAlbum openMasterAlbum(Album& album, const std::function<void(int)>& bar) {
   bar(10);
   album.vars.CallerForm = "Viewer";
-  reopen(*album.vars.rsViewer, "SELECT * FROM PhotoAlbum Order By Year, PictureID");
+  album.vars.rsViewer->Open("SELECT * FROM PhotoAlbum Order By Year, PictureID");
   if (album.vars.rsViewer->RecordCount() > 0)
     album.vars.rsViewer->MoveFirst();
   for (const int value : {20, 30, 40, 50, 60, 80, 100})

@@ -41,8 +41,7 @@ void AlbumData::openRecordsets() {
 
 void AlbumData::execute(Recordset& through, std::string_view statement) {
   const std::string source = through.Source();
-  if (through.isOpen())
-    through.Close();
+  through.Close(); // where its edits cannot be stored, it stays as it is
   try {
     through.Open(statement);
   } catch (const RunTimeError&) {

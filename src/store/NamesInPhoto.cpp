@@ -44,8 +44,6 @@ std::string personKey(std::int64_t id) { return padded(id, 3); }
 
 std::vector<NameEntry> PopList(Recordset& appearances, std::string_view namesInPhoto,
                                std::string_view namesCords) {
-  if (appearances.isOpen())
-    appearances.Close();
   const std::vector<Person> people = peopleOf(appearances);
   std::vector<NameEntry> list;
   for (const std::string_view id : idsIn(namesInPhoto)) {

@@ -15,7 +15,6 @@ void trash(const Album& album, const std::filesystem::path& file) {
 
 /// Opened again first: Add To Sub-Album may have left the set on one album's rows.
 void deleteMemberships(Recordset& members, const std::vector<std::string>& pictureIds) {
-  members.Close();
   members.Open(sources::subAlbumPhotos);
   members.Filter(photosCriterion("PhotoID", pictureIds));
   members.Delete(Recordset::Affect::Group);

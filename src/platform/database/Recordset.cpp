@@ -133,4 +133,6 @@ Connection& Recordset::connection() const {
   return *impl_->connection;
 }
 
+bool standsOnRow(const Recordset& rows) { return rows.isOpen() && !rows.atBOF() && !rows.atEOF(); }
+
 } // namespace hearthbook

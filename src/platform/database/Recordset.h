@@ -70,8 +70,8 @@ public:
   Recordset(const Recordset&) = delete;
   Recordset& operator=(const Recordset&) = delete;
 
-  void Open(std::string_view source);
-  void Open(); ///< on the present Source
+  void Open(std::string_view source); ///< what stands open is closed first
+  void Open();                        ///< on the present Source
   void Close();
   void Requery(); ///< reads the source again, first row; filter and sort stay
   [[nodiscard]] bool isOpen() const;
@@ -142,5 +142,8 @@ private:
   struct Impl;
   std::unique_ptr<Impl> impl_;
 };
+
+/// True if the set is open and stands on a row, a pending one too.
+bool standsOnRow(const Recordset& rows);
 
 } // namespace hearthbook

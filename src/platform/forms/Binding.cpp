@@ -44,8 +44,6 @@ struct Binding::Impl : std::enable_shared_from_this<Impl> {
   Form* form = nullptr;
   Recordset::Subscription subscription;
 
-  [[nodiscard]] bool hasRow() const { return rows.isOpen() && !rows.atBOF() && !rows.atEOF(); }
-
   BoundControl& of(const QWidget* control) {
     return *std::ranges::find(controls, control, &BoundControl::control);
   }
@@ -84,7 +82,7 @@ void Binding::Impl::showRow() {
 }
 
 void Binding::Impl::refresh() {
-  const bool onRow = hasRow();
+  const bool onRow = standsOnRow(rows);
   const auto shown = qScopeGuard([this] { isShowing = false; });
   isShowing = true;
   for (BoundControl& bound : controls) {
@@ -104,7 +102,7 @@ void Binding::Impl::writeOne(BoundControl& bound) {
 }
 
 void Binding::Impl::writeAll() {
-  if (!hasRow())
+  if (!standsOnRow(rows))
     return;
   for (BoundControl& bound : controls)
     writeOne(bound);
@@ -175,7 +173,7 @@ bool Binding::isChanged(const QWidget* control) const { return impl_->of(control
 void Binding::markUnchanged(const QWidget* control) {
   BoundControl& bound = impl_->of(control);
   bound.isChanged = false;
-  if (impl_->hasRow())
+  if (standsOnRow(impl_->rows))
     impl_->rows.CancelUpdate(bound.field);
 }
 

@@ -53,6 +53,21 @@ TEST_F(Walk, StandsAtBOFBeforeTheFirstRow) {
   EXPECT_EQ(id(), "CD00002");
 }
 
+TEST_F(Walk, StandsOnARowBetweenTheEndsOfAnOpenSetAlone) {
+  EXPECT_TRUE(standsOnRow(rows));
+  rows.MoveLast();
+  EXPECT_TRUE(standsOnRow(rows));
+  rows.MoveNext();
+  EXPECT_FALSE(standsOnRow(rows));
+  rows.Move(-100);
+  EXPECT_FALSE(standsOnRow(rows));
+  rows.AddNew();
+  EXPECT_TRUE(standsOnRow(rows));
+  rows.CancelUpdate();
+  rows.Close();
+  EXPECT_FALSE(standsOnRow(rows));
+}
+
 TEST_F(Walk, MoveCountsFromTheCurrentRow) {
   rows.Move(3);
   EXPECT_EQ(rows.AbsolutePosition(), 4);
@@ -143,6 +158,8 @@ TEST_F(EmptyWalk, AnEmptySetIsAtBothEnds) {
   EXPECT_EQ(rows.RecordCount(), 0);
   EXPECT_LT(rows.AbsolutePosition(), 0);
 }
+
+TEST_F(EmptyWalk, AnEmptySetStandsOnNoRow) { EXPECT_FALSE(standsOnRow(rows)); }
 
 TEST_F(EmptyWalk, AnEmptySetCanBeAskedForItsEnds) {
   rows.MoveLast();
