@@ -1,5 +1,6 @@
 #include "FileBrowser.h"
 
+#include "FileError.h"
 #include "RunTimeError.h"
 #include "Words.h"
 
@@ -53,7 +54,8 @@ FolderContent readFolder(const std::filesystem::path& folder) {
     entry.increment(failure);
   }
   if (failure)
-    content.error = "The folder " + folder.string() + " cannot be read: " + failure.message();
+    content.error =
+        "The folder " + folder.string() + " cannot be read: " + causeOf(failure.value()) + ".";
   std::sort(content.pictures.begin(), content.pictures.end(), nameBefore);
   return content;
 }

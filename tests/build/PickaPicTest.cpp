@@ -219,7 +219,7 @@ TEST_F(PickaPicTest, AFolderThatCannotBeReadIsTold) {
   auto& picker = openPicker();
   const auto gone = at("Gone");
   boxes_.expectMessage(
-      toQString("The folder " + gone.string() + " cannot be read: No such file or directory"),
+      toQString("The folder " + gone.string() + " cannot be read: it is not there."),
       toQString("Add From File"), MsgIcon::Exclamation);
   picker.showFolder(gone);
   wait(picker);

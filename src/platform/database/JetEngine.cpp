@@ -1,6 +1,7 @@
 #include "JetEngine.h"
 
 #include "DatabaseFile.h"
+#include "FileError.h"
 #include "RunTimeError.h"
 #include "SafeFile.h"
 #include "Statement.h"
@@ -50,10 +51,6 @@ private:
                      ".");
 }
 
-[[noreturn]] void throwSystemError(const fs::path& file) {
-  throwNotMade(file, std::error_code(errno, std::generic_category()).message());
-}
-
 void writeCompacted(const fs::path& source, const fs::path& copy, const fs::path& destination) {
   const DatabaseHandle database = openDatabase(source);
   Statement vacuum(database.get(), "VACUUM INTO ?1");
@@ -83,11 +80,7 @@ void giveName(const fs::path& from, const fs::path& to) {
   if (errno == EEXIST)
     throwNotMade(to, "there is a file of that name already");
   if (std::rename(from.c_str(), to.c_str()) != 0) // a file system without links
-    throwSystemError(to);
-}
-
-fs::path folderOf(const fs::path& file) {
-  return file.has_parent_path() ? file.parent_path() : fs::path(".");
+    throwNotMade(to, causeOf(errno));
 }
 
 } // namespace

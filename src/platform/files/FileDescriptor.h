@@ -14,8 +14,10 @@ public:
     if (number_ >= 0)
       ::close(number_);
   }
+  FileDescriptor(FileDescriptor&& other) noexcept : number_(std::exchange(other.number_, -1)) {}
   FileDescriptor(const FileDescriptor&) = delete;
   FileDescriptor& operator=(const FileDescriptor&) = delete;
+  FileDescriptor& operator=(FileDescriptor&&) = delete;
 
   [[nodiscard]] bool isOpen() const { return number_ >= 0; }
   [[nodiscard]] int number() const { return number_; }

@@ -91,10 +91,6 @@ fs::path nextPartName(const fs::path& folder) {
                    std::to_string(++count) + std::string(partEnd));
 }
 
-fs::path folderOf(const fs::path& file) {
-  return file.has_parent_path() ? file.parent_path() : fs::path(".");
-}
-
 /// Lets the kernel copy as far as it can; what is left is for copyRest().
 void copyInKernel(int source, int target) {
   constexpr std::size_t piece = std::size_t{1} << 30;
@@ -218,6 +214,10 @@ StagedCopy::StagedCopy(const fs::path& source, const fs::path& folder)
 StagedCopy::~StagedCopy() = default;
 
 void StagedCopy::place(const fs::path& target) { part_->place(target); }
+
+fs::path folderOf(const fs::path& file) {
+  return file.has_parent_path() ? file.parent_path() : fs::path(".");
+}
 
 void deleteFile(const fs::path& file) {
   if (::unlink(file.c_str()) == 0)

@@ -37,6 +37,9 @@ private:
   std::unique_ptr<PartFile> part_;
 };
 
+/// The folder in which the file lies, the present one for a bare name.
+std::filesystem::path folderOf(const std::filesystem::path& file);
+
 /// Deletes the file; flushes the folder. Throws if it is there and cannot be deleted.
 void deleteFile(const std::filesystem::path& file);
 

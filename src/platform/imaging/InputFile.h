@@ -1,5 +1,7 @@
 #pragma once
 
+#include "FileDescriptor.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <filesystem>
@@ -12,15 +14,10 @@ namespace hearthbook {
 class InputFile {
 public:
   explicit InputFile(const std::filesystem::path& path); ///< throws RunTimeError
-  ~InputFile();
-  InputFile(InputFile&& other) noexcept;
-  InputFile(const InputFile&) = delete;
-  InputFile& operator=(const InputFile&) = delete;
-  InputFile& operator=(InputFile&&) = delete;
 
   [[nodiscard]] const std::filesystem::path& path() const { return path_; }
   [[nodiscard]] std::uintmax_t size() const { return size_; }
-  [[nodiscard]] int descriptor() const { return descriptor_; }
+  [[nodiscard]] int descriptor() const { return file_.number(); }
 
   /// The next bytes, fewer at the end of the file or where the disk fails.
   std::size_t read(std::uint8_t* into, std::size_t count);
@@ -29,8 +26,8 @@ public:
 
 private:
   std::filesystem::path path_;
-  int descriptor_ = -1;
-  std::uintmax_t size_ = 0;
+  std::uintmax_t size_; // asked before opening, which would wait for the other end of a pipe
+  FileDescriptor file_;
 };
 
 /// Throws the RunTimeError of a picture file that cannot be shown.
