@@ -19,7 +19,7 @@ QString helpKeyOf(const QObject* watched) {
 /// A move that a control inside a frame does not use goes on to the frame, whose help would
 /// take the place of the control's.
 bool isOverPart(QObject* watched, QEvent* event) {
-  const QPoint position = static_cast<QMouseEvent*>(event)->pos();
+  const QPoint position = static_cast<QMouseEvent*>(event)->position().toPoint();
   const QWidget* part = static_cast<QWidget*>(watched)->childAt(position);
   while (part && part != watched && !part->property("helpKey").isValid())
     part = part->parentWidget();

@@ -78,7 +78,7 @@ private:
 };
 
 bool JpegEncoder::write(const Picture& picture, int factor) {
-  if (setjmp(errors_.jump)) // NOLINT(cert-err52-cpp): libjpeg knows no other way
+  if (setjmp(errors_.jump)) // libjpeg knows no other way
     return false;
   jpeg_create_compress(&codec_);
   codec_.dest = &target_;

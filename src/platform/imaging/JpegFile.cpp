@@ -96,7 +96,7 @@ void JpegFile::fail() const {
 }
 
 void JpegFile::readHead() {
-  if (setjmp(errors_.jump)) // NOLINT(cert-err52-cpp): libjpeg knows no other way
+  if (setjmp(errors_.jump)) // libjpeg knows no other way
     fail();
   jpeg_create_decompress(&decoder_);
   decoder_.src = &source_;
@@ -151,7 +151,7 @@ PictureFile::Pixels JpegFile::read(PixelSize atLeast) {
 }
 
 bool JpegFile::start() {
-  if (setjmp(errors_.jump)) // NOLINT(cert-err52-cpp)
+  if (setjmp(errors_.jump))
     return false;
   jpeg_start_decompress(&decoder_);
   return true;
@@ -159,7 +159,7 @@ bool JpegFile::start() {
 
 /// How many rows there were.
 int JpegFile::readRows(Picture& picture) {
-  if (setjmp(errors_.jump)) // NOLINT(cert-err52-cpp)
+  if (setjmp(errors_.jump))
     return static_cast<int>(decoder_.output_scanline);
   while (decoder_.output_scanline < decoder_.output_height)
     readRow(picture.writableRow(static_cast<int>(decoder_.output_scanline)));
