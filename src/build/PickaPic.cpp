@@ -34,14 +34,6 @@ std::filesystem::path standardFolder(QStandardPaths::StandardLocation location) 
   return toPath(QStandardPaths::writableLocation(location));
 }
 
-Picture decodePreview(const std::filesystem::path& file, int side) {
-  try {
-    return decodePictureWithin(file, side).picture;
-  } catch (const std::exception&) {
-    return {}; // the preview stays empty; adding the file will tell what is wrong with it
-  }
-}
-
 } // namespace
 
 PickaPic::PickaPic(Album& album, WorkPool& pool)
@@ -215,7 +207,7 @@ void PickaPic::showFocusedFile() {
   if (!previewing_)
     previewing_.emplace();
   runBeside(
-      pool_, this, [file, side = previewSide()] { return decodePreview(file, side); },
+      pool_, this, [file, side = previewSide()] { return pictureWithinOrNone(file, side); },
       [this, file](const Picture& picture) { previewArrived(file, picture); }, true);
 }
 

@@ -14,14 +14,6 @@ namespace {
 
 constexpr int keptPictures = 500;
 
-Picture decodeSmall(const std::filesystem::path& file, int side) {
-  try {
-    return decodePictureWithin(file, side).picture;
-  } catch (const std::exception&) {
-    return {}; // adding the file will tell what is wrong with it
-  }
-}
-
 QPixmap clearSquare(int side, double ratio) {
   QPixmap square(QSize(side, side) * ratio);
   square.setDevicePixelRatio(ratio);
@@ -73,7 +65,7 @@ void SmallPictures::request(int row, const std::filesystem::path& file) {
   asked_.insert(row);
   const int pixels = static_cast<int>(side_ * ratio_);
   runBeside(
-      pool_, this, [file, pixels] { return decodeSmall(file, pixels); },
+      pool_, this, [file, pixels] { return pictureWithinOrNone(file, pixels); },
       [this, row, list = list_](const Picture& picture) {
         // A broken file stays asked for, so that it is not read again at every paint.
         if (list == list_ && !picture.isNull())

@@ -3,6 +3,8 @@
 #include "PictureFile.h"
 #include "Resample.h"
 
+#include <exception>
+
 namespace hearthbook {
 
 namespace {
@@ -40,6 +42,14 @@ Decoded decodePictureAt(const std::filesystem::path& file, PixelSize size) {
 Decoded decodePictureWithin(const std::filesystem::path& file, int longerSide) {
   const auto opened = openPictureFile(file);
   return decodeOpened(*opened, sizeWithin(fullSizeOf(opened->head()), longerSide), true);
+}
+
+Picture pictureWithinOrNone(const std::filesystem::path& file, int longerSide) {
+  try {
+    return decodePictureWithin(file, longerSide).picture;
+  } catch (const std::exception&) {
+    return {};
+  }
 }
 
 Decoded decodePictureRoughly(const std::filesystem::path& file, int longerSide) {

@@ -36,6 +36,10 @@ Decoded decodePictureAt(const std::filesystem::path& file, PixelSize size);
 /// side rounded half to even and at least 1. Throws RunTimeError.
 Decoded decodePictureWithin(const std::filesystem::path& file, int longerSide);
 
+/// The same for lists and previews: no picture where the file cannot be read. What is wrong with
+/// it is told when it is opened or added.
+Picture pictureWithinOrNone(const std::filesystem::path& file, int longerSide);
+
 /// The picture as its file gives it most cheaply with a longer side of at least `longerSide`;
 /// the whole picture where it is smaller. What several small sizes are made from.
 Decoded decodePictureRoughly(const std::filesystem::path& file, int longerSide);
