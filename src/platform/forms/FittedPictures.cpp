@@ -108,10 +108,10 @@ void FittedPictures::decodeAhead(const std::vector<std::filesystem::path>& files
 }
 
 void FittedPictures::wish(const std::vector<std::filesystem::path>& files, const Fit& fit) {
-  std::vector<std::pair<std::filesystem::path, PixelSize>> wishes;
+  std::vector<PictureWish> wishes;
   for (const auto& file : files)
     if (const auto size = knownSize(file))
-      wishes.emplace_back(file, fit(*size));
+      wishes.push_back({file, fit(*size)});
   loader_.decodeAhead(wishes);
 }
 

@@ -1,7 +1,6 @@
 #include "PictureCache.h"
 
 #include <iterator>
-#include <tuple>
 
 namespace hearthbook {
 
@@ -13,11 +12,6 @@ std::size_t bytesOf(const Decoded& decoded) {
 }
 
 } // namespace
-
-bool PictureWish::operator<(const PictureWish& other) const {
-  return std::tie(file.native(), size.width, size.height) <
-         std::tie(other.file.native(), other.size.width, other.size.height);
-}
 
 const Decoded* PictureCache::find(const PictureWish& wish, const FileStamp& stamp) {
   const auto found = index_.find(wish);

@@ -2,22 +2,13 @@
 
 #include "Decode.h"
 #include "FileStamp.h"
+#include "PictureWish.h"
 
 #include <cstddef>
-#include <filesystem>
 #include <list>
 #include <map>
 
 namespace hearthbook {
-
-/// A picture that somebody wants.
-struct PictureWish {
-  std::filesystem::path file;
-  PixelSize size;
-
-  bool operator==(const PictureWish&) const = default;
-  bool operator<(const PictureWish& other) const;
-};
 
 /// The decoded pictures used last, as many as fit into a number of bytes. Not thread-safe.
 class PictureCache {

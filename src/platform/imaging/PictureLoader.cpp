@@ -214,12 +214,8 @@ PictureLoader::Ticket PictureLoader::load(const std::filesystem::path& file, Pix
   return ticket;
 }
 
-void PictureLoader::decodeAhead(
-    const std::vector<std::pair<std::filesystem::path, PixelSize>>& wishes) {
-  std::deque<PictureWish> queue;
-  for (const auto& [file, size] : wishes)
-    queue.push_back({file, size});
-  impl_->wishFor(std::move(queue));
+void PictureLoader::decodeAhead(const std::vector<PictureWish>& wishes) {
+  impl_->wishFor({wishes.begin(), wishes.end()});
 }
 
 } // namespace hearthbook

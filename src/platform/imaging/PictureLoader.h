@@ -1,12 +1,14 @@
 #pragma once
 
 #include "Decode.h"
+#include "PictureWish.h"
 #include "WorkPool.h"
 
 #include <filesystem>
 #include <functional>
 #include <memory>
 #include <string>
+#include <vector>
 
 namespace hearthbook {
 
@@ -43,7 +45,7 @@ public:
 
   /// Decodes ahead what will probably be asked for next. Newer wishes replace older ones that
   /// have not begun.
-  void decodeAhead(const std::vector<std::pair<std::filesystem::path, PixelSize>>& wishes);
+  void decodeAhead(const std::vector<PictureWish>& wishes);
 
 private:
   struct Impl;
