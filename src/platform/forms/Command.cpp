@@ -93,6 +93,16 @@ private:
   bool refused_ = false;
 };
 
+/// Runs the command of a button or an action; one that may not run now leaves no check behind.
+template <class Trigger> auto runOrTakeBack(Trigger* trigger, std::function<void()> command) {
+  return [trigger, command = std::move(command)](bool checked) {
+    if (runCommand(command) || !trigger->isCheckable())
+      return;
+    const QSignalBlocker quiet(trigger);
+    trigger->setChecked(!checked);
+  };
+}
+
 void commitPreedit() {
   if (QGuiApplication::focusObject())
     QGuiApplication::inputMethod()->commit();
@@ -118,24 +128,11 @@ bool runCommand(const std::function<void()>& command) {
 
 void onCommand(QAbstractButton* button, QObject* owner, std::function<void()> command) {
   QObject::connect(button, &QAbstractButton::clicked, owner,
-                   [button, command = std::move(command)](bool checked) {
-                     const bool ran = runCommand(command);
-                     if (ran || !button->isCheckable())
-                       return;
-                     const QSignalBlocker quiet(button);
-                     button->setChecked(!checked);
-                   });
+                   runOrTakeBack(button, std::move(command)));
 }
 
 void onCommand(QAction* action, QObject* owner, std::function<void()> command) {
-  QObject::connect(action, &QAction::triggered, owner,
-                   [action, command = std::move(command)](bool checked) {
-                     const bool ran = runCommand(command);
-                     if (ran || !action->isCheckable())
-                       return;
-                     const QSignalBlocker quiet(action);
-                     action->setChecked(!checked);
-                   });
+  QObject::connect(action, &QAction::triggered, owner, runOrTakeBack(action, std::move(command)));
 }
 
 } // namespace hearthbook
