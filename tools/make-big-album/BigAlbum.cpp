@@ -4,20 +4,13 @@
 #include "DatabaseMaker.h"
 #include "RunTimeError.h"
 
-#include <fstream>
 #include <string>
-#include <vector>
 
 namespace hearthbook {
 
 namespace {
 
 namespace fs = std::filesystem;
-
-std::vector<HelpRow> helpRows(const fs::path& file) {
-  std::ifstream lines(file);
-  return readHelpRows(lines);
-}
 
 std::string rows(int last) {
   return "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < " +
@@ -45,11 +38,14 @@ void addPhotos(Connection& album, int photos) {
 } // namespace
 
 void makeBigAlbum(const fs::path& folder, const BigAlbumPlan& plan) {
+  constexpr int mostPhotos = 99'999; // five digits in an id
+  if (plan.photos < 1 || plan.photos > mostPhotos)
+    throw RunTimeError("An album has 1 to 99,999 photos.");
   const fs::path album = folder / "Data" / "Photo_Album.mdb";
   fs::create_directories(album.parent_path());
   if (!makeAlbumDatabase(album, plan.schemaFolder))
     throw RunTimeError("There is an album in " + folder.string() + ".");
-  makeHelpDatabase(folder / "Data" / "Help.mdb", plan.schemaFolder, helpRows(plan.helpRows));
+  makeHelpDatabase(folder / "Data" / "Help.mdb", plan.schemaFolder, readHelpRows(plan.helpRows));
   Connection connection;
   connection.Open(album);
   connection.transaction([&] {

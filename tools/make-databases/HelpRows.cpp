@@ -2,7 +2,7 @@
 
 #include "RunTimeError.h"
 
-#include <istream>
+#include <fstream>
 
 namespace hearthbook {
 namespace {
@@ -47,6 +47,13 @@ std::vector<HelpRow> readHelpRows(std::istream& lines) {
   }
   requireText(rows, number);
   return rows;
+}
+
+std::vector<HelpRow> readHelpRows(const std::filesystem::path& file) {
+  std::ifstream lines(file);
+  if (!lines)
+    throw RunTimeError("Cannot read \"" + file.string() + "\".");
+  return readHelpRows(lines);
 }
 
 } // namespace hearthbook

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <filesystem>
 #include <iosfwd>
 #include <string>
 #include <vector>
@@ -17,5 +18,6 @@ struct HelpRow {
 /// Reads blocks of a line "[Screen*Item]" and the lines of its text, an empty line between.
 /// Throws RunTimeError, with the line's number, where a text has no key or a key has no text.
 std::vector<HelpRow> readHelpRows(std::istream& lines);
+std::vector<HelpRow> readHelpRows(const std::filesystem::path& file);
 
 } // namespace hearthbook

@@ -2,23 +2,13 @@
 
 #include "DatabaseMaker.h"
 
-#include "RunTimeError.h"
-
 #include <cstdio>
 #include <exception>
 #include <filesystem>
-#include <fstream>
 
 namespace {
 
 namespace fs = std::filesystem;
-
-std::vector<hearthbook::HelpRow> helpRowsOf(const fs::path& file) {
-  std::ifstream lines(file);
-  if (!lines)
-    throw hearthbook::RunTimeError("Cannot read \"" + file.string() + "\".");
-  return hearthbook::readHelpRows(lines);
-}
 
 void tell(const fs::path& file, bool made) {
   std::printf("%s %s\n", made ? "made" : "left as it is:", file.c_str());
@@ -28,7 +18,7 @@ void makeBoth(const fs::path& output, const fs::path& schema, const fs::path& he
   const fs::path album = output / "Photo_Album.mdb";
   const fs::path help = output / "Help.mdb";
   tell(album, hearthbook::makeAlbumDatabase(album, schema));
-  tell(help, hearthbook::makeHelpDatabase(help, schema, helpRowsOf(helpRows)));
+  tell(help, hearthbook::makeHelpDatabase(help, schema, hearthbook::readHelpRows(helpRows)));
 }
 
 } // namespace
