@@ -14,11 +14,6 @@ namespace {
 
 class DBeditorEdits : public test::EditorFixture {
 protected:
-  void set(const std::string& id, const std::string& assignment) {
-    data().AlbumDB.execute("UPDATE PhotoAlbum SET " + assignment + " WHERE PictureID = '" + id +
-                           "'");
-    photos().Requery();
-  }
   void refuseUpdates(const std::string& condition) {
     data().AlbumDB.execute("CREATE TRIGGER Refuse BEFORE UPDATE ON PhotoAlbum WHEN " + condition +
                            " BEGIN SELECT RAISE(ABORT, 'no such photo'); END");

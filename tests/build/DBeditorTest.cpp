@@ -13,28 +13,12 @@ namespace {
 
 class DBeditorTest : public test::EditorFixture {
 protected:
-  static QStringList textsOf(const QListWidget& list) {
-    QStringList texts;
-    for (int row = 0; row < list.count(); ++row)
-      texts << list.item(row)->text();
-    return texts;
-  }
+  using FormControls::textsOf;
   static QStringList textsOf(const QComboBox& combo) {
     QStringList texts;
     for (int row = 0; row < combo.count(); ++row)
       texts << combo.itemText(row);
     return texts;
-  }
-  static QStringList textsOf(const QAbstractItemView& list) {
-    QStringList texts;
-    for (int row = 0; row < list.model()->rowCount(); ++row)
-      texts << list.model()->index(row, 0).data().toString();
-    return texts;
-  }
-  void set(const std::string& id, const std::string& assignment) {
-    data().AlbumDB.execute("UPDATE PhotoAlbum SET " + assignment + " WHERE PictureID = '" + id +
-                           "'");
-    photos().Requery();
   }
   static QRgb shownColour(const QWidget& editor) {
     const Picture& picture = control<PictureBox>(editor, "Image1")->picture();

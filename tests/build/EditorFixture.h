@@ -3,6 +3,7 @@
 #include "AlbumFixture.h"
 #include "BoxScript.h"
 #include "DBeditor.h"
+#include "FormControls.h"
 #include "Forms.h"
 #include "Guard.h"
 #include "NamesManager.h"
@@ -15,7 +16,6 @@
 #include "Text.h"
 #include "YearWizard.h"
 
-#include <QAbstractButton>
 #include <QLabel>
 #include <QTest>
 
@@ -41,11 +41,9 @@ public:
 };
 
 /// An album, its editor and Add From File, as the program wires them.
-class EditorFixture : public AlbumFixture {
+class EditorFixture : public AlbumFixture, protected FormControls {
 protected:
   EditorFixture() {
-    vars().rsHelp = std::make_unique<Recordset>(album().helpConnection);
-    vars().rsHelp->Open("SELECT * FROM Help");
     Forms::provide<Progress>([] { return new Progress; });
     Forms::provide<DBeditor>(
         [this] { return new DBeditor(album(), loader_, pool_, frame_, frame_); });
@@ -76,21 +74,12 @@ protected:
     QCoreApplication::processEvents();
   }
 
-  template <class X> static X* control(const QWidget& form, const char* name) {
-    X* found = form.findChild<X*>(QString::fromLatin1(name));
-    if (!found)
-      throw std::logic_error(std::string("no control ") + name);
-    return found;
-  }
   static void press(const QWidget& form, const char* name) {
-    QTest::mouseClick(control<QAbstractButton>(form, name), Qt::LeftButton);
+    FormControls::press(form, name);
     settle();
   }
   static std::string labelOf(const QWidget& form, const char* name) {
     return toUtf8(control<QLabel>(form, name)->text());
-  }
-  static bool isEnabled(const QWidget& form, const char* name) {
-    return control<QWidget>(form, name)->isEnabled();
   }
   static TwipsRect rectOf(const QWidget& form, const char* name) {
     return form.findChild<Stage*>()->rect(control<QWidget>(form, name));
@@ -98,6 +87,12 @@ protected:
 
   Recordset& photos() { return data().rsPhotoAlbum; }
   std::string currentId() { return photos().Collect("PictureID").toText(); }
+  /// Changes a photo as another program would, and reads the photos again.
+  void set(const std::string& id, const std::string& assignment) {
+    data().AlbumDB.execute("UPDATE PhotoAlbum SET " + assignment + " WHERE PictureID = '" + id +
+                           "'");
+    photos().Requery();
+  }
   /// What is on the disk, not what a record set remembers.
   Value stored(const std::string& id, const char* field) {
     Recordset rows(data().AlbumDB);

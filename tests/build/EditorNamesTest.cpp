@@ -57,12 +57,6 @@ protected:
     filter(editor).setCurrentIndex(index);
     Q_EMIT filter(editor).activated(index);
   }
-  static QStringList textsOf(QAbstractItemView& list) {
-    QStringList texts;
-    for (int row = 0; row < list.model()->rowCount(); ++row)
-      texts << list.model()->index(row, 0).data().toString();
-    return texts;
-  }
   static QStringList texts(std::initializer_list<const char*> wanted) {
     QStringList list;
     for (const char* text : wanted)

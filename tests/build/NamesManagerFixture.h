@@ -45,9 +45,6 @@ protected:
   }
   static void done(const NamesManager& manager) { press(manager, "OKButton"); }
   static void cancel(const NamesManager& manager) { press(manager, "Command2"); }
-  static bool isEnabled(const NamesManager& manager, const char* name) {
-    return control(manager, name)->isEnabled();
-  }
 };
 
 } // namespace hearthbook::test

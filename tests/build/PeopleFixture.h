@@ -3,6 +3,7 @@
 #include "AlbumFixture.h"
 #include "BoundControls.h"
 #include "BoxScript.h"
+#include "FormControls.h"
 #include "Forms.h"
 #include "NameItems.h"
 #include "NamesManager.h"
@@ -17,8 +18,6 @@
 #include <QTest>
 #include <QTimer>
 #include <QVBoxLayout>
-
-#include <stdexcept>
 
 namespace hearthbook::test {
 
@@ -50,11 +49,9 @@ public:
 };
 
 /// An album, a form with people on it, and the two dialogs that it opens, in the year 2026.
-class PeopleFixture : public AlbumFixture {
+class PeopleFixture : public AlbumFixture, protected FormControls {
 protected:
   PeopleFixture() {
-    vars().rsHelp = std::make_unique<Recordset>(album().helpConnection);
-    vars().rsHelp->Open("SELECT * FROM Help");
     Forms::provide<CallerForm>([this] { return new CallerForm(album()); });
     Forms::provide<NamesManager>([this] { return new NamesManager(album()); });
     Forms::provide<YearWizard>([this] { return new YearWizard(album(), [] { return 2026; }); });
@@ -84,15 +81,6 @@ protected:
     });
   }
 
-  template <class X = QWidget> static X* control(const QWidget& form, const char* name) {
-    X* found = form.findChild<X*>(QString::fromLatin1(name));
-    if (!found)
-      throw std::logic_error(std::string("no control ") + name);
-    return found;
-  }
-  static void press(const QWidget& form, const char* name) {
-    QTest::mouseClick(control(form, name), Qt::LeftButton);
-  }
   static std::string text(const QWidget& form, const char* name) {
     return toUtf8(control<QLineEdit>(form, name)->text());
   }

@@ -19,8 +19,6 @@ namespace {
 class ModalHelpTest : public AlbumFixture {
 protected:
   ModalHelpTest() {
-    vars().rsHelp = std::make_unique<Recordset>(album().helpConnection);
-    vars().rsHelp->Open("SELECT * FROM Help");
     auto* column = new QVBoxLayout(&dialog);
     for (QWidget* part : std::initializer_list<QWidget*>{drive, plain, frame, text})
       column->addWidget(part);

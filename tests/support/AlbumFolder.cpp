@@ -4,9 +4,7 @@
 #include "FileBytes.h"
 #include "PhotoIdentity.h"
 #include "TestPictures.h"
-
-#include <fstream>
-#include <vector>
+#include "Words.h"
 
 namespace hearthbook::test {
 namespace fs = std::filesystem;
@@ -16,22 +14,10 @@ constexpr std::string_view emptyGif{"GIF89a\1\0\1\0\x80\0\0\0\0\0\xFF\xFF\xFF,\0
                                     "\2\2D\1\0;",
                                     35};
 
-std::string quoted(const std::string& text) {
-  std::string literal = "'";
-  for (const char c : text)
-    literal += c == '\'' ? "''" : std::string(1, c);
-  return literal + "'";
-}
-
 std::string literalOf(const Value& value) {
   if (value.isNull())
     return "Null";
-  return value.isText() ? quoted(value.toText()) : value.toText();
-}
-
-std::vector<HelpRow> helpRows() {
-  std::ifstream lines(HEARTHBOOK_HELP_ROWS);
-  return readHelpRows(lines);
+  return value.isText() ? "'" + doubled(value.toText(), '\'') + "'" : value.toText();
 }
 
 /// The pictures that the build has rendered; where it has not, the one that none can miss.
@@ -60,7 +46,8 @@ AlbumFolder::AlbumFolder()
   makeFolders(root_);
   copyMedia(root_ / "Media");
   makeAlbumDatabase(at("Data/Photo_Album.mdb"), HEARTHBOOK_SCHEMA);
-  makeHelpDatabase(at("Data/Help.mdb"), HEARTHBOOK_SCHEMA, helpRows());
+  makeHelpDatabase(at("Data/Help.mdb"), HEARTHBOOK_SCHEMA,
+                   readHelpRows(fs::path(HEARTHBOOK_HELP_ROWS)));
   writeJpeg(at("Photos/00001.jpg"));
   writeJpeg(at("Thumbnails/00001.jpg"), 73, 55);
   album_ = albumIn(root_, drives_);
@@ -69,6 +56,8 @@ AlbumFolder::AlbumFolder()
 void AlbumFolder::open() {
   album_->data.AlbumDB.Open(at("Data/Photo_Album.mdb"));
   album_->helpConnection.Open(at("Data/Help.mdb"));
+  album_->vars.rsHelp = std::make_unique<Recordset>(album_->helpConnection);
+  album_->vars.rsHelp->Open("SELECT * FROM Help");
   album_->data.openRecordsets();
 }
 
