@@ -8,7 +8,7 @@ namespace hearthbook {
 
 namespace {
 
-std::string refusal(std::string_view bytes) {
+std::string midiRefusal(std::string_view bytes) {
   try {
     const MidiFile midi(bytes);
     return {};
@@ -51,30 +51,30 @@ TEST(MidiFile, ChunksThatAreNotKnownAreSteppedOver) {
 }
 
 TEST(MidiFile, GarbageIsRefused) {
-  EXPECT_EQ(refusal(""), "it is no MIDI");
-  EXPECT_EQ(refusal("garbage and more garbage"), "it is no MIDI");
-  EXPECT_EQ(refusal("MThd"), "it is no MIDI");
-  EXPECT_EQ(refusal(test::midiTune(4, 4).substr(0, 14)), "there is no music in it");
+  EXPECT_EQ(midiRefusal(""), "it is no MIDI");
+  EXPECT_EQ(midiRefusal("garbage and more garbage"), "it is no MIDI");
+  EXPECT_EQ(midiRefusal("MThd"), "it is no MIDI");
+  EXPECT_EQ(midiRefusal(test::midiTune(4, 4).substr(0, 14)), "there is no music in it");
 }
 
 TEST(MidiFile, AFileThatIsCutOffIsRefusedWhereverItIsCut) {
   const std::string tune = test::midiTune(4, 4);
   for (std::size_t bytes = 0; bytes < tune.size(); ++bytes)
-    EXPECT_NE(refusal(tune.substr(0, bytes)), "") << bytes;
+    EXPECT_NE(midiRefusal(tune.substr(0, bytes)), "") << bytes;
 }
 
 TEST(MidiFile, TimeThatIsNotCountedInNotesIsRefused) {
   std::string tune = test::midiTune(4, 4);
   tune.replace(12, 2, std::string("\0\0", 2));
-  EXPECT_EQ(refusal(tune), "its time is not counted in notes");
+  EXPECT_EQ(midiRefusal(tune), "its time is not counted in notes");
   tune.replace(12, 2, "\xE7\x28");
-  EXPECT_EQ(refusal(tune), "its time is not counted in notes") << "pictures of a film";
+  EXPECT_EQ(midiRefusal(tune), "its time is not counted in notes") << "pictures of a film";
 }
 
 TEST(MidiFile, AnEventThatCannotBeOneIsRefused) {
   std::string tune = test::midiTune(1, 1);
   tune.replace(22 + 1, 1, "\x05"); // with no event before that it could be like
-  EXPECT_EQ(refusal(tune), "it is damaged");
+  EXPECT_EQ(midiRefusal(tune), "it is damaged");
 }
 
 } // namespace hearthbook
