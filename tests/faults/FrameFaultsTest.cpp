@@ -124,7 +124,8 @@ TEST_F(FrameFaults, AFolderThatCanOnlyBeReadIsNamedAndTheProgramDoesNotStart) {
                                 folder().root().string() + " cannot be written to."),
                       {}, MsgIcon::Critical);
 
-  EXPECT_EQ(runHearthbook(folder(), {}), 0);
+  EarlyStart early(folder());
+  EXPECT_EQ(runHearthbook(early, {}), 0);
 
   EXPECT_TRUE(boxes.isDone());
   expectWholeAlbum();
