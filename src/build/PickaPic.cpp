@@ -4,22 +4,20 @@
 #include "Command.h"
 #include "Decode.h"
 #include "FileListModel.h"
+#include "FolderBrowser.h"
 #include "Guard.h"
 #include "Look.h"
 #include "ModalHelp.h"
 #include "MsgBox.h"
 #include "PictureBox.h"
-#include "RunTimeError.h"
+#include "PictureChoice.h"
 #include "Text.h"
 #include "ui_PickaPic.h"
 
 #include <QCoreApplication>
-#include <QFileSystemModel>
 #include <QKeyEvent>
 #include <QResizeEvent>
 #include <QScopeGuard>
-#include <QSignalBlocker>
-#include <QStandardPaths>
 
 #include <algorithm>
 #include <cmath>
@@ -30,16 +28,11 @@ namespace {
 
 const QString formTitle = QStringLiteral("Add From File");
 
-std::filesystem::path standardFolder(QStandardPaths::StandardLocation location) {
-  return toPath(QStandardPaths::writableLocation(location));
-}
-
 } // namespace
 
 PickaPic::PickaPic(Album& album, WorkPool& pool)
     : Form(QStringLiteral("PickaPic"), Kind::Dialog), album_(album), pool_(pool),
-      ui(std::make_unique<Ui::PickaPic>()), folders_(new QFileSystemModel(this)),
-      files_(new FileListModel(pool, this)) {
+      ui(std::make_unique<Ui::PickaPic>()), files_(new FileListModel(pool, this)) {
   ui->setupUi(this);
   ui->frmProgress->hide();
   showOnPaper();
@@ -58,17 +51,12 @@ void PickaPic::showOnPaper() {
 }
 
 void PickaPic::wireBrowser() {
-  folders_->setFilter(QDir::Dirs | QDir::NoDotAndDotDot);
-  folders_->setRootPath(QStringLiteral("/"));
-  ui->Dir1->setModel(folders_);
-  for (int column = 1; column < folders_->columnCount(); ++column)
-    ui->Dir1->hideColumn(column);
-  // The tree is read and sorted beside the window's thread: its rows move until it is. Once
-  // the user has touched it, it stays where he left it.
-  connect(folders_, &QFileSystemModel::directoryLoaded, this, &PickaPic::keepFolderInSight);
-  connect(folders_, &QFileSystemModel::layoutChanged, this, &PickaPic::keepFolderInSight);
-  ui->Dir1->installEventFilter(this);
-  ui->Dir1->viewport()->installEventFilter(this);
+  browser_ = new FolderBrowser({ui->Drive1, ui->Dir1, ui->folderEdit}, album_.drives, pool_,
+                               picturePattern, formTitle, this);
+  connect(browser_, &FolderBrowser::driveTouched, modalHelp_,
+          [this] { modalHelp_->show(QStringLiteral("Add From File*Drive")); });
+  connect(browser_, &FolderBrowser::reading, this, &PickaPic::leaveFolder);
+  connect(browser_, &FolderBrowser::filesRead, files_, &FileListModel::setFiles);
 
   constexpr int side = FileListModel::pictureSide;
   ui->File1->setModel(files_);
@@ -76,25 +64,9 @@ void PickaPic::wireBrowser() {
   ui->File1->setGridSize({side + 24, side + 2 * fontMetrics().height() + 6});
 }
 
-void PickaPic::keepFolderInSight() {
-  if (seeking_)
-    ui->Dir1->scrollTo(ui->Dir1->currentIndex());
-}
-
 void PickaPic::wireControls() {
-  connect(ui->Drive1, &QComboBox::activated, this,
-          [this](int index) { runCommand([=, this] { chooseDrive(index); }); });
-  onCommand(ui->homeButton, this,
-            [this] { showFolder(standardFolder(QStandardPaths::HomeLocation)); });
-  onCommand(ui->picturesButton, this,
-            [this] { showFolder(standardFolder(QStandardPaths::PicturesLocation)); });
-  connect(ui->Dir1->selectionModel(), &QItemSelectionModel::currentChanged, this,
-          [this](const QModelIndex& folder) {
-            if (!placing_)
-              runCommand([=, this] { openFolder(toPath(folders_->filePath(folder))); });
-          });
-  connect(ui->folderEdit, &QLineEdit::returnPressed, this,
-          asCommand([this] { chooseTypedFolder(); }));
+  onCommand(ui->homeButton, this, [this] { browser_->showHome(); });
+  onCommand(ui->picturesButton, this, [this] { showFolder(picturesFolder()); });
   connect(ui->File1->selectionModel(), &QItemSelectionModel::selectionChanged, this,
           &PickaPic::selectionChanged);
   onCommand(ui->OK, this, &PickaPic::addSelected); // "Insert Single", "Insert Multiple"
@@ -102,9 +74,7 @@ void PickaPic::wireControls() {
 }
 
 void PickaPic::load() {
-  showDrives();
-  const auto start = album_.vars.LastFolder.value_or(album_.folder.path("\\Photos"));
-  showFolder(nearestFolder(start));
+  browser_->start(album_.vars.LastFolder.value_or(album_.folder.path("\\Photos")));
   modalHelp_->show(QStringLiteral("Add From File*Help"));
 }
 
@@ -115,75 +85,15 @@ bool PickaPic::unloading() {
   return true;
 }
 
-void PickaPic::showDrives() {
-  drives_ = album_.drives.enumerate();
-  const QSignalBlocker quiet(ui->Drive1);
-  ui->Drive1->clear();
-  for (const Drive& drive : drives_)
-    ui->Drive1->addItem(toQString(driveCaption(drive)));
-}
+void PickaPic::showFolder(const std::filesystem::path& folder) { browser_->showFolder(folder); }
 
-void PickaPic::chooseDrive(int index) {
-  modalHelp_->show(QStringLiteral("Add From File*Drive"));
-  const char letter = drives_.at(static_cast<std::size_t>(index)).letter;
-  showDrives();
-  try {
-    showFolder(driveRoot(drives_, letter));
-  } catch (const RunTimeError& failure) {
-    if (failure.number() == 68)
-      MsgBox(QStringLiteral("Drive Does Not Exist"));
-    showFolder(folder_);
-  }
-}
+bool PickaPic::isReading() const { return browser_->isReading(); }
 
-void PickaPic::chooseTypedFolder() {
-  const auto folder = toPath(ui->folderEdit->text());
-  std::error_code unknown;
-  if (std::filesystem::is_directory(folder, unknown))
-    return showFolder(folder);
-  MsgBox(QStringLiteral("There is no folder ") + toQString(folder), formTitle,
-         MsgIcon::Exclamation);
-  ui->folderEdit->setText(toQString(folder_));
-}
-
-void PickaPic::showFolder(const std::filesystem::path& folder) {
-  const auto drive = driveOf(drives_, folder);
-  ui->Drive1->setCurrentIndex(drive ? static_cast<int>(*drive) : -1);
-  const auto root = drive ? drives_[*drive].root : std::filesystem::path("/");
-  ui->Dir1->setRootIndex(folders_->index(toQString(root)));
-  placing_ = true;
-  const QModelIndex index = folders_->index(toQString(folder));
-  ui->Dir1->setCurrentIndex(index);
-  ui->Dir1->expand(index);
-  ui->Dir1->scrollTo(index);
-  placing_ = false;
-  seeking_ = true;
-  openFolder(folder);
-}
-
-void PickaPic::openFolder(const std::filesystem::path& folder) {
-  folder_ = folder;
-  album_.vars.LastFolder = folder;
-  ui->folderEdit->setText(toQString(folder));
-  refreshFiles();
-}
-
-void PickaPic::refreshFiles() {
-  reading_ = true;
-  files_->setFiles({}); // what is chosen in the folder before is not to be added from now on
+/// What is chosen in it is not to be added from now on.
+void PickaPic::leaveFolder() {
+  album_.vars.LastFolder = browser_->folder();
+  files_->setFiles({});
   ui->OK->setEnabled(false);
-  runBeside(
-      pool_, this, [folder = folder_] { return readFolder(folder); },
-      [this, folder = folder_](const FolderContent& content) { showFiles(folder, content); }, true);
-}
-
-void PickaPic::showFiles(const std::filesystem::path& folder, const FolderContent& content) {
-  if (folder != folder_)
-    return;
-  reading_ = false;
-  files_->setFiles(content.pictures);
-  if (!content.error.empty())
-    MsgBox(toQString(content.error), formTitle, MsgIcon::Exclamation);
 }
 
 void PickaPic::selectionChanged() {
@@ -244,8 +154,8 @@ void PickaPic::addSelected() {
   {
     const Hourglass hourglass;
     added = runAdding();
-    refreshFiles();
-    waitUntil([this] { return !reading_; });
+    browser_->refresh();
+    waitUntil([this] { return !isReading(); });
   }
   ui->Cancel->setText(QStringLiteral("Done"));
   MsgBox(QString::number(added) + QStringLiteral(" Files added to album."), formTitle,
@@ -302,27 +212,15 @@ void PickaPic::showRunning(bool running) {
 
 void PickaPic::keyPressEvent(QKeyEvent* event) {
   const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-  const auto choosing = {static_cast<QWidget*>(ui->Drive1), static_cast<QWidget*>(ui->Dir1),
-                         static_cast<QWidget*>(ui->folderEdit)};
   // Return there chooses a folder: the default button would add the files of the one before.
-  if (isReturn && std::ranges::find(choosing, focusWidget()) != choosing.end())
+  if (isReturn && browser_->hasFocus())
     return;
   Form::keyPressEvent(event);
 }
 
 bool PickaPic::eventFilter(QObject* watched, QEvent* event) {
-  switch (event->type()) {
-  case QEvent::Resize:
+  if (event->type() == QEvent::Resize)
     placePreview();
-    break;
-  case QEvent::KeyPress:
-  case QEvent::MouseButtonPress:
-  case QEvent::Wheel:
-    seeking_ = false;
-    break;
-  default:
-    break;
-  }
   return Form::eventFilter(watched, event);
 }
 

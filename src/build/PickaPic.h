@@ -2,17 +2,12 @@
 
 #include "AddPhotos.h"
 #include "Album.h"
-#include "Drives.h"
-#include "FileBrowser.h"
 #include "Form.h"
 #include "Pointer.h"
 
 #include <filesystem>
 #include <memory>
 #include <optional>
-#include <vector>
-
-class QFileSystemModel;
 
 namespace Ui {
 class PickaPic;
@@ -21,6 +16,7 @@ class PickaPic;
 namespace hearthbook {
 
 class FileListModel;
+class FolderBrowser;
 class ModalHelp;
 
 /// Add From File: the family looks through the folders of the machine, marks pictures and has
@@ -38,7 +34,7 @@ public:
   void showFolder(const std::filesystem::path& folder);
 
   /// True while a folder is being read beside the window's thread.
-  [[nodiscard]] bool isReading() const { return reading_; }
+  [[nodiscard]] bool isReading() const;
 
 protected:
   void load() override;
@@ -49,15 +45,9 @@ protected:
 private:
   void wireControls();
   void wireBrowser();
-  void keepFolderInSight();
   void showOnPaper();
 
-  void showDrives();
-  void chooseDrive(int index);
-  void chooseTypedFolder();
-  void openFolder(const std::filesystem::path& folder);
-  void refreshFiles();
-  void showFiles(const std::filesystem::path& folder, const FolderContent& content);
+  void leaveFolder();
 
   void selectionChanged();
   void showFocusedFile();
@@ -74,16 +64,11 @@ private:
   Album& album_;
   WorkPool& pool_;
   std::unique_ptr<Ui::PickaPic> ui;
-  QFileSystemModel* folders_;
   FileListModel* files_;
+  FolderBrowser* browser_ = nullptr;
   ModalHelp* modalHelp_ = nullptr;
-  std::vector<Drive> drives_;
-  std::filesystem::path folder_;        ///< whose files the list shows
   std::filesystem::path previewed_;     ///< the file whose preview is wanted
   std::optional<Hourglass> previewing_; ///< while a preview is on its way
-  bool placing_ = false;                ///< the program, not the user, goes to a folder
-  bool seeking_ = false;                ///< the folder list is to stay where the folder is in sight
-  bool reading_ = false;
   bool running_ = false;
 };
 

@@ -29,9 +29,9 @@ bool liesBelow(const std::filesystem::path& folder, const std::filesystem::path&
 
 } // namespace
 
-bool isPictureName(std::string_view fileName) {
+bool matchesPattern(std::string_view fileName, std::string_view pattern) {
   const std::string name = asciiLower(fileName);
-  std::string_view rest = picturePattern;
+  std::string_view rest = pattern;
   while (true) {
     const std::size_t end = rest.find(';');
     if (endsAs(name, rest.substr(0, end)))
@@ -42,21 +42,22 @@ bool isPictureName(std::string_view fileName) {
   }
 }
 
-FolderContent readFolder(const std::filesystem::path& folder) {
+FolderContent readFolder(const std::filesystem::path& folder, std::string_view pattern) {
   FolderContent content;
   std::error_code failure;
   std::filesystem::directory_iterator entry(folder, failure);
   const std::filesystem::directory_iterator end;
   while (!failure && entry != end) {
     std::error_code unknown; // a dangling link is no file
-    if (isPictureName(entry->path().filename().string()) && entry->is_regular_file(unknown))
-      content.pictures.push_back(entry->path());
+    if (matchesPattern(entry->path().filename().string(), pattern) &&
+        entry->is_regular_file(unknown))
+      content.files.push_back(entry->path());
     entry.increment(failure);
   }
   if (failure)
     content.error =
         "The folder " + folder.string() + " cannot be read: " + causeOf(failure.value()) + ".";
-  std::sort(content.pictures.begin(), content.pictures.end(), nameBefore);
+  std::sort(content.files.begin(), content.files.end(), nameBefore);
   return content;
 }
 
@@ -96,12 +97,6 @@ std::filesystem::path nearestFolder(std::filesystem::path folder) {
   while (!std::filesystem::is_directory(folder, unknown) && folder.has_relative_path())
     folder = folder.parent_path();
   return folder;
-}
-
-std::optional<std::string_view> insertCaption(std::size_t selected) {
-  if (selected == 0)
-    return std::nullopt;
-  return selected == 1 ? "Insert Single" : "Insert Multiple";
 }
 
 } // namespace hearthbook

@@ -11,11 +11,13 @@ namespace hearthbook {
 
 namespace {
 
+constexpr std::string_view pattern = "*.wav;*.mid";
+
 void touch(const std::filesystem::path& file) { std::ofstream(file) << "x"; }
 
 std::vector<std::string> namesOf(const FolderContent& content) {
   std::vector<std::string> names;
-  for (const auto& file : content.pictures)
+  for (const auto& file : content.files)
     names.push_back(file.filename().string());
   return names;
 }
@@ -29,47 +31,38 @@ std::vector<Drive> someDrives(const std::filesystem::path& root) {
 
 } // namespace
 
-TEST(FileBrowser, ThePatternIsTheSevenEndings) {
-  EXPECT_EQ(picturePattern, "*.jpg;*.bmp;*.tif;*.ico;*.png;*.pcx;*.tga");
-  for (const char* name : {"a.jpg", "a.bmp", "a.tif", "a.ico", "a.png", "a.pcx", "a.tga"})
-    EXPECT_TRUE(isPictureName(name)) << name;
-}
-
-TEST(FileBrowser, ThePatternHasNoRegardToCase) {
-  EXPECT_TRUE(isPictureName("HOLIDAY.JPG"));
-  EXPECT_TRUE(isPictureName("Holiday.Jpg"));
-}
-
-TEST(FileBrowser, OtherEndingsAreNotListed) {
-  for (const char* name : {"a.jpeg", "a.tiff", "a.gif", "a.jpg.txt", "jpg", "ajpg", ""})
-    EXPECT_FALSE(isPictureName(name)) << name;
+TEST(FileBrowser, ANameMatchesThePatternByItsEndingWithoutRegardToCase) {
+  for (const char* name : {"a.wav", "TUNE.MID", "Voice.Wav", ".mid"})
+    EXPECT_TRUE(matchesPattern(name, pattern)) << name;
+  for (const char* name : {"a.wave", "a.midi", "a.jpg", "a.wav.txt", "wav", "awav", ""})
+    EXPECT_FALSE(matchesPattern(name, pattern)) << name;
 }
 
 TEST(FileBrowser, AFolderIsReadByNameWithoutRegardToCase) {
   const test::TemporaryFolder folder;
-  for (const char* name : {"b.jpg", "A.JPG", "c.png", "a.bmp", "notes.txt"})
+  for (const char* name : {"b.wav", "A.WAV", "c.mid", "a.mid", "notes.txt"})
     touch(folder.path() / name);
-  EXPECT_EQ(namesOf(readFolder(folder.path())),
-            (std::vector<std::string>{"a.bmp", "A.JPG", "b.jpg", "c.png"}));
+  EXPECT_EQ(namesOf(readFolder(folder.path(), pattern)),
+            (std::vector<std::string>{"a.mid", "A.WAV", "b.wav", "c.mid"}));
 }
 
 TEST(FileBrowser, NamesWithBlanksQuotesAndUmlautsAreListed) {
   const test::TemporaryFolder folder;
-  for (const char* name : {"Oma's \"Geburtstag\".jpg", "Käse.jpg", "🎂.jpg"})
+  for (const char* name : {"Oma's \"Geburtstag\".wav", "Käse.wav", "🎂.wav"})
     touch(folder.path() / name);
-  EXPECT_EQ(readFolder(folder.path()).pictures.size(), 3U);
+  EXPECT_EQ(readFolder(folder.path(), pattern).files.size(), 3U);
 }
 
 TEST(FileBrowser, FoldersAndDanglingLinksAreNoFiles) {
   const test::TemporaryFolder folder;
-  std::filesystem::create_directory(folder.path() / "album.jpg");
-  std::filesystem::create_symlink(folder.path() / "gone", folder.path() / "link.jpg");
-  EXPECT_EQ(readFolder(folder.path()), FolderContent());
+  std::filesystem::create_directory(folder.path() / "album.wav");
+  std::filesystem::create_symlink(folder.path() / "gone", folder.path() / "link.wav");
+  EXPECT_EQ(readFolder(folder.path(), pattern), FolderContent());
 }
 
 TEST(FileBrowser, AFolderThatCannotBeReadTellsWhy) {
-  const auto content = readFolder("/nowhere/at all");
-  EXPECT_TRUE(content.pictures.empty());
+  const auto content = readFolder("/nowhere/at all", pattern);
+  EXPECT_TRUE(content.files.empty());
   EXPECT_NE(content.error.find("/nowhere/at all"), std::string::npos) << content.error;
 }
 
@@ -111,13 +104,6 @@ TEST(FileBrowser, AFolderThatHasGoneIsReplacedByTheNearestAboveIt) {
   EXPECT_EQ(nearestFolder(folder.path() / "gone" / "deeper"), folder.path());
   EXPECT_EQ(nearestFolder(folder.path()), folder.path());
   EXPECT_EQ(nearestFolder("/nowhere/at/all"), "/");
-}
-
-TEST(FileBrowser, TheCommandNamesOneOrManyAndStaysForNone) {
-  EXPECT_EQ(insertCaption(0), std::nullopt);
-  EXPECT_EQ(insertCaption(1), "Insert Single");
-  EXPECT_EQ(insertCaption(2), "Insert Multiple");
-  EXPECT_EQ(insertCaption(10'000), "Insert Multiple");
 }
 
 } // namespace hearthbook

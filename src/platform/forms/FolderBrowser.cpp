@@ -1,0 +1,158 @@
+#include "FolderBrowser.h"
+
+#include "Beside.h"
+#include "Command.h"
+#include "MsgBox.h"
+#include "RunTimeError.h"
+#include "Text.h"
+
+#include <QComboBox>
+#include <QEvent>
+#include <QFileSystemModel>
+#include <QLineEdit>
+#include <QSignalBlocker>
+#include <QStandardPaths>
+#include <QTreeView>
+
+#include <utility>
+
+namespace hearthbook {
+
+namespace {
+
+std::filesystem::path standardFolder(QStandardPaths::StandardLocation location) {
+  return toPath(QStandardPaths::writableLocation(location));
+}
+
+} // namespace
+
+std::filesystem::path picturesFolder() { return standardFolder(QStandardPaths::PicturesLocation); }
+
+std::filesystem::path musicFolder() { return standardFolder(QStandardPaths::MusicLocation); }
+
+FolderBrowser::FolderBrowser(const Parts& parts, const Drives& machine, WorkPool& pool,
+                             std::string_view pattern, QString title, QObject* parent)
+    : QObject(parent), parts_(parts), machine_(machine), pool_(pool), pattern_(pattern),
+      title_(std::move(title)), tree_(new QFileSystemModel(this)) {
+  wireTree();
+  wireParts();
+}
+
+void FolderBrowser::wireTree() {
+  tree_->setFilter(QDir::Dirs | QDir::NoDotAndDotDot);
+  tree_->setRootPath(QStringLiteral("/"));
+  parts_.folders->setModel(tree_);
+  for (int column = 1; column < tree_->columnCount(); ++column)
+    parts_.folders->hideColumn(column);
+  // The tree is read and sorted beside the window's thread: its rows move until it is. Once
+  // the user has touched it, it stays where he left it.
+  connect(tree_, &QFileSystemModel::directoryLoaded, this, &FolderBrowser::keepFolderInSight);
+  connect(tree_, &QFileSystemModel::layoutChanged, this, &FolderBrowser::keepFolderInSight);
+  parts_.folders->installEventFilter(this);
+  parts_.folders->viewport()->installEventFilter(this);
+}
+
+void FolderBrowser::wireParts() {
+  connect(parts_.drives, &QComboBox::activated, this,
+          [this](int index) { runCommand([=, this] { chooseDrive(index); }); });
+  connect(parts_.folders->selectionModel(), &QItemSelectionModel::currentChanged, this,
+          [this](const QModelIndex& folder) {
+            if (!placing_)
+              runCommand([=, this] { openFolder(toPath(tree_->filePath(folder))); });
+          });
+  connect(parts_.path, &QLineEdit::returnPressed, this, asCommand([this] { chooseTypedFolder(); }));
+}
+
+void FolderBrowser::keepFolderInSight() {
+  if (seeking_)
+    parts_.folders->scrollTo(parts_.folders->currentIndex());
+}
+
+void FolderBrowser::start(const std::filesystem::path& folder) {
+  showDrives();
+  showFolder(nearestFolder(folder));
+}
+
+void FolderBrowser::showHome() { showFolder(standardFolder(QStandardPaths::HomeLocation)); }
+
+void FolderBrowser::showDrives() {
+  drives_ = machine_.enumerate();
+  const QSignalBlocker quiet(parts_.drives);
+  parts_.drives->clear();
+  for (const Drive& drive : drives_)
+    parts_.drives->addItem(toQString(driveCaption(drive)));
+}
+
+void FolderBrowser::chooseDrive(int index) {
+  Q_EMIT driveTouched();
+  const char letter = drives_.at(static_cast<std::size_t>(index)).letter;
+  showDrives();
+  try {
+    showFolder(driveRoot(drives_, letter));
+  } catch (const RunTimeError& failure) {
+    if (failure.number() == 68)
+      MsgBox(QStringLiteral("Drive Does Not Exist"));
+    showFolder(folder_);
+  }
+}
+
+void FolderBrowser::chooseTypedFolder() {
+  const auto folder = toPath(parts_.path->text());
+  std::error_code unknown;
+  if (std::filesystem::is_directory(folder, unknown))
+    return showFolder(folder);
+  MsgBox(QStringLiteral("There is no folder ") + toQString(folder), title_, MsgIcon::Exclamation);
+  parts_.path->setText(toQString(folder_));
+}
+
+void FolderBrowser::showFolder(const std::filesystem::path& folder) {
+  const auto drive = driveOf(drives_, folder);
+  parts_.drives->setCurrentIndex(drive ? static_cast<int>(*drive) : -1);
+  const auto root = drive ? drives_[*drive].root : std::filesystem::path("/");
+  parts_.folders->setRootIndex(tree_->index(toQString(root)));
+  placing_ = true;
+  const QModelIndex index = tree_->index(toQString(folder));
+  parts_.folders->setCurrentIndex(index);
+  parts_.folders->expand(index);
+  parts_.folders->scrollTo(index);
+  placing_ = false;
+  seeking_ = true;
+  openFolder(folder);
+}
+
+void FolderBrowser::openFolder(const std::filesystem::path& folder) {
+  folder_ = folder;
+  parts_.path->setText(toQString(folder));
+  refresh();
+}
+
+void FolderBrowser::refresh() {
+  reading_ = true;
+  Q_EMIT reading();
+  runBeside(
+      pool_, this, [folder = folder_, pattern = pattern_] { return readFolder(folder, pattern); },
+      [this, folder = folder_](const FolderContent& content) { showContent(folder, content); },
+      true);
+}
+
+void FolderBrowser::showContent(const std::filesystem::path& folder, const FolderContent& content) {
+  if (folder != folder_)
+    return;
+  reading_ = false;
+  Q_EMIT filesRead(content.files);
+  if (!content.error.empty())
+    MsgBox(toQString(content.error), title_, MsgIcon::Exclamation);
+}
+
+bool FolderBrowser::hasFocus() const {
+  return parts_.drives->hasFocus() || parts_.folders->hasFocus() || parts_.path->hasFocus();
+}
+
+bool FolderBrowser::eventFilter(QObject* watched, QEvent* event) {
+  const auto kind = event->type();
+  if (kind == QEvent::KeyPress || kind == QEvent::MouseButtonPress || kind == QEvent::Wheel)
+    seeking_ = false;
+  return QObject::eventFilter(watched, event);
+}
+
+} // namespace hearthbook
