@@ -21,6 +21,8 @@ option(HEARTHBOOK_WERROR "Treat warnings as errors" OFF)
 option(HEARTHBOOK_SANITIZE "Build with the address and undefined behaviour sanitizers" OFF)
 
 add_compile_options(-Wall -Wextra -Wpedantic)
+# The places that tests name say nothing of the clone, so that the compiler cache serves every clone.
+add_compile_options(-fmacro-prefix-map=${CMAKE_SOURCE_DIR}/=)
 if(CMAKE_UNITY_BUILD)
   # Warns of anonymous namespaces in headers; in a unity build every source file is one.
   add_compile_options(-Wno-subobject-linkage)
