@@ -3,8 +3,10 @@
 #include "FileStamp.h"
 #include "SafeFile.h"
 
+#include <cstdint>
 #include <filesystem>
 #include <memory>
+#include <optional>
 
 namespace hearthbook {
 
@@ -12,9 +14,14 @@ namespace hearthbook {
 /// for the disk.
 class EarlyCopy {
 public:
-  /// None where it cannot be made now; the copy at its turn will tell why.
+  /// On a disk with less room than that, the photo whose turn it is comes first.
+  static constexpr std::uintmax_t plentyOfRoom = std::uintmax_t{512} << 20;
+
+  /// None where it cannot be made now; the copy at its turn will tell why. None either where
+  /// less than `roomToLeave` would be left on the disk.
   static std::shared_ptr<EarlyCopy> make(const std::filesystem::path& source,
-                                         const std::filesystem::path& folder) noexcept;
+                                         const std::filesystem::path& folder,
+                                         std::uintmax_t roomToLeave = plentyOfRoom) noexcept;
 
   EarlyCopy(const std::filesystem::path& source, const std::filesystem::path& folder);
 

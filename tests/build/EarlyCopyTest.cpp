@@ -21,13 +21,15 @@ protected:
     fs::create_directory(photos_);
   }
 
+  std::shared_ptr<EarlyCopy> made() { return EarlyCopy::make(source_, photos_, 0); }
+
   TemporaryFolder folder_;
   fs::path source_ = folder_.path() / "Camera" / "a.jpg";
   fs::path photos_ = folder_.path() / "Photos";
 };
 
 TEST_F(EarlyCopyTest, TakesItsPlace) {
-  const auto copy = EarlyCopy::make(source_, photos_);
+  const auto copy = made();
   ASSERT_TRUE(copy);
   EXPECT_TRUE(copy->place(source_, photos_ / "00002.jpg"));
   EXPECT_THAT(namesIn(photos_), ElementsAre("00002.jpg"));
@@ -36,12 +38,12 @@ TEST_F(EarlyCopyTest, TakesItsPlace) {
 }
 
 TEST_F(EarlyCopyTest, LeavesNothingWhereItIsNotWanted) {
-  EarlyCopy::make(source_, photos_).reset();
+  made().reset();
   EXPECT_THAT(namesIn(photos_), IsEmpty());
 }
 
 TEST_F(EarlyCopyTest, OfASourceThatHasChangedTakesNoPlace) {
-  const auto copy = EarlyCopy::make(source_, photos_);
+  const auto copy = made();
   writeBytes(folder_.path() / "b.jpg", "another");
   fs::rename(folder_.path() / "b.jpg", source_);
   EXPECT_FALSE(copy->place(source_, photos_ / "00002.jpg"));
@@ -49,8 +51,14 @@ TEST_F(EarlyCopyTest, OfASourceThatHasChangedTakesNoPlace) {
 }
 
 TEST_F(EarlyCopyTest, ThatCannotBeMadeIsNone) {
-  EXPECT_FALSE(EarlyCopy::make(folder_.path() / "none.jpg", photos_));
-  EXPECT_FALSE(EarlyCopy::make(source_, folder_.path() / "none"));
+  EXPECT_FALSE(EarlyCopy::make(folder_.path() / "none.jpg", photos_, 0));
+  EXPECT_FALSE(EarlyCopy::make(source_, folder_.path() / "none", 0));
+  EXPECT_THAT(namesIn(photos_), IsEmpty());
+}
+
+TEST_F(EarlyCopyTest, TakesNoRoomOnANearlyFullDisk) {
+  const std::uintmax_t room = fs::space(photos_).available;
+  EXPECT_FALSE(EarlyCopy::make(source_, photos_, room));
   EXPECT_THAT(namesIn(photos_), IsEmpty());
 }
 

@@ -1,3 +1,4 @@
+#include "AddPhotos.h"
 #include "AlbumFolder.h"
 #include "ClosingBackup.h"
 #include "FileBytes.h"
@@ -5,6 +6,8 @@
 #include "PrivateMount.h"
 #include "RunTimeError.h"
 #include "SafeFile.h"
+#include "TemporaryFolder.h"
+#include "TestPictures.h"
 #include "Trash.h"
 
 #include <gmock/gmock.h>
@@ -135,6 +138,36 @@ TEST_F(FullDisk, AddingTellsItAndLosesNoPhoto) {
                           EXPECT_FALSE(namesIn(root_ / folder).front().starts_with("."));
                       });
   EXPECT_GT(failures, 0);
+}
+
+TEST_F(FullDisk, TheFirstPhotosTakeTheRoomThatIsLeft) {
+  const test::SmallDisk disk(place_.path(), diskSize);
+  fs::copy(prepared_.root(), root_, fs::copy_options::recursive);
+  Album album((ApplicationFolder(root_)));
+  album.data.AlbumDB.Open(live_);
+  album.data.openRecordsets();
+  const test::TemporaryFolder camera;
+  AddPhotosRequest request;
+  constexpr std::size_t length = std::size_t{300} << 10;
+  const std::string photo = test::jpegOfLength(test::corners({120, 90}), length);
+  for (const char* name : {"a.jpg", "b.jpg", "c.jpg", "d.jpg"}) {
+    test::writeBytes(camera.path() / name, photo);
+    request.list.push_back(camera.path() / name);
+  }
+  request.selected.assign(request.list.size(), true);
+  disk.fillUpTo(length * 3 / 2);
+  std::vector<std::string> failed;
+  AddPhotosListener listener;
+  listener.failed = [&](const fs::path& source, const std::exception&) {
+    failed.push_back(source.filename().string());
+  };
+  WorkPool pool(2);
+  addPhotos(album, pool, request, listener);
+  EXPECT_TRUE(readBytes(root_ / "Photos/00010.jpg") == photo);
+  EXPECT_TRUE(fs::exists(root_ / "Thumbnails/00010.jpg"));
+  EXPECT_THAT(failed, testing::Contains("d.jpg"));
+  EXPECT_THAT(failed, testing::Not(testing::Contains("a.jpg")));
+  EXPECT_THAT(namesIn(root_ / "Photos"), testing::Each(testing::Not(testing::StartsWith("."))));
 }
 
 TEST_F(FullDisk, AFileThatTheTrashCannotNoteIsKeptInBackup) {
