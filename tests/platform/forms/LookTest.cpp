@@ -155,6 +155,26 @@ TEST(ButtonFace, StatesLookDifferent) {
   EXPECT_EQ(grabbed(button), atRest);
 }
 
+TEST(ButtonFace, APictureIsDarkerWhilePressedAndFadesWhereItCannotBeUsed) {
+  const TemporaryFolder folder;
+  const QString file = toQString((folder.path() / "Btn_Grn.png").string());
+  QImage green(32, 16, QImage::Format_RGB32);
+  green.fill(QColor(0x9c, 0xc2, 0x74));
+  ASSERT_TRUE(green.save(file));
+  QWidget form;
+  QPushButton button(QStringLiteral("Add"), &form);
+  button.resize(120, 40);
+  setFace(Face::Grn, file, {&button});
+  const QColor atRest = ground(grabbed(button));
+  EXPECT_EQ(atRest, QColor(0x9c, 0xc2, 0x74));
+  button.setDown(true);
+  EXPECT_LT(ground(grabbed(button)).lightness(), atRest.lightness());
+  button.setDown(false);
+  button.setEnabled(false);
+  EXPECT_GT(contrast(ground(grabbed(button)), look::ink), contrast(atRest, look::ink));
+  EXPECT_GE(captionContrast(grabbed(button)), 3);
+}
+
 TEST(ButtonFace, TheFocusIsSeenOnEveryFace) {
   for (const Face face : {Face::Gry, Face::Org, Face::Brn, Face::Red, Face::Grn, Face::Ylw}) {
     QWidget form;
