@@ -1,5 +1,6 @@
 #include "DBeditor.h"
 
+#include "Beside.h"
 #include "ButtonFace.h"
 #include "Command.h"
 #include "Forms.h"
@@ -35,13 +36,27 @@
 #include <QTimer>
 
 #include <algorithm>
+#include <utility>
 
 namespace hearthbook {
+
+namespace {
+
+std::vector<std::filesystem::path> imageFiles(const Album& album,
+                                              const std::vector<std::string>& ids) {
+  std::vector<std::filesystem::path> files;
+  for (const std::string& id : ids)
+    if (const auto file = imagePath(album, id))
+      files.push_back(*file);
+  return files;
+}
+
+} // namespace
 
 DBeditor::DBeditor(Album& album, PictureLoader& loader, WorkPool& pool, Navigator& navigator,
                    HoverHelp& help)
     : Form(QStringLiteral("DBeditor"), Kind::Work), album_(album), photos_(album.data.rsPhotoAlbum),
-      navigator_(navigator), help_(help), stage_(new Stage(workFormSize, this)),
+      pool_(pool), navigator_(navigator), help_(help), stage_(new Stage(workFormSize, this)),
       ui(std::make_unique<Ui::DBeditor>()), binding_(photos_) {
   ui->setupUi(this);
   stage_->placeAsDrawn(this);
@@ -209,6 +224,8 @@ void DBeditor::ComposeRecord() {
 
 bool DBeditor::isWaitingForPicture() const { return picture_->isWaiting(); }
 
+bool DBeditor::isLookingForSound() const { return soundOf_.has_value(); }
+
 void DBeditor::showPosition() {
   ui->NumRec->setText(QString::number(photos_.AbsolutePosition()) + QStringLiteral(" of ") +
                       QString::number(photos_.RecordCount()));
@@ -230,9 +247,22 @@ void DBeditor::placeImagePath() {
   ui->Label4->setText(QStringLiteral("Image: ") + toQString(album_.vars.ImagePath));
 }
 
+/// The folder of sounds may be long or on a slow disk: it is looked through beside the window's
+/// thread, and until then the caption stays as it is.
 void DBeditor::showAudio() {
-  const bool attached = hasSound(album_, photos_.Collect("PictureID").toText());
-  ui->Label5->setText(attached ? QStringLiteral("Update Audio") : QStringLiteral("Add Audio"));
+  soundOf_.reset();
+  const std::string id = photos_.Collect("PictureID").toText();
+  soundOf_ = id;
+  runBeside(
+      pool_, this, [folder = album_.folder, id] { return hasSound(folder, id); },
+      [this, id](bool attached) {
+        if (soundOf_ != id)
+          return;
+        soundOf_.reset();
+        ui->Label5->setText(attached ? QStringLiteral("Update Audio")
+                                     : QStringLiteral("Add Audio"));
+      },
+      true);
 }
 
 void DBeditor::showNameFilter() {
@@ -242,16 +272,16 @@ void DBeditor::showNameFilter() {
   people_->setFilter(nameFilterEntries(people), chosen.empty() ? familyMembersEntry : chosen);
 }
 
+/// Looking for the photo disc of a neighbour may wait for its drive.
 void DBeditor::decodeNeighbours() {
-  passOver([&] { picture_->decodeAhead(neighbourFiles()); });
-}
-
-std::vector<std::filesystem::path> DBeditor::neighbourFiles() const {
-  std::vector<std::filesystem::path> files;
-  for (const std::string& id : neighbourIds(photos_))
-    if (const auto file = imagePath(album_, id))
-      files.push_back(*file);
-  return files;
+  passOver([&] {
+    runBeside(
+        pool_, this,
+        [&album = std::as_const(album_), ids = neighbourIds(photos_)] {
+          return imageFiles(album, ids);
+        },
+        [this](const auto& files) { picture_->decodeAhead(files); });
+  });
 }
 
 std::string DBeditor::currentId() const {

@@ -45,6 +45,8 @@ public:
 
   /// True while the photo's pixels are on their way.
   [[nodiscard]] bool isWaitingForPicture() const;
+  /// True until it is known whether the photo has a sound.
+  [[nodiscard]] bool isLookingForSound() const;
 
   void rowsChanged(const RowsChanged& change) override;
 
@@ -71,7 +73,6 @@ private:
   void decodeNeighbours();
   [[nodiscard]] std::string currentId() const;
   [[nodiscard]] std::optional<PhotoNames> shownNames() const;
-  [[nodiscard]] std::vector<std::filesystem::path> neighbourFiles() const;
 
   void firstRecord();
   void previousRecord();
@@ -90,6 +91,7 @@ private:
 
   Album& album_;
   Recordset& photos_;
+  WorkPool& pool_;
   Navigator& navigator_;
   HoverHelp& help_;
   Stage* stage_;
@@ -100,7 +102,8 @@ private:
   NameMarking* marking_;
   std::unique_ptr<NamePicking> picking_;
   Binding binding_;
-  std::string composedId_; ///< of the row that is on the screen
+  std::string composedId_;             ///< of the row that is on the screen
+  std::optional<std::string> soundOf_; ///< the photo whose sound is looked for
 };
 
 } // namespace hearthbook

@@ -83,8 +83,8 @@ void resolveThumbnail(Album& album, std::string_view pictureId) {
 
 fs::path notFoundPicture(const Album& album) { return album.folder.path("\\media\\NotFound.gif"); }
 
-bool hasSound(const Album& album, std::string_view pictureId) {
-  return !album.folder.filesWithStem("\\Audio\\", stemOf(pictureId)).empty();
+bool hasSound(const ApplicationFolder& folder, std::string_view pictureId) {
+  return !folder.filesWithStem("\\Audio\\", stemOf(pictureId)).empty();
 }
 
 } // namespace hearthbook

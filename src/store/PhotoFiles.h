@@ -27,6 +27,6 @@ std::filesystem::path notFoundPicture(const Album& album);
 
 /// True if the photo has a sound: any file of its stem in Audio, on the hard disk for disc
 /// photos too.
-bool hasSound(const Album& album, std::string_view pictureId);
+bool hasSound(const ApplicationFolder& folder, std::string_view pictureId);
 
 } // namespace hearthbook

@@ -162,6 +162,32 @@ TEST_F(DBeditorTest, APhotoWithASoundOffersToUpdateIt) {
   EXPECT_EQ(labelOf(openEditor(), "Label5"), "Update Audio");
 }
 
+TEST_F(DBeditorTest, WhetherThereIsASoundIsFoundOutBesideTheWindow) {
+  test::writeBytes(at("Audio/00001.wav"), "sound");
+  auto& editor = openEditor();
+  control<QLabel>(editor, "Label5")->clear();
+  const auto free = holdPool();
+  editor.ComposeRecord();
+  EXPECT_TRUE(editor.isLookingForSound());
+  EXPECT_EQ(labelOf(editor, "Label5"), "");
+  free();
+  settle();
+  EXPECT_EQ(labelOf(editor, "Label5"), "Update Audio");
+}
+
+TEST_F(DBeditorTest, TheSoundOfAPhotoThatWasLeftMeanwhileIsNotShown) {
+  addPhotosUpTo(2);
+  test::writeBytes(at("Audio/00001.wav"), "sound");
+  auto& editor = openEditor();
+  const auto free = holdPool();
+  editor.ComposeRecord();
+  photos().MoveLast();
+  editor.ComposeRecord();
+  free();
+  settle();
+  EXPECT_EQ(labelOf(editor, "Label5"), "Add Audio");
+}
+
 TEST_F(DBeditorTest, TheNamesStandInTheOrderOfTheFieldWithAStarWhereMarked) {
   folder_.addPerson("Anna");
   folder_.addPerson("Ben");
@@ -220,6 +246,7 @@ TEST_F(DBeditorTest, AStepThatFailsDoesNotStopThoseBehindIt) {
   data().AlbumDB.execute("ALTER TABLE Appearances RENAME TO Gone");
   control<QLabel>(editor, "Label5")->clear();
   editor.ComposeRecord();
+  settle();
   EXPECT_EQ(labelOf(editor, "NumRec"), "1 of 1");
   EXPECT_EQ(labelOf(editor, "Label5"), "Update Audio");
   data().AlbumDB.execute("ALTER TABLE Gone RENAME TO Appearances");

@@ -19,6 +19,10 @@
 #include <QLabel>
 #include <QTest>
 
+#include <functional>
+#include <future>
+#include <memory>
+
 namespace hearthbook::test {
 
 /// What stands above the forms of building, as they see it.
@@ -69,7 +73,9 @@ protected:
   /// Lets pictures that are on their way arrive.
   static void settle() {
     auto* editor = Forms::loaded<DBeditor>();
-    const auto isWaiting = [editor] { return editor && editor->isWaitingForPicture(); };
+    const auto isWaiting = [editor] {
+      return editor && (editor->isWaitingForPicture() || editor->isLookingForSound());
+    };
     waitUntil([&] { return !isWaiting(); });
     QCoreApplication::processEvents();
   }
@@ -83,6 +89,15 @@ protected:
   }
   static TwipsRect rectOf(const QWidget& form, const char* name) {
     return form.findChild<Stage*>()->rect(control<QWidget>(form, name));
+  }
+
+  /// Keeps all threads beside the window's busy until the answer is called.
+  [[nodiscard]] std::function<void()> holdPool() {
+    auto free = std::make_shared<std::promise<void>>();
+    const std::shared_future<void> isFree = free->get_future().share();
+    for (int thread = 0; thread < pool_.threads(); ++thread)
+      pool_.post([isFree] { isFree.wait(); }, true);
+    return [free] { free->set_value(); };
   }
 
   Recordset& photos() { return data().rsPhotoAlbum; }

@@ -6,8 +6,6 @@
 
 #include <QProgressBar>
 
-#include <future>
-
 namespace hearthbook {
 
 namespace {
@@ -91,13 +89,10 @@ TEST_F(PickaPicPreview, AFileChosenJustBeforeARunDoesNotComeBackIntoIt) {
 TEST_F(PickaPicPreview, TheHourglassStandsWhileAClickedFileIsDecoded) {
   add("a.jpg");
   const auto& picker = openPickerAtSource();
-  std::promise<void> free;
-  const std::shared_future<void> isFree = free.get_future().share();
-  for (int thread = 0; thread < pool_.threads(); ++thread)
-    pool_.post([isFree] { isFree.wait(); });
+  const auto free = holdPool();
   click(picker, 0);
   EXPECT_TRUE(Hourglass::isShown());
-  free.set_value();
+  free();
   waitForPreview();
   EXPECT_TRUE(control<PictureBox>(picker, "ImgX1")->hasPicture());
 }

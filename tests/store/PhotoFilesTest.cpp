@@ -154,11 +154,11 @@ TEST_F(PhotoFiles, AnIdOfAnotherPrefixAtFirstShowsTheNotFoundPicture) {
 }
 
 TEST_F(PhotoFiles, ASoundOfTheHardDiskBelongsToADiscPhotoToo) {
-  EXPECT_FALSE(hasSound(album(), "HD00012"));
+  EXPECT_FALSE(hasSound(album().folder, "HD00012"));
   writeBytes(at("Audio/00012.mid"), "x");
-  EXPECT_TRUE(hasSound(album(), "HD00012"));
-  EXPECT_TRUE(hasSound(album(), "CD00012"));
-  EXPECT_FALSE(hasSound(album(), "HD00013"));
+  EXPECT_TRUE(hasSound(album().folder, "HD00012"));
+  EXPECT_TRUE(hasSound(album().folder, "CD00012"));
+  EXPECT_FALSE(hasSound(album().folder, "HD00013"));
 }
 
 } // namespace
