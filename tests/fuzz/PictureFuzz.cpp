@@ -4,12 +4,15 @@
 #include "Decode.h"
 #include "Exif.h"
 #include "FileBytes.h"
+#include "PictureFormats.h"
 #include "RunTimeError.h"
 #include "TemporaryFolder.h"
 #include "TestPictures.h"
 
 #include <gtest/gtest.h>
 
+#include <functional>
+#include <map>
 #include <random>
 #include <string>
 
@@ -49,17 +52,21 @@ std::string damaged(std::string bytes, Random& random) {
 
 std::string bytesOf(const std::string& format) {
   const Picture picture = grainy(size);
-  if (format == "jpeg")
-    return withOrientation(jpegOf(picture), 6);
-  if (format == "progressive")
-    return progressiveJpegOf(picture);
-  if (format == "press")
-    return pressJpegOf(picture, true);
-  if (format == "pcx")
-    return pcxOf(picture);
-  if (format == "tga")
-    return tgaOf(picture);
-  return encodedBy(format.c_str(), picture);
+  const std::map<std::string, std::function<std::string()>> ours = {
+      {"jpeg", [&] { return withOrientation(jpegOf(picture), 6); }},
+      {"progressive", [&] { return progressiveJpegOf(picture); }},
+      {"press", [&] { return pressJpegOf(picture, true); }},
+      {"pcx", [&] { return pcxOf(picture); }},
+      {"tga", [&] { return tgaOf(picture); }},
+      {"directoryFirst", [&] { return tiffOf(picture, 8); }},
+      {"deep", [&] { return tiffOf(picture, 16); }},
+      {"pngIcon", [&] { return pngIconOf(picture); }},
+      {"bitmapIcon", [&] { return bitmapIconOf(picture); }},
+      {"packedBmp", [] { return packedBmp(size); }},
+      {"gif", [] { return gifOf(size); }},
+  };
+  const auto found = ours.find(format);
+  return found == ours.end() ? encodedBy(format.c_str(), picture) : found->second();
 }
 
 /// True if it could be shown.
@@ -97,7 +104,8 @@ TEST_P(PictureFuzz, DamageIsSurvived) {
 
 INSTANTIATE_TEST_SUITE_P(Formats, PictureFuzz,
                          testing::Values("jpeg", "progressive", "press", "png", "bmp", "tiff",
-                                         "ico", "pcx", "tga"),
+                                         "ico", "pcx", "tga", "directoryFirst", "deep", "pngIcon",
+                                         "bitmapIcon", "packedBmp", "gif"),
                          [](const auto& format) { return format.param; });
 
 TEST(ExifFuzz, DamageIsSurvived) {

@@ -1,5 +1,6 @@
 #include "TestPictures.h"
 
+#include "ByteOrder.h"
 #include "Encode.h"
 #include "PictureImage.h"
 
@@ -21,14 +22,6 @@
 namespace hearthbook::test {
 
 namespace {
-
-std::string bigEndian16(unsigned value) {
-  return {static_cast<char>(value >> 8), static_cast<char>(value)};
-}
-
-std::string littleEndian16(unsigned value) {
-  return {static_cast<char>(value), static_cast<char>(value >> 8)};
-}
 
 int channel(std::uint32_t pixel, int shift) { return static_cast<int>(pixel >> shift & 0xffU); }
 
@@ -132,18 +125,17 @@ std::string withSegment(std::string_view jpeg, int kind, std::string_view conten
   std::string result(jpeg.substr(0, 2));
   result += '\xff';
   result += static_cast<char>(kind);
-  result += bigEndian16(static_cast<unsigned>(content.size() + 2));
+  result += bigEndian(static_cast<unsigned>(content.size() + 2), 2);
   result += content;
   return result += jpeg.substr(2);
 }
 
-std::string withOrientation(std::string_view jpeg, int orientation, bool bigEndian) {
-  const auto u16 = bigEndian ? bigEndian16 : littleEndian16;
-  const auto u32 = [&](unsigned value) {
-    return bigEndian ? u16(0) + u16(value) : u16(value) + u16(0);
-  };
+std::string withOrientation(std::string_view jpeg, int orientation, bool highFirst) {
+  const auto number = highFirst ? bigEndian : littleEndian;
+  const auto u16 = [&](unsigned value) { return number(value, 2); };
+  const auto u32 = [&](unsigned value) { return number(value, 4); };
   std::string exif("Exif\0\0", 6);
-  exif += (bigEndian ? "MM" : "II") + u16(42) + u32(8);
+  exif += (highFirst ? "MM" : "II") + u16(42) + u32(8);
   exif += u16(1) + u16(0x0112) + u16(3) + u32(1) + u16(static_cast<unsigned>(orientation)) + u16(0);
   return withSegment(jpeg, 0xe1, exif + u32(0));
 }
@@ -192,8 +184,8 @@ std::string encodedBy(const char* format, const Picture& picture, int bitsPerCha
 std::string tgaOf(const Picture& picture) {
   std::string tga(18, '\0');
   tga[2] = 2; // true colour, not packed
-  tga.replace(12, 2, littleEndian16(static_cast<unsigned>(picture.width())));
-  tga.replace(14, 2, littleEndian16(static_cast<unsigned>(picture.height())));
+  tga.replace(12, 2, littleEndian(static_cast<unsigned>(picture.width()), 2));
+  tga.replace(14, 2, littleEndian(static_cast<unsigned>(picture.height()), 2));
   tga[16] = 24;
   tga[17] = 0x20; // from the top
   for (int y = 0; y < picture.height(); ++y)
@@ -210,10 +202,10 @@ std::string pcxOf(const Picture& picture) {
   pcx[1] = 5;
   pcx[2] = 1;
   pcx[3] = 8;
-  pcx.replace(8, 2, littleEndian16(static_cast<unsigned>(picture.width() - 1)));
-  pcx.replace(10, 2, littleEndian16(static_cast<unsigned>(picture.height() - 1)));
+  pcx.replace(8, 2, littleEndian(static_cast<unsigned>(picture.width() - 1), 2));
+  pcx.replace(10, 2, littleEndian(static_cast<unsigned>(picture.height() - 1), 2));
   pcx[65] = 3;
-  pcx.replace(66, 2, littleEndian16(static_cast<unsigned>(bytesPerLine)));
+  pcx.replace(66, 2, littleEndian(static_cast<unsigned>(bytesPerLine), 2));
   for (int y = 0; y < picture.height(); ++y)
     for (const int shift : {16, 8, 0})
       for (int x = 0; x < bytesPerLine; ++x) {

@@ -27,7 +27,7 @@ std::string jpegOf(const Picture& picture, int factor = 0);
 /// A JPEG of exactly so many bytes: behind its end stand zeros, which no reader minds.
 std::string jpegOfLength(const Picture& picture, std::size_t bytes);
 /// The JPEG with the camera's orientation in it.
-std::string withOrientation(std::string_view jpeg, int orientation, bool bigEndian = true);
+std::string withOrientation(std::string_view jpeg, int orientation, bool highFirst = true);
 /// The JPEG with a segment of the kind (0xe1 for APP1) behind its first mark.
 std::string withSegment(std::string_view jpeg, int kind, std::string_view content);
 /// A JPEG in the four inks of the press, as Adobe's programs write it (`adobe`) or plainly.

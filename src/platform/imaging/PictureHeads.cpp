@@ -51,14 +51,32 @@ bool isTgaDepth(std::uint32_t kind, std::uint32_t bits) {
   }
 }
 
-PixelSize sizeOfIconPicture(const InputFile& file, std::uint32_t offset) {
-  const auto content = file.bytesAt(offset, 24);
-  if (beginsWith(content, pngMark)) {
-    const Bytes png(content, Bytes::Order::BigEndian);
-    return {png.i32(16), png.i32(20)};
+IconChoice iconPicture(const InputFile& file, int index) {
+  const auto entry = file.bytesAt(6 + static_cast<std::uintmax_t>(index) * 16, 16);
+  IconChoice icon{index, {}, false, Bytes(entry).u32(12), Bytes(entry).u32(8)};
+  const auto content = file.bytesAt(icon.offset, 24);
+  icon.isPng = beginsWith(content, pngMark);
+  const Bytes picture(content, icon.isPng ? Bytes::Order::BigEndian : Bytes::Order::LittleEndian);
+  icon.size = icon.isPng ? PixelSize{picture.i32(16), picture.i32(20)}
+                         : PixelSize{picture.i32(4), picture.i32(8) / 2}; // a mask stands below it
+  return icon;
+}
+
+/// Where the colours of a GIF end that begin at `offset`, if its flags say that it has some.
+std::uintmax_t behindGifColours(std::uintmax_t offset, std::uint32_t flags) {
+  return offset + ((flags & 0x80U) != 0 ? std::uintmax_t{3} << ((flags & 7U) + 1) : 0);
+}
+
+/// Behind a chain of GIF blocks, each of which tells its length; nothing where the file ends first.
+std::optional<std::uintmax_t> behindGifBlocks(const InputFile& file, std::uintmax_t offset) {
+  while (offset < file.size()) {
+    const std::uint32_t length = Bytes(file.bytesAt(offset, 1)).u8(0);
+    ++offset;
+    if (length == 0)
+      return offset;
+    offset += length;
   }
-  const Bytes bitmap(content);
-  return {bitmap.i32(4), bitmap.i32(8) / 2}; // the mask stands below the picture
+  return {};
 }
 
 std::int64_t areaOf(PixelSize size) { return std::int64_t{size.width} * size.height; }
@@ -116,6 +134,9 @@ std::optional<std::uint64_t> bmpLength(Head head) {
   const Bytes bytes(head);
   const bool old = bytes.u32(14) == 12;
   const std::uint32_t packing = old ? 0 : bytes.u32(30);
+  const std::uint32_t packedLength = bytes.u32(34);
+  if (isOneOf(packing, {1, 2}) && packedLength > 0)
+    return std::uint64_t{bytes.u32(10)} + packedLength;
   if (!isOneOf(packing, {0, 3, 6}))
     return {};
   const std::int64_t width = old ? bytes.u16(18) : bytes.i32(18);
@@ -128,15 +149,28 @@ std::optional<std::uint64_t> bmpLength(Head head) {
   return bytes.u32(10) + static_cast<std::uint64_t>(bytesPerRow * rows);
 }
 
+bool isWholeGif(const InputFile& file) {
+  constexpr std::uint32_t extension = 0x21;
+  constexpr std::uint32_t image = 0x2c;
+  const auto flagsAt = [&](std::uintmax_t offset) { return Bytes(file.bytesAt(offset, 1)).u8(0); };
+  std::optional<std::uintmax_t> offset = behindGifColours(13, flagsAt(10));
+  while (offset && flagsAt(*offset) == extension)
+    offset = behindGifBlocks(file, *offset + 2);
+  if (!offset || flagsAt(*offset) != image)
+    return false;
+  const std::uintmax_t packed = behindGifColours(*offset + 10, flagsAt(*offset + 9));
+  return behindGifBlocks(file, packed + 1).has_value();
+}
+
 std::optional<IconChoice> largestIcon(const InputFile& file) {
   const auto counted = file.bytesAt(4, 2);
   const int count = static_cast<int>(Bytes(counted).u16(0));
   std::optional<IconChoice> best;
   for (int i = 0; i < count && i < 256; ++i) {
-    const auto entry = file.bytesAt(6 + static_cast<std::uintmax_t>(i) * 16, 16);
-    const PixelSize size = sizeOfIconPicture(file, Bytes(entry).u32(12));
-    if (size.width >= 1 && size.height >= 1 && (!best || areaOf(size) > areaOf(best->size)))
-      best = IconChoice{i, size};
+    const IconChoice icon = iconPicture(file, i);
+    if (icon.size.width >= 1 && icon.size.height >= 1 &&
+        (!best || areaOf(icon.size) > areaOf(best->size)))
+      best = icon;
   }
   return best;
 }

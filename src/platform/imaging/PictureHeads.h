@@ -26,13 +26,19 @@ struct RasterHead {
 std::optional<RasterHead> readPcxHead(std::span<const std::uint8_t> head);
 std::optional<RasterHead> readTgaHead(std::span<const std::uint8_t> head);
 
-/// How long a BMP file has to be for all of its rows; nothing where its rows are packed.
+/// How long a BMP file has to be for all of its rows; nothing where it does not say so.
 std::optional<std::uint64_t> bmpLength(std::span<const std::uint8_t> head);
+
+/// True if the first picture of a GIF file is there to its last block.
+bool isWholeGif(const InputFile& file);
 
 /// The largest picture of an icon file.
 struct IconChoice {
   int index = 0;
-  PixelSize size; ///< as the picture itself says, not the icon's directory
+  PixelSize size;           ///< as the picture itself says, not the icon's directory
+  bool isPng = false;       ///< a PNG file inside the icon, not a bitmap
+  std::uint64_t offset = 0; ///< where it begins in the file
+  std::uint64_t length = 0; ///< as the directory says
 };
 std::optional<IconChoice> largestIcon(const InputFile& file);
 

@@ -10,8 +10,11 @@
 #include <QImage>
 #include <QImageReader>
 
+#include <algorithm>
 #include <cstring>
+#include <memory>
 #include <mutex>
+#include <optional>
 
 namespace hearthbook {
 
@@ -84,6 +87,50 @@ bool isAllLike(const QImage& image, const QByteArray& row) {
   return true;
 }
 
+/// 16 bits of red, green and blue without the fourth that Qt wants, spread over their row.
+void spreadSamples(QImage& image) {
+  for (int y = 0; y < image.height(); ++y) {
+    auto* row = reinterpret_cast<quint16*>(image.scanLine(y));
+    for (int x = image.width() - 1; x >= 0; --x) {
+      std::memmove(row + 4 * x, row + 3 * x, 3 * sizeof(quint16));
+      row[4 * x + 3] = 0xffff;
+    }
+  }
+}
+
+/// Qt's reader of TIFF files leaves a cut picture as the library gave it, before its own last
+/// step. That step is done here, so that the rows that are there have their colours.
+void finishCutTiff(QImage& image) {
+  switch (image.format()) {
+  case QImage::Format_RGB32:
+  case QImage::Format_ARGB32:
+  case QImage::Format_ARGB32_Premultiplied:
+    return image.rgbSwap();
+  case QImage::Format_RGBX64:
+    return spreadSamples(image);
+  case QImage::Format_Grayscale8:
+  case QImage::Format_Grayscale16:
+  case QImage::Format_RGBA64:
+  case QImage::Format_RGBA64_Premultiplied:
+    return;
+  default:
+    image = QImage();
+  }
+}
+
+/// What the reader of an icon is to see: a PNG in it alone, a bitmap with the whole icon. A cut
+/// bitmap ends in zeros, since nothing is read of one that is not all there.
+QByteArray iconBytes(const InputFile& file, const IconChoice& icon) {
+  constexpr std::uint64_t mostBytes = std::uint64_t{64} << 20;
+  const auto from = icon.isPng ? icon.offset : 0;
+  const auto bytes = file.bytesAt(from, std::min<std::uintmax_t>(file.size() - from, mostBytes));
+  QByteArray result(reinterpret_cast<const char*>(bytes.data()), static_cast<int>(bytes.size()));
+  const auto whole = icon.offset + icon.length;
+  if (!icon.isPng && whole > bytes.size() && whole <= mostBytes)
+    result.append(static_cast<int>(whole - bytes.size()), '\0');
+  return result;
+}
+
 class QtFile : public PictureFile {
 public:
   QtFile(InputFile file, FileFormat format);
@@ -91,42 +138,65 @@ public:
   Pixels read(PixelSize atLeast) override;
 
 private:
-  void chooseIcon();
+  void openFile();
+  void openIcon();
   [[nodiscard]] bool isShort() const;
 
   InputFile file_;
   Head head_;
-  QFile device_;
+  std::optional<IconChoice> icon_;
+  std::unique_ptr<QIODevice> device_;
   QImageReader reader_;
 };
 
 QtFile::QtFile(InputFile file, FileFormat format) : file_(std::move(file)) {
   raiseAllocationLimit();
   head_.format = format;
-  device_.open(file_.descriptor(), QIODevice::ReadOnly);
-  reader_.setDevice(&device_);
   reader_.setAutoDetectImageFormat(false); // only the reader for what the content was seen to be
-  reader_.setFormat(QByteArray::fromStdString(formatName(format)));
+  if (format == FileFormat::Ico)
+    openIcon();
+  else
+    openFile();
+}
+
+void QtFile::openFile() {
+  auto device = std::make_unique<QFile>();
+  device->open(file_.descriptor(), QIODevice::ReadOnly);
+  device_ = std::move(device);
+  reader_.setDevice(device_.get());
+  reader_.setFormat(QByteArray::fromStdString(formatName(head_.format)));
   head_.orientation = orientationOf(reader_.transformation());
   const QSize size = reader_.size();
   head_.size = {size.width(), size.height()};
-  if (format == FileFormat::Ico)
-    chooseIcon();
 }
 
-void QtFile::chooseIcon() {
-  const auto icon = largestIcon(file_);
-  head_.size = icon ? icon->size : PixelSize{};
-  if (icon)
-    reader_.jumpToImage(icon->index);
+void QtFile::openIcon() {
+  icon_ = largestIcon(file_);
+  if (!icon_)
+    return;
+  head_.size = icon_->size;
+  auto device = std::make_unique<QBuffer>();
+  device->setData(iconBytes(file_, *icon_));
+  device->open(QIODevice::ReadOnly);
+  device_ = std::move(device);
+  reader_.setDevice(device_.get());
+  reader_.setFormat(icon_->isPng ? "png" : "ico");
+  if (!icon_->isPng)
+    reader_.jumpToImage(icon_->index);
 }
 
-/// Qt's reader of BMP files does not tell that rows are missing.
+/// Qt's readers of these do not tell that something is missing.
 bool QtFile::isShort() const {
-  if (head_.format != FileFormat::Bmp)
+  switch (head_.format) {
+  case FileFormat::Bmp:
+    return file_.size() < bmpLength(file_.bytesAt(0, headBytes)).value_or(0);
+  case FileFormat::Gif:
+    return !isWholeGif(file_);
+  case FileFormat::Ico:
+    return icon_ && file_.size() < icon_->offset + icon_->length;
+  default:
     return false;
-  const auto needed = bmpLength(file_.bytesAt(0, headBytes));
-  return needed && file_.size() < *needed;
+  }
 }
 
 PictureFile::Pixels QtFile::read(PixelSize) {
@@ -138,6 +208,8 @@ PictureFile::Pixels QtFile::read(PixelSize) {
           ? QByteArray()
           : QByteArray(reinterpret_cast<const char*>(image.constScanLine(0)), image.bytesPerLine());
   const bool whole = reader_.read(&image);
+  if (!whole && head_.format == FileFormat::Tiff)
+    finishCutTiff(image);
   if (image.isNull() || (!whole && isAllLike(image, unreadRow)))
     cannotReadPicture(file_.path(), "the picture in it is damaged");
   head_.size = {image.width(), image.height()}; // an icon's head and its picture may differ

@@ -1,6 +1,8 @@
 #include "Decode.h"
 
+#include "ByteOrder.h"
 #include "FileBytes.h"
+#include "PictureFormats.h"
 #include "RunTimeError.h"
 #include "TemporaryFolder.h"
 #include "TestPictures.h"
@@ -45,11 +47,6 @@ protected:
 
 std::string half(const std::string& bytes) { return bytes.substr(0, bytes.size() / 2); }
 
-std::string bigEndian(std::uint32_t value) {
-  return {static_cast<char>(value >> 24), static_cast<char>(value >> 16),
-          static_cast<char>(value >> 8), static_cast<char>(value)};
-}
-
 /// The checksum of PNG.
 std::uint32_t crcOf(std::string_view bytes) {
   std::uint32_t crc = 0xffffffff;
@@ -64,8 +61,8 @@ std::uint32_t crcOf(std::string_view bytes) {
 /// A PNG whose head claims a size.
 std::string pngClaiming(std::uint32_t width, std::uint32_t height) {
   std::string png = encodedBy("png", plain({8, 8}, red));
-  png.replace(16, 8, bigEndian(width) + bigEndian(height));
-  return png.replace(29, 4, bigEndian(crcOf(png.substr(12, 17))));
+  png.replace(16, 8, bigEndian(width, 4) + bigEndian(height, 4));
+  return png.replace(29, 4, bigEndian(crcOf(png.substr(12, 17)), 4));
 }
 
 TEST_F(BadPictures, AJpegCutInTheMiddleIsShownAsFarAsItGoes) {
@@ -120,9 +117,66 @@ TEST_F(BadPictures, OtherFormatsCutAreShownAsFarAsTheyGo) {
   }
 }
 
-TEST_F(BadPictures, CutTiffsAndIconsAreRefusedInPlainWords) {
-  for (const char* format : {"tiff", "ico"})
-    EXPECT_NE(cause("a", half(encodedBy(format, grainy({64, 64})))), "nothing was thrown");
+TEST_F(BadPictures, ACutTiffKeepsTheColoursOfTheRowsThatAreThere) {
+  const Picture picture = grainy({320, 240});
+  for (const int bits : {8, 16}) {
+    SCOPED_TRACE(bits);
+    const std::string tiff = tiffOf(picture, bits);
+    const Decoded cut = decoded("a.tif", half(tiff));
+    EXPECT_TRUE(cut.cut);
+    EXPECT_EQ(cut.picture.size(), (PixelSize{320, 240}));
+    EXPECT_EQ(cut.picture.row(10)[100], picture.row(10)[100]);
+    EXPECT_EQ(cut.picture.row(10)[300], picture.row(10)[300]);
+    EXPECT_FALSE(decoded("a.tif", tiff).cut);
+  }
+}
+
+TEST_F(BadPictures, ATiffThatHasLostItsDirectoryIsRefusedInPlainWords) {
+  EXPECT_EQ(cause("a.tif", half(encodedBy("tiff", grainy({64, 64})))),
+            "it does not say how large it is.");
+}
+
+TEST_F(BadPictures, ACutIconIsShownAsFarAsItGoes) {
+  const Picture picture = grainy({256, 256});
+  const std::pair<std::string, int> icons[] = {{pngIconOf(picture), 10},
+                                               {bitmapIconOf(picture), 250}}; // from the foot up
+  for (const auto& [icon, row] : icons) {
+    SCOPED_TRACE(row);
+    const Decoded cut = decoded("a.ico", half(icon));
+    EXPECT_TRUE(cut.cut);
+    EXPECT_EQ(cut.picture.size(), (PixelSize{256, 256}));
+    EXPECT_EQ(cut.picture.row(row)[30], picture.row(row)[30]);
+    const Decoded whole = decoded("a.ico", icon);
+    EXPECT_FALSE(whole.cut);
+    EXPECT_EQ(whole.picture.row(128)[30], picture.row(128)[30]);
+  }
+}
+
+TEST_F(BadPictures, AnIconOfWhichNoPixelIsThereIsRefused) {
+  EXPECT_NE(cause("a.ico", pngIconOf(grainy({64, 64})).substr(0, 60)), "nothing was thrown");
+}
+
+TEST_F(BadPictures, ACutBitmapOfPackedRowsIsNoticedAndShownAsFarAsItGoes) {
+  const std::string bitmap = packedBmp({64, 600});
+  const Decoded whole = decoded("a.bmp", bitmap);
+  EXPECT_FALSE(whole.cut);
+  EXPECT_EQ(whole.picture.row(0)[30], red);
+  const Decoded cut = decoded("a.bmp", half(bitmap));
+  EXPECT_TRUE(cut.cut);
+  EXPECT_EQ(cut.picture.size(), (PixelSize{64, 600}));
+  EXPECT_EQ(cut.picture.row(599)[30], red);
+  EXPECT_NE(cut.picture.row(0)[30], red);
+}
+
+TEST_F(BadPictures, ACutGifIsNoticedAndShownAsFarAsItGoes) {
+  const std::string gif = gifOf({64, 64});
+  const Decoded whole = decoded("a.gif", gif);
+  EXPECT_FALSE(whole.cut);
+  EXPECT_EQ(whole.picture.row(63)[30], red);
+  const Decoded cut = decoded("a.gif", half(gif));
+  EXPECT_TRUE(cut.cut);
+  EXPECT_EQ(cut.picture.size(), (PixelSize{64, 64}));
+  EXPECT_EQ(cut.picture.row(1)[30], red);
 }
 
 TEST_F(BadPictures, AnEmptyFileIsNamedSo) {
