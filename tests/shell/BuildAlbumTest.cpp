@@ -35,6 +35,17 @@ TEST_F(BuildAlbumTest, TheMenuOpensOnTheFirstPhotoWhereEveryPhotoHasAYear) {
   EXPECT_EQ(current(), "HD00001");
 }
 
+TEST_F(BuildAlbumTest, TheMenuClearsTheFilterToo) {
+  addPhoto("HD00002", "NULL");
+  open();
+  album().data.rsPhotoAlbum.Filter("PictureID = 'HD00002'");
+
+  buildFromFirstUndatedPhoto(album());
+
+  EXPECT_EQ(album().data.rsPhotoAlbum.Filter(), "");
+  EXPECT_EQ(album().data.rsPhotoAlbum.RecordCount(), 2);
+}
+
 TEST_F(BuildAlbumTest, TheMenuOpensAnAlbumWithoutPhotos) {
   execute("DELETE FROM PhotoAlbum");
   open();
