@@ -34,6 +34,7 @@ FrameHelp::FrameHelp(PublicVar& vars, MDIForm1& frame)
 }
 
 void FrameHelp::workFormActive(const QString& screen) {
+  screen_ = screen;
   if (!showHelp_->isChecked())
     return hideWindow();
   auto& help = Forms::get<Help>();
@@ -47,10 +48,13 @@ void FrameHelp::show(const QString& key) { Forms::get<Help>().ShowHoverHelp(key,
 void FrameHelp::startScreenActive() { hideWindow(); }
 
 void FrameHelp::switched() {
-  place(Forms::get<Help>());
+  auto& help = Forms::get<Help>();
+  place(help);
   const Form* active = frame_.activeForm();
   if (!active || active->kind() == Form::Kind::Backdrop)
     return;
+  if (help.Tag.isEmpty()) // the mouse has been nowhere yet
+    help.greet(screen_);
   if (showHelp_->isChecked())
     showWindow();
   else

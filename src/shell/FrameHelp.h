@@ -38,6 +38,7 @@ private:
   PublicVar& vars_;
   MDIForm1& frame_;
   QAction* showHelp_;
+  QString screen_; ///< of the work form that was active last
 };
 
 } // namespace hearthbook

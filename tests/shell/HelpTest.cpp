@@ -14,6 +14,7 @@
 #include "Startup.h"
 #include "Text.h"
 #include "Wiring.h"
+#include "YearWizard.h"
 
 #include <gtest/gtest.h>
 
@@ -122,6 +123,14 @@ TEST_F(HelpTest, AWorkFormIsGreetedUnderItsName) {
   EXPECT_EQ(shown(), (HelpEntry{"Build Album", greeting}));
 }
 
+TEST_F(HelpTest, SwitchedOnBeforeTheMouseWasAnywhereItGreetsToo) {
+  openEditor();
+
+  showHelp()->trigger();
+
+  EXPECT_EQ(shown(), (HelpEntry{"Build Album", greeting}));
+}
+
 TEST_F(HelpTest, AWorkFormThatBecomesActiveWithTheSwitchOffHidesIt) {
   openEditor();
   Forms::get<Help>().Show();
@@ -199,6 +208,18 @@ TEST_F(HelpTest, TheFilterOfNamesIsExplainedWhenItGetsTheFocus) {
   editor.findChild<QComboBox*>(QStringLiteral("Combo1"))->setFocus();
 
   EXPECT_EQ(shown(), rowOf("Build Album*Family Members"));
+}
+
+TEST_F(HelpTest, TheMouseOverTheYearWizardLeavesTheTextAsItIs) {
+  showHelp()->trigger();
+  moveOver(openEditor(), "Command12");
+  auto& wizard = Forms::get<YearWizard>();
+  wizard.Show();
+
+  for (const char* name : {"Label1", "Label2", "MSFlexGrid1"})
+    moveOver(wizard, name);
+
+  EXPECT_EQ(shown(), rowOf("Build Album*Find Year"));
 }
 
 TEST_F(HelpTest, TheControlsThatShareAnItemShareItsText) {
