@@ -4,7 +4,8 @@ import pathlib
 import re
 import subprocess
 
-from person import Person
+from hidden_desktop import Failure
+from person import MENU_ITEMS, Person
 
 POSITION = re.compile(r"^-?\d+ of \d+$")
 
@@ -98,6 +99,119 @@ def describe(person, year, description):
 
 def described(person):
     return person.find("text", "Year").text, person.find("text", "Description").text
+
+
+def show_help(person):
+    """Checks "Show Help"; answers with the window that explains things."""
+    person.menu("Help", "Show Help")
+    return person.window("Help")
+
+
+def is_help_shown(person):
+    """A menu item tells its role by its check mark."""
+    return any(item.has("checked") for role in MENU_ITEMS for item in person.all(role, "Show Help"))
+
+
+def explained(person, thing, item, within=None):
+    """Points at a thing until the help window, or the pane of a dialog, explains that item; answers with the words."""
+    def look():
+        person.point(thing)
+        said = told(person, within)
+        return said[1] if said[0] == item and said[1].endswith(".") else None
+    return person.until(look, f"{thing.name} explained as {item!r}")
+
+
+def told(person, within=None):
+    """What is explained there now: (item, words)."""
+    item = None
+    for thing in (within or person.window("Help")).everything():
+        if thing.role == "panel":
+            item = thing.name
+        elif thing.role == "text" and thing.name == "Help":
+            return item, thing.text
+    raise Failure("nothing is explained here")
+
+
+def add_to_list(person, button, name):
+    """A new place or event, which the photo then has."""
+    person.click(person.find("push button", button))
+    answer(person, person.box(), name)
+
+
+def answer(person, box, text):
+    person.write(person.find("text", within=box), text)
+    person.press("Return")
+    person.closed(box)
+
+
+def meet(person, name, born=""):
+    """Somebody new, whom the album is to know."""
+    person.click(person.find("push button", "Add Name"))
+    answer(person, person.box("New Name"), name)
+    manager = person.window("Add New Name")
+    if born:
+        person.write(person.find("text", "Year of birth", within=manager), born)
+    person.click(person.find("push button", "Done", within=manager))
+    person.closed(manager)
+
+
+def put_in(person, name):
+    """Somebody whom the album knows is in this photo."""
+    known = person.find("list", "Names")
+    person.click(person.find("list item", name, within=known), times=2)
+    return named(person, name)
+
+
+def named(person, name):
+    """The name as it stands among those in the photo, with or without the star of a mark."""
+    return person.find("list item", re.compile(rf"^\*?{re.escape(name)}$"), within=person.find("list", "Names In Photo"))
+
+
+def mark(person, name, across, down):
+    """Marks the face of somebody in the photo; told in shares of the picture."""
+    person.click(named(person, name))
+    box = person.find("check box", "Mark Names")
+    person.click(box)
+    person.until(lambda: box.has("checked"), "marking")
+
+    def press():  # in vain as long as the photo is not on the screen
+        if not named(person, name).name.startswith("*"):
+            person.click_at(person.find("image", "Photo"), across, down)
+        return named(person, name).name.startswith("*")
+    person.until(press, f"the mark of {name}")
+    person.click(box)
+    person.until(lambda: not box.has("checked"), "the end of marking")
+
+
+def names_in_photo(person):
+    return [entry.name for entry in person.find("list", "Names In Photo").children()]
+
+
+def find_year(person, name):
+    """Has the year wizard find the year; answers with the wizard, so that one can look before choose_year."""
+    person.click(named(person, name))
+    person.click(person.find("push button", "Find Year"))
+    return person.window("Year Wizard")
+
+
+def choose_year(person, wizard, year):
+    person.click(person.find("table cell", year, within=wizard))
+    person.closed(wizard)
+    person.until(lambda: person.find("text", "Year").text == year, f"the year {year}")
+
+
+def delete_photo(person):
+    """Deletes the photo in the editor, as one does who is sure; answers with how many are left."""
+    before = position(person)[1]
+    person.click(person.find("push button", "Delete"))
+    question = person.box("Delete Record")
+    person.click(person.find("push button", "Yes", within=question))
+    person.closed(question)
+    report = person.box()
+    person.click(person.find("push button", "OK", within=report))
+    person.closed(report)
+    person.until(lambda: position(person)[1] == before - 1, "one photo less")
+    return before - 1
 
 
 def quit_program(person):

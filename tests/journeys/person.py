@@ -3,6 +3,7 @@
 Nothing here reaches into the program. What is found is what a screen reader would say, what is done
 is done with the mouse and the keyboard of the hidden desktop.
 """
+import itertools
 import os
 import re
 import signal
@@ -10,6 +11,7 @@ import subprocess
 
 from hidden_desktop import Failure, wait_for
 
+MENU_ITEMS = ("menu item", "check menu item")
 BOXES = ("dialog", "alert", "file chooser")
 UNSEEN_UNTIL_OPENED = ("menu item", "check menu item", "popup menu", "list item")
 LONG_LIST = 400
@@ -117,21 +119,13 @@ class Person:
     # ---- looking
 
     def all(self, role, name=None, within=None):
-        found = []
-        for thing in (within or self.program).everything():
-            try:
-                if thing.role == role and self._says(thing.name, name):
-                    found.append(thing)
-            except Exception:  # gone while it was looked at
-                continue
-        return found
+        return list(self._hits(role, name, within))
 
     def find(self, role, name=None, within=None, nth=0):
         """`name` may be the whole text or a compiled pattern."""
         def look():
             self._must_run()
-            hits = self.all(role, name, within)
-            return hits[nth] if len(hits) > nth else None
+            return next(itertools.islice(self._hits(role, name, within), nth, None), None)
         try:
             return wait_for(look, f"{role} {name!r}")
         except Failure as failure:
@@ -169,9 +163,17 @@ class Person:
         for key in holding:
             self._hand("keyup", key)
 
+    def click_at(self, thing, across, down):
+        """A spot of a picture, told in shares of its width and height."""
+        left, top, width, height = thing.place
+        self._move(round(left + across * width), round(top + down * height))
+        self._hand("click", "1")
+
     def point(self, thing):
+        self._move(*thing.middle)
+
+    def _move(self, x, y):
         # Twice, one pixel apart: a pointer that is there already would not be seen to move.
-        x, y = thing.middle
         self._hand("mousemove", str(x - 1), str(y), "mousemove", str(x), str(y))
 
     def press(self, *keys):
@@ -200,8 +202,8 @@ class Person:
 
     def menu(self, *path):
         for step in path:
-            item = self.until(lambda: next((t for t in self.all("menu item", step) if t.place[2] > 0
-                                            and t.has("showing")), None), f"the menu {step!r}")
+            item = self.until(lambda: next((t for role in MENU_ITEMS for t in self.all(role, step)
+                                            if t.place[2] > 0 and t.has("showing")), None), f"the menu {step!r}")
             self.click(item)
 
     def close_window(self):
@@ -219,6 +221,15 @@ class Person:
         self.process.wait()
 
     # ---- details
+
+    def _hits(self, role, name, within):
+        for thing in (within or self.program).everything():
+            try:
+                hit = thing.role == role and self._says(thing.name, name)
+            except Exception:  # gone while it was looked at
+                continue
+            if hit:
+                yield thing
 
     def _newest(self, title, fits):
         try:

@@ -4,6 +4,7 @@ import pathlib
 import shutil
 import subprocess
 
+FACES = pathlib.Path(__file__).resolve().parents[2] / "assets" / "samples" / "faces.txt"
 REAL = pathlib.Path("/usr/share/backgrounds/mate/nature")
 
 # name in the folder: (where it comes from, how ImageMagick makes it; nothing: copied as it is)
@@ -40,3 +41,17 @@ def lay_out(folder, samples, wanted):
                            check=True, stdin=subprocess.DEVNULL)
         os.utime(folder / name, (961000000, 961000000))
     return folder
+
+
+def faces(samples, name):
+    """Whose face is where in one of our drawings, in shares of its width and height."""
+    source = MADE[name][0]
+    size = subprocess.run(["identify", "-format", "%w %h", str(pathlib.Path(samples, source))], check=True,
+                          capture_output=True, text=True, stdin=subprocess.DEVNULL).stdout.split()
+    width, height = (int(side) for side in size)
+    found = {}
+    for line in FACES.read_text().splitlines():
+        if line.startswith(f"{source} "):
+            _, who, x, y, _ = line.split()
+            found[who] = (int(x) / width, int(y) / height)
+    return found
