@@ -92,6 +92,15 @@ TEST_P(EditorLists, OnlyTheEventsDropDownIsFilledAgainAtOnce) {
   EXPECT_EQ(offered(editor), isPlace() ? 1 : 2);
 }
 
+TEST_P(EditorLists, OnlyStoredNamesCanBeChosenAndNoneTyped) {
+  addRow("Home");
+  const auto& editor = openEditor();
+  EXPECT_FALSE(dropDown(editor).isEditable());
+  QTest::keyClicks(&dropDown(editor), QStringLiteral("Xanadu"));
+  EXPECT_TRUE(dropDown(editor).Text().isEmpty());
+  EXPECT_EQ(rows().RecordCount(), 1);
+}
+
 TEST_P(EditorLists, ANameThatIsThereIsRefusedWhateverItsCase) {
   addRow("Lake");
   const auto& editor = openEditor();

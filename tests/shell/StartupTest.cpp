@@ -1,15 +1,24 @@
 #include "ControlChecks.h"
 #include "StartupFixture.h"
 
+#include <utility>
+
 namespace hearthbook::test {
 namespace {
 
 const QString buildText = QStringLiteral(
     "Build or maintain your family album. Scan or choose from files and fill in the pictures "
     "date, event, place and family members.");
+const QString searchText = QStringLiteral(
+    "Search for specific photos by Events, Places or Appearances. View results and select images "
+    "to Edit, View or Add to Sub-Albums.");
 const QString viewText = QStringLiteral(
     "View the Master Album or the Sub-Albums you created before. Edit selected photos or Remove "
     "them from the Album.");
+
+const QString exportText = QStringLiteral(
+    "Export your Sub-Albums into CD or Hard Drive. The exported sub album can also be upload to "
+    "the internet as a web-site.");
 
 const Control startControls[] = {
     {"Image1", "QWidget"},
@@ -99,6 +108,21 @@ TEST_F(StartupTest, TheCommandUnderTheMouseIsDescribedUntilTheMouseIsOverThePict
   EXPECT_FALSE(command("Image5")->isPointedAt());
   EXPECT_EQ(description(), QString());
   EXPECT_FALSE(isFramed());
+}
+
+TEST_F(StartupTest, TheMouseOverEachCommandShowsItsDescription) {
+  commands.search = [] {};
+  commands.viewAlbum = [](int, const QString&, const auto&) {};
+  commands.exportAlbum = [] {};
+  show();
+
+  for (const auto& [name, text] : {std::pair("Image3", buildText), std::pair("Image4", searchText),
+                                   std::pair("Image5", viewText), std::pair("Image6", exportText),
+                                   std::pair("Image7", QString())}) {
+    moveTo(command(name));
+    EXPECT_TRUE(command(name)->isPointedAt()) << name;
+    EXPECT_EQ(description(), text) << name;
+  }
 }
 
 TEST_F(StartupTest, ExitIsPointedAtWithoutADescription) {

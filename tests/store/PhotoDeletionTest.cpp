@@ -66,6 +66,18 @@ TEST_F(PhotoDeletion, TakesTheRowAndItsFilesAway) {
   EXPECT_TRUE(fs::exists(at("Photos/00001.jpg")));
 }
 
+TEST_F(PhotoDeletion, NamesAndMarkersLeaveWithTheRowAndThePeopleStay) {
+  const auto anna = folder_.addPerson("Anna");
+  folder_.addPhoto("HD00002", {{"NamesInPhoto", "001,"}, {"NamesCords", "001-0341X1022,"}});
+  folder_.addPhoto("HD00003", {{"NamesInPhoto", "001,"}, {"NamesCords", "001-0500X0600,"}});
+  ASSERT_EQ(anna, 1);
+  photos().Requery();
+  erase("HD00002");
+  EXPECT_EQ(rowsOf("SELECT * FROM PhotoAlbum WHERE NamesInPhoto = '001,'"), 1);
+  EXPECT_EQ(rowsOf("SELECT * FROM Appearances WHERE AppearancesID = 1"), 1);
+  EXPECT_EQ(photos().Collect("NamesCords"), Value("001-0500X0600,"));
+}
+
 TEST_F(PhotoDeletion, ThePhotoAndItsSoundsAreInTheTrash) {
   folder_.addPhoto("HD00002");
   writeBytes(at("Audio/00002.wav"), "sound");
