@@ -79,8 +79,11 @@ public:
   void setBoundText(const Value& value); ///< an unknown value chooses nothing
 
 Q_SIGNALS:
-  void chosen();           ///< by the user, not by setBoundText
+  void chosen();           ///< by the user, the same row again too; not by setBoundText
   void doubleClickedRow(); ///< or Return on it
+
+protected:
+  void mousePressEvent(QMouseEvent* event) override;
 
 private:
   class Model;

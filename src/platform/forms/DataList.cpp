@@ -1,6 +1,7 @@
 #include "BoundControls.h"
 
 #include <QAbstractListModel>
+#include <QMouseEvent>
 #include <QSignalBlocker>
 
 #include <utility>
@@ -64,6 +65,13 @@ Value DataList::BoundText() const {
 }
 
 void DataList::setBoundText(const Value& value) { choose(model_->entries().indexOf(value)); }
+
+void DataList::mousePressEvent(QMouseEvent* event) {
+  const int before = chosenRow();
+  QListView::mousePressEvent(event);
+  if (before >= 0 && before == chosenRow())
+    Q_EMIT chosen(); // the program may have chosen it, of which nobody was told
+}
 
 int DataList::chosenRow() const {
   const QModelIndexList rows = selectionModel()->selectedRows();

@@ -223,6 +223,18 @@ TEST_F(BoundListTest, AClickInAListChoosesOnceAndADoubleClickIsTold) {
   EXPECT_EQ(twice.count(), 2);
 }
 
+TEST_F(BoundListTest, AClickOnARowThatTheProgramChoseIsAChoiceToo) {
+  DataList list;
+  list.setListSource(source());
+  list.resize(200, 200);
+  list.show();
+  list.setBoundText(2);
+  QSignalSpy chosen(&list, &DataList::chosen);
+  const QPoint second = list.visualRect(list.model()->index(1, 0)).center();
+  QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, second);
+  EXPECT_EQ(chosen.count(), 1);
+}
+
 TEST_F(BoundListTest, AListReFilledKeepsTheChoice) {
   DataList list;
   list.setListSource(source());
