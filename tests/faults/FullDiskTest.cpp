@@ -1,5 +1,6 @@
 #include "AddPhotos.h"
 #include "AlbumFolder.h"
+#include "BatchUpdate.h"
 #include "ClosingBackup.h"
 #include "FileBytes.h"
 #include "IncomingPhotos.h"
@@ -123,6 +124,34 @@ TEST_F(FullDisk, WhatCannotBeWrittenIsToldAndTheRecordSetGoesOn) {
   data.rsPhotoAlbum.Collect("Year", 1990);
   EXPECT_NO_THROW(data.rsPhotoAlbum.Update());
   EXPECT_TRUE(data.AlbumDB.passesQuickCheck());
+}
+
+TEST_F(FullDisk, ABatchOfChangesKeepsWhatFitsAndTellsHowMuch) {
+  std::size_t done = 0;
+  int stopped = 0;
+  int stoppedOnTheWay = 0;
+  const auto update = [&] {
+    AlbumData data;
+    data.AlbumDB.Open(live_);
+    Recordset result(data.AlbumDB);
+    result.Open("SELECT * FROM PhotoAlbum  ORDER BY Year, PictureID");
+    const BatchUpdated run = updatePhotos(result, {2, 3, 4, 5, 6, 7, 8, 9},
+                                          {.year = 1985, .description = std::string(40000, 'b')});
+    done = run.ids.size();
+    stopped += run.failure.has_value();
+    stoppedOnTheWay += run.failure && done > 0;
+  };
+  withMoreAndMoreRoom(update, [&] {
+    expectEveryPhoto();
+    AlbumData data;
+    data.AlbumDB.Open(live_);
+    Recordset changed(data.AlbumDB);
+    changed.Open("SELECT * FROM PhotoAlbum WHERE Year = 1985");
+    EXPECT_EQ(changed.RecordCount(), done);
+  });
+  EXPECT_GT(stopped, stoppedOnTheWay) << "without any room nothing is done";
+  EXPECT_GT(stoppedOnTheWay, 0);
+  EXPECT_EQ(done, 8);
 }
 
 TEST_F(FullDisk, AddingTellsItAndLosesNoPhoto) {

@@ -1,8 +1,8 @@
 #include "FileBytes.h"
+#include "FoundAlbum.h"
 #include "KilledTest.h"
 #include "NameList.h"
 #include "PhotoDeletion.h"
-#include "SafeFile.h"
 
 #include <algorithm>
 
@@ -10,31 +10,9 @@ namespace hearthbook {
 namespace {
 
 namespace fs = std::filesystem;
+using test::FoundAlbum;
 
 constexpr int manyPhotos = 10'000;
-
-/// The album of a folder as the next start finds it.
-class FoundAlbum {
-public:
-  explicit FoundAlbum(const fs::path& root) : album_{ApplicationFolder(root)} {
-    for (const char* folder : {"Photos", "Thumbnails", "Data"})
-      removeLeftovers(root / folder);
-    album_.data.AlbumDB.Open(root / "Data/Photo_Album.mdb");
-    album_.data.openRecordsets();
-    EXPECT_TRUE(album_.data.AlbumDB.passesQuickCheck());
-  }
-
-  Album& album() { return album_; }
-  AlbumData& data() { return album_.data; }
-  std::int64_t count(const std::string& select) {
-    Recordset rows(album_.data.AlbumDB);
-    rows.Open(select);
-    return rows.RecordCount();
-  }
-
-private:
-  Album album_;
-};
 
 bool holds(const fs::path& file, const std::string& bytes) {
   return fs::exists(file) && test::readBytes(file) == bytes;
