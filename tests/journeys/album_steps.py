@@ -37,6 +37,19 @@ def open_build_album(person):
     return position(person)
 
 
+def start_building(person):
+    """By the picture on the start screen, which says what it is for."""
+    command = person.find("push button", "Build Album")
+
+    def look():
+        person.point(command)
+        return person.all("label", re.compile("^Build or maintain your family album"))
+    person.until(look, "the description of Build Album")
+    person.click(command)
+    person.find("frame", "Building Master Album")
+    return position(person)
+
+
 def position(person):
     """Which photo the editor shows, and of how many: (3, 11)."""
     return tuple(int(n) for n in person.find("label", POSITION).name.split(" of "))

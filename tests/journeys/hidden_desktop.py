@@ -14,7 +14,7 @@ class Failure(AssertionError):
     """What a person sitting at the screen would complain about."""
 
 
-def wait_for(look, what, limit=60.0):
+def wait_for(look, what, limit=120.0):
     """The first answer of look() that is something; a Failure saying `what` if none comes."""
     end = time.monotonic() + limit
     pause = 0.01

@@ -90,7 +90,7 @@ def close_the_help(person):
 
 
 def first_evening(person, home):
-    steps.open_build_album(person)
+    expect(steps.start_building(person) == (1, 1), "a new album holds one photo")
     read_the_help(person)
     bring_photographs(person, home)
     describe_the_beach(person, home)
