@@ -116,6 +116,20 @@ TEST_F(HelpTest, TheStartScreenHidesIt) {
   EXPECT_TRUE(showHelp()->isChecked());
 }
 
+TEST_F(HelpTest, TheStartScreenGoesBehindAllOthersWhenItIsInFrontAgain) {
+  auto& editor = openEditor();
+  auto& start = Forms::get<Startup>();
+  auto* other = new QWidget(start.parentWidget());
+  start.raise();
+
+  editor.Unload();
+  QCoreApplication::processEvents();
+
+  EXPECT_EQ(frame->activeForm(), &start);
+  const QObjectList& layers = start.parentWidget()->children();
+  EXPECT_LT(layers.indexOf(&start), layers.indexOf(other));
+}
+
 TEST_F(HelpTest, AWorkFormIsGreetedUnderItsName) {
   showHelp()->trigger();
   openEditor();
