@@ -106,10 +106,20 @@ void FormArea::leaveFree(QMargins edges) {
     window->leaveFree(edges);
 }
 
-// The commands of the start screen assume that no work form is open, so they rest while one is.
+// The commands of the start screen assume that no work form is open, so they rest while one is. A
+// covered form is hidden, or its shortcuts would be there beside those of the front one; not before
+// the focus has gone, so that it comes back to where it was.
 void FormArea::settleFront() {
+  if (!windows_.empty())
+    windows_.back()->show();
   if (backdrop_)
     backdrop_->setEnabled(windows_.empty());
+  focusFront();
+  for (FormWindow* window : windows_)
+    window->setVisible(window == windows_.back());
+}
+
+void FormArea::focusFront() {
   const Form* front = frontForm();
   if (std::exchange(focused_, front) == front)
     return;

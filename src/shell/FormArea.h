@@ -36,6 +36,7 @@ private:
   void showBackdrop(Form& form);
   void fitBackdrop();
   void settleFront();
+  void focusFront();
   void watch(Form& form);
   void forget(const QObject* form);
   [[nodiscard]] FormWindow* windowOf(const Form& form) const;

@@ -6,6 +6,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMainWindow>
+#include <QShortcut>
 #include <QTest>
 
 namespace hearthbook {
@@ -98,6 +99,24 @@ TEST_F(FormAreaTest, TheFormBelowComesForwardWhenTheFrontOneGoes) {
   EXPECT_EQ(area->frontForm(), &search);
   area->hideForm(search);
   EXPECT_EQ(area->frontForm(), &startup);
+}
+
+TEST_F(FormAreaTest, ACoveredFormIsOutOfReachOfKeysAndScreenReadersUntilItIsInFrontAgain) {
+  int pressed = 0;
+  for (Work* form : {&editor, &search}) {
+    auto* shortcut = new QShortcut(QKeySequence(QStringLiteral("Alt+Left")), form);
+    QObject::connect(shortcut, &QShortcut::activated, form, [&pressed] { ++pressed; });
+    area->showForm(*form);
+  }
+
+  QTest::keyClick(&frame, Qt::Key_Left, Qt::AltModifier);
+  EXPECT_EQ(pressed, 1);
+  EXPECT_FALSE(editor.isVisible());
+
+  area->removeForm(search);
+  EXPECT_TRUE(editor.isVisible());
+  QTest::keyClick(&frame, Qt::Key_Left, Qt::AltModifier);
+  EXPECT_EQ(pressed, 2);
 }
 
 TEST_F(FormAreaTest, AFormThatIsDestroyedWithoutBeingRemovedIsForgotten) {
