@@ -3,6 +3,7 @@
 #include "Numbers.h"
 
 #include <algorithm>
+#include <set>
 
 namespace hearthbook {
 
@@ -34,6 +35,22 @@ void SelectionSet::deselect(std::int64_t position) {
     return;
   *found = "";
   --SelectedCount;
+}
+
+void SelectionSet::selectAll(std::int64_t from, std::int64_t to) {
+  std::set<std::int64_t> wanted;
+  for (std::int64_t position = from; position <= to; ++position)
+    wanted.insert(wanted.end(), position);
+  for (const Value& element : SelectedPositions)
+    if (!isHole(element))
+      wanted.erase(element.toInteger());
+  const std::int16_t count = shortNumber(SelectedCount + static_cast<std::int64_t>(wanted.size()));
+  auto next = wanted.begin();
+  for (Value& element : SelectedPositions)
+    if (next != wanted.end() && isHole(element))
+      element = *next++;
+  SelectedPositions.insert(SelectedPositions.end(), next, wanted.end());
+  SelectedCount = count;
 }
 
 std::optional<std::int64_t> SelectionSet::first() const {

@@ -25,6 +25,8 @@ struct SelectionSet {
   [[nodiscard]] bool contains(std::int64_t position) const;
   void select(std::int64_t position); ///< throws RunTimeError 6 where the count is full
   void deselect(std::int64_t position);
+  /// Selects what is not yet selected from one position to another, in one go.
+  void selectAll(std::int64_t from, std::int64_t to);
 
   /// The first that is no hole.
   [[nodiscard]] std::optional<std::int64_t> first() const;

@@ -76,6 +76,22 @@ TEST(SelectionSet, KnowsWhatIsInIt) {
   EXPECT_FALSE(set.contains(0));
 }
 
+TEST(SelectionSet, SelectsARangeIntoItsHolesAndLeavesOutWhatIsInIt) {
+  SelectionSet set = selected({4, 9, 2});
+  set.deselect(9);
+  set.selectAll(2, 6);
+  EXPECT_EQ(set.SelectedPositions, array({4, 3, 2, 5, 6}));
+  EXPECT_EQ(set.SelectedCount, 5);
+}
+
+TEST(SelectionSet, RefusesARangeThatItsCountCannotHold) {
+  SelectionSet set = selected({4});
+  EXPECT_THROW(set.selectAll(1, 32768), RunTimeError);
+  EXPECT_EQ(set, selected({4}));
+  set.selectAll(1, 32767);
+  EXPECT_EQ(set.SelectedCount, 32767);
+}
+
 TEST(SelectionSet, TheFirstIsThatWhichStandsFirstAndIsNoHole) {
   SelectionSet set = selected({7, 30, 3});
   EXPECT_EQ(set.first(), 7);
