@@ -1,12 +1,12 @@
 #include "EditorFixture.h"
 
 #include "Pointer.h"
+#include "ProgressNote.h"
 #include "QtPrint.h"
 
 #include <QComboBox>
 #include <QLineEdit>
 #include <QPlainTextEdit>
-#include <QProgressBar>
 
 #include <algorithm>
 
@@ -25,27 +25,6 @@ protected:
   }
   void expectRefusal() {
     boxes_.expectMessage(toQString("Please Enter A Valid Record."), toQString("Go To Record"));
-  }
-  /// What Progress was when its bar moved, as the search for the next gap shows it.
-  struct ProgressNote {
-    QString caption;
-    int minimum = 0;
-    int maximum = 0;
-    std::vector<int> values;
-  };
-  static void noteProgress(ProgressNote& note) {
-    Forms::provide<Progress>([&note] {
-      auto* progress = new Progress;
-      const auto* bar = progress->findChild<QProgressBar*>();
-      QObject::connect(bar, &QProgressBar::valueChanged, bar, [&note, progress, bar](int value) {
-        if (progress->isShown())
-          note.caption = progress->caption();
-        note.minimum = bar->minimum();
-        note.maximum = bar->maximum();
-        note.values.push_back(value);
-      });
-      return progress;
-    });
   }
   void fillAllFields(const std::string& id) {
     data().AlbumDB.execute("UPDATE PhotoAlbum SET Year = 1990, PlaceID = 1, EventID = 1, "
@@ -157,8 +136,7 @@ TEST_F(DBeditorMoves, FindNextEmptyRunsItsBarFromTheRecordBeforeItToTheLast) {
     fillAllFields(id);
   photos().Move(1, Recordset::Start::First);
   const auto& editor = openEditor();
-  ProgressNote progress;
-  noteProgress(progress);
+  test::ProgressNote progress;
   press(editor, "Command18");
   EXPECT_EQ(progress.caption, toQString("Please Wait, Searching For Next Empty Field"));
   EXPECT_EQ(progress.minimum, 1);
@@ -168,8 +146,7 @@ TEST_F(DBeditorMoves, FindNextEmptyRunsItsBarFromTheRecordBeforeItToTheLast) {
 
 TEST_F(DBeditorMoves, FindNextEmptyFillsItsBarWhereverItFinds) {
   const auto& editor = openEditor();
-  ProgressNote progress;
-  noteProgress(progress);
+  test::ProgressNote progress;
   press(editor, "Command18");
   EXPECT_EQ(labelOf(editor, "NumRec"), "2 of 5");
   EXPECT_EQ(progress.values, (std::vector<int>{0, 1, 2, 5}));
