@@ -1,7 +1,5 @@
 #include "SearchQuery.h"
 
-#include "NamesInPhoto.h"
-
 #include <algorithm>
 #include <functional>
 
@@ -9,17 +7,15 @@ namespace hearthbook {
 
 namespace {
 
-using Choice = SearchCriteria::Choice;
-
-bool contains(const std::vector<Choice>& choices, std::int64_t id) {
-  return std::ranges::find(choices, id, &Choice::id) != choices.end();
+bool contains(const std::vector<NameEntry>& choices, std::int64_t id) {
+  return std::ranges::find(choices, id, &NameEntry::id) != choices.end();
 }
 
 /// The condition on each choice, joined by OR; each choice's text goes to the summary.
-std::string anyOf(const std::vector<Choice>& choices, std::string& summary,
+std::string anyOf(const std::vector<NameEntry>& choices, std::string& summary,
                   const std::function<std::string(std::int64_t)>& condition) {
   std::string clause;
-  for (const Choice& choice : choices) {
+  for (const NameEntry& choice : choices) {
     clause += (clause.empty() ? "" : " OR ") + condition(choice.id);
     summary += choice.text + ", ";
   }

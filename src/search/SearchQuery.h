@@ -1,5 +1,7 @@
 #pragma once
 
+#include "NamesInPhoto.h"
+
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -8,17 +10,9 @@ namespace hearthbook {
 
 /// What a search asks for. An empty list or text sets no condition.
 struct SearchCriteria {
-  /// One chosen place, event or person.
-  struct Choice {
-    std::string text;
-    std::int64_t id = 0;
-
-    bool operator==(const Choice&) const = default;
-  };
-
-  std::vector<Choice> places; ///< any of them
-  std::vector<Choice> events;
-  std::vector<Choice> people;
+  std::vector<NameEntry> places; ///< any of them
+  std::vector<NameEntry> events;
+  std::vector<NameEntry> people;
   std::string fromYear; ///< as typed
   std::string toYear;
   std::string description; ///< a piece of it

@@ -1,0 +1,68 @@
+#include "CellPicture.h"
+
+#include "ImgRatio.h"
+#include "PictureBox.h"
+#include "Stage.h"
+
+#include <utility>
+
+namespace hearthbook {
+
+namespace {
+
+constexpr double side = 1090; // into which pictures are fitted, in twips
+
+TwipsRect fittedInto(TwipsRect box, PixelSize picture) {
+  return FitImage(box, picture.width, picture.height, side, side);
+}
+
+} // namespace
+
+FittedPictures::Fit CellPicture::fitOn(const Stage& stage) {
+  return [&stage](PixelSize picture) {
+    const TwipsRect place = fittedInto({0, 0, side, side}, picture);
+    const QSize pixels = stage.toDevicePixels({0, 0, place.width, place.height});
+    return PixelSize{pixels.width(), pixels.height()};
+  };
+}
+
+void CellPicture::show(FittedPictures& pictures, const std::filesystem::path& file,
+                       const std::filesystem::path& notFound) {
+  clear();
+  pictures_ = &pictures;
+  file_ = file;
+  notFound_ = notFound;
+  request();
+}
+
+void CellPicture::clear() {
+  ticket_.reset();
+  waits_ = false;
+  file_.clear();
+  image_.clear();
+  stage_.setRect(&image_, box_);
+}
+
+void CellPicture::request() {
+  if (file_.empty())
+    return;
+  waits_ = true;
+  const std::filesystem::path asked = file_;
+  auto ticket =
+      pictures_->load(asked, fitOn(stage_), [this](const auto& loaded) { arrived(loaded); });
+  if (asked == file_) // otherwise a ready failure has asked for another one meanwhile
+    ticket_ = std::move(ticket);
+}
+
+void CellPicture::arrived(const FittedPictures::Loaded& loaded) {
+  waits_ = false;
+  if (!loaded.picture.isNull()) {
+    stage_.setRect(&image_, fittedInto(box_, loaded.fullSize));
+    image_.setPicture(loaded.picture);
+  } else if (file_ != notFound_) {
+    file_ = notFound_;
+    request();
+  }
+}
+
+} // namespace hearthbook
