@@ -5,6 +5,7 @@
 #include "Forms.h"
 #include "MsgBox.h"
 #include "Progress.h"
+#include "Search.h"
 #include "Text.h"
 #include "WorkForms.h"
 #include "frmAbout.h"
@@ -59,6 +60,24 @@ void FrameCommands::buildFromStart() {
   auto& editor = Forms::get<DBeditor>();
   editor.setCaption(toQString(startBuildCaption));
   editor.Show();
+}
+
+void FrameCommands::searchFromMenu() {
+  if (closeWorkForms())
+    searchFromStart();
+}
+
+void FrameCommands::searchFromStart() {
+  album_.vars.CallerForm = "Search";
+  findPhoto();
+}
+
+void FrameCommands::findPhoto() {
+  album_.vars.rsSearch = album_.data.rsPhotoAlbum.Clone();
+  // The pages of another set would lead to the wrong photos.
+  if (auto* open = Forms::loaded<Search>())
+    open->startOver();
+  Forms::get<Search>().Show();
 }
 
 void FrameCommands::viewAlbum(int albumId, const QString& name) {

@@ -39,6 +39,10 @@ public:
   void quit();
   void buildFromMenu();  ///< on the first photo without a year
   void buildFromStart(); ///< on the first photo
+  void searchFromMenu();
+  void searchFromStart();
+  /// For the record editor, which stays the owner of the working set.
+  void findPhoto();
   void viewAlbum(int albumId, const QString& name);
   /// From the album picker, whose caption is the picker's text for the Master Album, too.
   /// `aboutToShow` runs where there are photos, before the pages appear.

@@ -86,6 +86,8 @@ void MDIForm1::removeForm(Form& form) { area_->removeForm(form); }
 
 Form* MDIForm1::activeForm() const { return area_->frontForm(); }
 
+void MDIForm1::findPhoto() { commands_->findPhoto(); }
+
 void MDIForm1::addAlbumEntry(int albumId, const QString& name) { menu_->addAlbum(albumId, name); }
 
 void MDIForm1::renameAlbumEntry(int albumId, const QString& name) {

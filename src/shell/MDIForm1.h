@@ -36,8 +36,8 @@ public:
   [[nodiscard]] Form* activeForm() const override;
   [[nodiscard]] QWidget* window() override { return this; }
 
-  void findPhoto() override {}
-  [[nodiscard]] bool canFindPhoto() const override { return false; }
+  void findPhoto() override;
+  [[nodiscard]] bool canFindPhoto() const override { return true; }
   void addAlbumEntry(int albumId, const QString& name) override;
   void renameAlbumEntry(int albumId, const QString& name) override;
   void removeAlbumEntry(int albumId) override;

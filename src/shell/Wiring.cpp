@@ -1,6 +1,7 @@
 #include "Wiring.h"
 
 #include "Album.h"
+#include "BatchEdit.h"
 #include "DBeditor.h"
 #include "Forms.h"
 #include "FrameCommands.h"
@@ -9,6 +10,7 @@
 #include "NamesManager.h"
 #include "PickaPic.h"
 #include "Progress.h"
+#include "Search.h"
 #include "Startup.h"
 #include "YearWizard.h"
 #include "frmAbout.h"
@@ -22,6 +24,7 @@ namespace {
 StartupCommands startupCommands(FrameCommands& commands) {
   StartupCommands start;
   start.build = [&commands] { commands.buildFromStart(); };
+  start.search = [&commands] { commands.searchFromStart(); };
   if (commands.canViewAlbums())
     start.viewAlbum = [&commands](int albumId, const QString& name, const auto& aboutToShow) {
       commands.viewFromStart(albumId, name, aboutToShow);
@@ -37,10 +40,15 @@ PictureLoader::Deliver deliverHere() {
   };
 }
 
+/// Two pages of thumbnails at the size of a large screen: enough for the next one to be ready,
+/// little enough for a hundred thousand to go by.
+constexpr std::size_t thumbnailBytes = 16u << 20;
+
 } // namespace
 
 Wiring::Wiring(Album& album, MDIForm1& frame)
-    : loader_(pool_, deliverHere()), help_(album.vars, frame) {
+    : loader_(pool_, deliverHere()), thumbnails_(pool_, deliverHere(), thumbnailBytes),
+      help_(album.vars, frame) {
   Forms::provide<Startup>([this, &album, &frame] {
     auto* start = new Startup(album, pool_, loader_, startupCommands(frame.commands()));
     QObject::connect(start, &Startup::cameToFront, &help_, &FrameHelp::startScreenActive);
@@ -53,6 +61,9 @@ Wiring::Wiring(Album& album, MDIForm1& frame)
   });
   Forms::provide<DBeditor>(
       [this, &album, &frame] { return new DBeditor(album, loader_, pool_, frame, help_); });
+  Forms::provide<Search>(
+      [this, &album] { return new Search(album, thumbnails_, pool_, help_, {}); });
+  Forms::provide<BatchEdit>([&album] { return new BatchEdit(album); });
   Forms::provide<PickaPic>([this, &album] { return new PickaPic(album, pool_); });
   Forms::provide<NamesManager>([&album] { return new NamesManager(album); });
   Forms::provide<YearWizard>([&album] { return new YearWizard(album); });

@@ -19,6 +19,7 @@ public:
 private:
   WorkPool pool_;
   PictureLoader loader_;
+  PictureLoader thumbnails_; ///< for pages of them
   FrameHelp help_;
 };
 
