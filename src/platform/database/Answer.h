@@ -30,11 +30,15 @@ struct WriteBack {
 
 using Edits = std::vector<std::pair<std::size_t, Value>>; ///< column and new content
 
+class Statement;
+
 /// All rows of a select, read once, and the way back into the database.
 struct Answer {
   std::vector<Column> columns;
   std::optional<WriteBack> writeBack; ///< nothing where the rows can only be read
   RowSet rows;
+  /// Still prepared: the next row often has the same fields changed.
+  std::shared_ptr<Statement> lastUpdate{};
 
   /// The first column of the name that is not hidden, in any case.
   [[nodiscard]] std::optional<std::size_t> column(std::string_view name) const;

@@ -81,6 +81,14 @@ Value keyOf(const Answer& answer, RowId row) {
   return answer.rows.value(row, answer.writeBack->keyColumn);
 }
 
+std::shared_ptr<Statement> preparedUpdate(sqlite3* database, const Answer& answer,
+                                          const Edits& edits) {
+  const std::string text = updateStatement(answer, edits);
+  if (answer.lastUpdate && answer.lastUpdate->text() == text)
+    return answer.lastUpdate;
+  return std::make_shared<Statement>(database, text);
+}
+
 } // namespace
 
 void insertRow(sqlite3* database, Answer& answer, RowId row, const Edits& edits) {
@@ -90,11 +98,14 @@ void insertRow(sqlite3* database, Answer& answer, RowId row, const Edits& edits)
 }
 
 void updateRow(sqlite3* database, Answer& answer, RowId row, const Edits& edits) {
-  Statement statement(database, updateStatement(answer, edits));
-  bindEdits(statement, edits);
-  statement.bind(static_cast<int>(edits.size()) + 1, keyOf(answer, row));
-  if (!store(statement, answer, row))
+  const auto statement = preparedUpdate(database, answer, edits);
+  answer.lastUpdate = nullptr; // unless it gets through
+  bindEdits(*statement, edits);
+  statement->bind(static_cast<int>(edits.size()) + 1, keyOf(answer, row));
+  if (!store(*statement, answer, row))
     throwGone(answer);
+  statement->reset();
+  answer.lastUpdate = statement;
 }
 
 void deleteRows(sqlite3* database, const Answer& answer, const std::vector<RowId>& rows) {

@@ -35,6 +35,7 @@ public:
 
   [[nodiscard]] Value column(int index) const;
   [[nodiscard]] int columnCount() const;
+  [[nodiscard]] const std::string& text() const { return text_; }
   [[nodiscard]] sqlite3_stmt* handle() const { return handle_; }
 
 private:

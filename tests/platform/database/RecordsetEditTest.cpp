@@ -96,6 +96,35 @@ TEST_F(Edit, AFailedUpdateStaysPendingUntilItIsCancelled) {
   EXPECT_EQ(photos.AbsolutePosition(), 2);
 }
 
+TEST_F(Edit, RowAfterRowIsStoredWithTheSameFieldsAndWithOthers) {
+  int year = 1900;
+  for (photos.MoveFirst(); !photos.atEOF(); photos.MoveNext())
+    photos.Collect("Year", ++year);
+  photos.MoveFirst();
+  photos.Collect("Description", "other words");
+  photos.Update();
+  photos.MoveLast();
+  photos.Collect("Year", Value());
+  photos.Update();
+  EXPECT_EQ(stored("SELECT count(DISTINCT Year) FROM PhotoAlbum"),
+            std::to_string(photos.RecordCount() - 1));
+  EXPECT_EQ(stored("SELECT Description FROM PhotoAlbum WHERE Year = 1901"), "other words");
+  EXPECT_EQ(stored("SELECT count(*) FROM PhotoAlbum WHERE Description = 'other words'"), "1");
+}
+
+TEST_F(Edit, BehindARefusedUpdateTheSameFieldsOfOtherRowsAreStored) {
+  connection.execute("CREATE TRIGGER Refuse BEFORE UPDATE ON PhotoAlbum WHEN NEW.Year = 1066 "
+                     "BEGIN SELECT RAISE(ABORT, 'too long ago'); END");
+  photos.Collect("Year", 1990);
+  photos.Update();
+  photos.Collect("Year", 1066);
+  EXPECT_THROW(photos.Update(), RunTimeError);
+  photos.CancelUpdate();
+  photos.Collect("Year", 1991);
+  photos.Update();
+  EXPECT_EQ(stored("SELECT Year FROM PhotoAlbum WHERE PictureID = 'CD00002'"), "1991");
+}
+
 TEST_F(Edit, UpdateWithoutEditsDoesNothing) {
   photos.Update();
   photos.Move(100);
