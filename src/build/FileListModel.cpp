@@ -34,6 +34,8 @@ QVariant FileListModel::data(const QModelIndex& index, int role) const {
     return toQString(file.filename());
   if (role == Qt::DecorationRole)
     return QIcon(pictures_->of(index.row(), file)); // an icon shows that it is chosen
+  if (role == Qt::SizeHintRole && placeSize_.isValid())
+    return placeSize_;
   return {};
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QAbstractListModel>
+#include <QSize>
 
 #include <filesystem>
 #include <vector>
@@ -18,6 +19,8 @@ public:
 
   FileListModel(WorkPool& pool, QObject* parent);
 
+  /// How much room a file takes; else its name gets no more than its picture.
+  void setPlaceSize(QSize size) { placeSize_ = size; }
   void setFiles(std::vector<std::filesystem::path> files);
   [[nodiscard]] const std::vector<std::filesystem::path>& files() const { return files_; }
 
@@ -26,6 +29,7 @@ public:
 
 private:
   SmallPictures* pictures_;
+  QSize placeSize_;
   std::vector<std::filesystem::path> files_;
 };
 

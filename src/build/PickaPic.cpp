@@ -18,6 +18,7 @@
 #include <QKeyEvent>
 #include <QResizeEvent>
 #include <QScopeGuard>
+#include <QScreen>
 
 #include <algorithm>
 #include <cmath>
@@ -34,6 +35,7 @@ PickaPic::PickaPic(Album& album, WorkPool& pool)
     : Form(QStringLiteral("PickaPic"), Kind::Dialog), album_(album), pool_(pool),
       ui(std::make_unique<Ui::PickaPic>()), files_(new FileListModel(pool, this)) {
   ui->setupUi(this);
+  resize(sizeOn(screen()->availableSize(), size()));
   ui->frmProgress->hide();
   showOnPaper();
   ui->Preview->installEventFilter(this); // keeps the preview's proportions
@@ -43,6 +45,8 @@ PickaPic::PickaPic(Album& album, WorkPool& pool)
 }
 
 PickaPic::~PickaPic() = default;
+
+QSize PickaPic::sizeOn(QSize screen, QSize drawn) { return drawn.expandedTo(screen * 3 / 5); }
 
 void PickaPic::showOnPaper() {
   QPalette heading = ui->Label1->palette();
@@ -61,7 +65,10 @@ void PickaPic::wireBrowser() {
   constexpr int side = FileListModel::pictureSide;
   ui->File1->setModel(files_);
   ui->File1->setIconSize({side, side});
-  ui->File1->setGridSize({side + 24, side + 2 * fontMetrics().height() + 6});
+  constexpr int roomForNames = 40;
+  const QSize place(side + roomForNames, side + 2 * fontMetrics().height() + 6);
+  ui->File1->setGridSize(place);
+  files_->setPlaceSize(place);
 }
 
 void PickaPic::wireControls() {

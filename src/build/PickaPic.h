@@ -5,6 +5,8 @@
 #include "Form.h"
 #include "Pointer.h"
 
+#include <QSize>
+
 #include <filesystem>
 #include <memory>
 #include <optional>
@@ -29,6 +31,9 @@ class PickaPic : public Form {
 public:
   PickaPic(Album& album, WorkPool& pool);
   ~PickaPic() override;
+
+  /// As drawn, and larger where the screen has room for more pictures at once.
+  static QSize sizeOn(QSize screen, QSize drawn);
 
   /// Goes to a folder, on the drive on which it lies.
   void showFolder(const std::filesystem::path& folder);

@@ -30,6 +30,20 @@ TEST_F(PickaPicTest, AtFirstNothingIsChosen) {
             QAbstractItemView::ExtendedSelection);
 }
 
+TEST_F(PickaPicTest, ANameThatIsWiderThanItsPictureIsShown) {
+  add("Landscape_0.jpg");
+  const auto& picker = openPickerAtSource();
+  const auto* list = control<QListView>(picker, "File1");
+  const QRect place = list->visualRect(list->model()->index(0, 0));
+  EXPECT_GT(place.width(), list->fontMetrics().horizontalAdvance(toQString("Landscape_0.jpg")));
+}
+
+TEST_F(PickaPicTest, OnALargeScreenItShowsMorePicturesAtOnce) {
+  const QSize drawn(960, 640);
+  EXPECT_EQ(PickaPic::sizeOn({1024, 768}, drawn), drawn);
+  EXPECT_EQ(PickaPic::sizeOn({3840, 2160}, drawn), QSize(2304, 1296));
+}
+
 TEST_F(PickaPicTest, TheBrowserStartsInTheAlbumsPhotos) {
   const auto& picker = openPicker();
   EXPECT_EQ(listed(picker), QStringList{toQString("00001.jpg")});
