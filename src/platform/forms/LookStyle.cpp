@@ -133,6 +133,8 @@ int LookStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidg
                          QStyleHintReturn* more) const {
   if (hint == SH_ItemView_ActivateItemOnSingleClick)
     return 0; // whatever the desktop says: a click chooses, a double click does
+  if (hint == SH_DialogButtonBox_ButtonsHaveIcons)
+    return 0; // boxes look as the forms do, on every desktop
   return QProxyStyle::styleHint(hint, option, widget, more);
 }
 

@@ -7,6 +7,7 @@
 #include <QAccessible>
 #include <QApplication>
 #include <QCheckBox>
+#include <QDialogButtonBox>
 #include <QFontInfo>
 #include <QFontMetricsF>
 #include <QPushButton>
@@ -90,6 +91,12 @@ TEST(Look, WhatCannotBeUsedCanStillBeMadeOut) {
 TEST(Look, EdgesOfControlsStandOutFromThePaper) {
   EXPECT_GE(contrast(look::edge, look::paper), 3);
   EXPECT_GE(contrast(look::edge, look::sheet), 3);
+}
+
+TEST(Look, ButtonsOfBoxesBearTheirCaptionAlone) {
+  QDialogButtonBox box(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
+  for (const QAbstractButton* button : box.buttons())
+    EXPECT_TRUE(button->icon().isNull());
 }
 
 TEST(Look, AMenuBarWithTooLittleRoomShowsAnArrow) {
