@@ -91,7 +91,7 @@ bool isAllLike(const QImage& image, const QByteArray& row) {
 void spreadSamples(QImage& image) {
   for (int y = 0; y < image.height(); ++y) {
     auto* row = reinterpret_cast<quint16*>(image.scanLine(y));
-    for (int x = image.width() - 1; x >= 0; --x) {
+    for (std::ptrdiff_t x = image.width() - 1; x >= 0; --x) {
       std::memmove(row + 4 * x, row + 3 * x, 3 * sizeof(quint16));
       row[4 * x + 3] = 0xffff;
     }
