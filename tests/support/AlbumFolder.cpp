@@ -3,6 +3,7 @@
 #include "DatabaseMaker.h"
 #include "FileBytes.h"
 #include "PhotoIdentity.h"
+#include "TemplateWaves.h"
 #include "TestPictures.h"
 #include "Words.h"
 
@@ -45,6 +46,7 @@ AlbumFolder::AlbumFolder()
       drives_(folder_.path() / "machine"), root_(folder_.path() / "Hearthbook") {
   makeFolders(root_);
   copyMedia(root_ / "Media");
+  makeTemplateWaves(ApplicationFolder(root_));
   makeAlbumDatabase(at("Data/Photo_Album.mdb"), HEARTHBOOK_SCHEMA);
   makeHelpDatabase(at("Data/Help.mdb"), HEARTHBOOK_SCHEMA,
                    readHelpRows(fs::path(HEARTHBOOK_HELP_ROWS)));

@@ -22,6 +22,8 @@ constexpr std::array programFolders = {"Media", "help", "export"};
 /// What belongs to the family. The databases come last: while they are missing, the folder
 /// counts as not yet filled.
 constexpr std::array albumFolders = {"Photos", "Thumbnails", "Audio", "Data"};
+/// The program's too, but among the sounds of the family.
+constexpr std::array programSounds = {"8Bit.wav", "16Bit.wav"};
 constexpr const char* albumFile = "Photo_Album.mdb";
 constexpr const char* helpFile = "Help.mdb";
 
@@ -83,6 +85,9 @@ void fill(const ApplicationFolder& user, const ApplicationFolder& program) {
     addMissing(program.path(name), user.path(name));
   makeFolders(user.path("Data"));
   copyUnlessThere(program.path("Data") / helpFile, user.path("Data") / helpFile);
+  makeFolders(user.path("Audio"));
+  for (const char* name : programSounds)
+    copyUnlessThere(program.path("Audio") / name, user.path("Audio") / name);
   if (holdsAlbum(user))
     return;
   for (const char* name : albumFolders)

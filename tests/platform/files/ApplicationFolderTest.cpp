@@ -102,6 +102,7 @@ protected:
     writeBytes(program_ / "Data/Photo_Album.mdb", "album");
     writeBytes(program_ / "Data/Help.mdb", "help");
     writeBytes(program_ / "Media/NotFound.gif", "picture");
+    writeBytes(program_ / "Audio/8Bit.wav", "template");
     writeBytes(program_ / "Photos/00001.jpg", "photo");
     writeBytes(program_ / "Backup/Photo_Album.mdb", "not to be taken");
     writeBytes(program_ / "export/template/index.htm", "page");
@@ -183,6 +184,13 @@ TEST_F(ReadOnlyProgramPlace, APictureThatANewerProgramBringsIsAdded) {
   fs::remove(user_ / "Media/NotFound.gif");
   start();
   EXPECT_EQ(readBytes(user_ / "Media/NotFound.gif"), "picture");
+}
+
+TEST_F(ReadOnlyProgramPlace, ATemplateWaveThatANewerProgramBringsIsAddedToAnAlbum) {
+  start();
+  fs::remove(user_ / "Audio/8Bit.wav");
+  start();
+  EXPECT_EQ(readBytes(user_ / "Audio/8Bit.wav"), "template");
 }
 
 TEST_F(ReadOnlyProgramPlace, ALostAlbumWithABackupIsLeftForTheRestore) {
