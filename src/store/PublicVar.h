@@ -29,7 +29,8 @@ struct PublicVar {
   std::int16_t NextPhotoNumber = 0; ///< of the photo being added
   std::int16_t CurrentPersonID = 0; ///< the person that NamesManager shows or has stored
   Value WizardPlaceID;              ///< the place chosen in the year wizard
-  std::optional<std::filesystem::path> LastFolder; ///< last opened in Add From File
+  std::optional<std::filesystem::path> LastFolder;      ///< last opened in Add From File
+  std::optional<std::filesystem::path> LastSoundFolder; ///< last opened in Add Audio
 
   std::unique_ptr<Recordset> rsSearch; ///< result of Search
   std::unique_ptr<Recordset> rsViewer; ///< what the album pages show

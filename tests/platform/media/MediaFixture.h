@@ -9,6 +9,7 @@
 #include "TemporaryFolder.h"
 #include "TestSounds.h"
 #include "Text.h"
+#include "WaitFor.h"
 #include "WaveFile.h"
 
 #include <gtest/gtest.h>
@@ -22,12 +23,6 @@
 #include <sstream>
 
 namespace hearthbook::test {
-
-inline testing::AssertionResult waitFor(const std::function<bool()>& condition) {
-  constexpr int patience = 60'000;
-  return QTest::qWaitFor(condition, patience) ? testing::AssertionSuccess()
-                                              : testing::AssertionFailure() << "waited in vain";
-}
 
 /// A control with a folder of sounds, and what it told.
 class MediaFixture : public testing::Test {

@@ -1,0 +1,11 @@
+#pragma once
+
+namespace hearthbook {
+
+enum class Mixer { Playback, Recording };
+
+/// Starts the desktop's own program for how loud sound is, in a window of its own. False where
+/// there is none.
+bool startMixer(Mixer mixer);
+
+} // namespace hearthbook

@@ -1,0 +1,85 @@
+#include "SoundTransport.h"
+
+#include "Command.h"
+
+#include <QHBoxLayout>
+#include <QToolButton>
+
+#include <initializer_list>
+
+namespace hearthbook {
+
+SoundTransport::SoundTransport(QWidget* parent) : QWidget(parent) {
+  auto* row = new QHBoxLayout(this);
+  row->setContentsMargins(0, 0, 0, 0);
+  row->setSpacing(4);
+  record_ = addButton("record", TransportSymbol::Record, QStringLiteral("Record"));
+  toStart_ = addButton("toStart", TransportSymbol::ToStart, QStringLiteral("To the Start"));
+  play_ = addButton("play", TransportSymbol::Play, QStringLiteral("Play"));
+  pause_ = addButton("pause", TransportSymbol::Pause, QStringLiteral("Pause"));
+  stop_ = addButton("stop", TransportSymbol::Stop, QStringLiteral("Stop"));
+  toEnd_ = addButton("toEnd", TransportSymbol::ToEnd, QStringLiteral("Next Track"));
+  eject_ = addButton("eject", TransportSymbol::Eject, QStringLiteral("Open the Tray"));
+  for (QToolButton* rare : {record_, toEnd_, eject_})
+    rare->hide();
+  setFocusProxy(play_);
+  wireButtons();
+  updateEnabled();
+}
+
+QToolButton* SoundTransport::addButton(const char* name, TransportSymbol symbol,
+                                       const QString& said) {
+  constexpr int side = 22;
+  auto* button = new QToolButton(this);
+  button->setObjectName(QLatin1String(name));
+  button->setIcon(transportIcon(symbol));
+  button->setIconSize({side, side});
+  button->setFixedSize({44, 38});
+  button->setFocusPolicy(Qt::StrongFocus);
+  button->setAccessibleName(said);
+  button->setToolTip(said);
+  layout()->addWidget(button);
+  return button;
+}
+
+void SoundTransport::wireButtons() {
+  onCommand(toStart_, this, [this] { control_.Prev(); });
+  onCommand(play_, this, [this] { control_.Play(); });
+  onCommand(pause_, this, [this] { control_.Pause(); });
+  onCommand(stop_, this, [this] {
+    control_.Stop();
+    Q_EMIT stopClicked();
+  });
+  onCommand(toEnd_, this, [this] { control_.Next(); });
+  onCommand(record_, this, [this] { Q_EMIT recordClicked(); });
+  onCommand(eject_, this, [this] { control_.Eject(); });
+  connect(&control_, &MMControl::modeChanged, this, &SoundTransport::updateEnabled);
+}
+
+void SoundTransport::showRecordButton(bool shown) {
+  record_->setVisible(shown);
+  setFocusProxy(shown ? record_ : play_);
+}
+
+void SoundTransport::showDiscButtons() {
+  toStart_->setAccessibleName(QStringLiteral("Previous Track"));
+  toStart_->setToolTip(toStart_->accessibleName());
+  toEnd_->show();
+  eject_->show();
+}
+
+void SoundTransport::updateEnabled() {
+  using Mode = MMControl::Mode;
+  const Mode mode = control_.mode();
+  const bool isPlaying = mode == Mode::Playing;
+  const bool isRecording = mode == Mode::Recording;
+  const bool holdsSound = control_.isOpen() && control_.length() > 0;
+  play_->setEnabled(holdsSound && !isPlaying && !isRecording);
+  pause_->setEnabled(isPlaying);
+  stop_->setEnabled(isPlaying || isRecording || mode == Mode::Paused);
+  for (QToolButton* move : {toStart_, toEnd_})
+    move->setEnabled(holdsSound && !isRecording);
+  record_->setEnabled(!isRecording);
+}
+
+} // namespace hearthbook

@@ -1,0 +1,44 @@
+#pragma once
+
+#include "MMControl.h"
+#include "TransportIcons.h"
+
+#include <QWidget>
+
+class QToolButton;
+
+namespace hearthbook {
+
+/// The buttons of a recorder or a disc player, and the control that they work.
+///
+/// Only what can be done now is enabled. The form that holds it says what recording means.
+class SoundTransport : public QWidget {
+  Q_OBJECT
+public:
+  explicit SoundTransport(QWidget* parent = nullptr);
+
+  [[nodiscard]] MMControl& control() { return control_; }
+
+  void showRecordButton(bool shown);
+  void showDiscButtons(); ///< also those to the next track and to the tray
+
+Q_SIGNALS:
+  void recordClicked(); ///< nothing is done yet
+  void stopClicked();   ///< it is silent already
+
+private:
+  QToolButton* addButton(const char* name, TransportSymbol symbol, const QString& said);
+  void wireButtons();
+  void updateEnabled();
+
+  MMControl control_;
+  QToolButton* toStart_;
+  QToolButton* play_;
+  QToolButton* pause_;
+  QToolButton* stop_;
+  QToolButton* toEnd_;
+  QToolButton* record_;
+  QToolButton* eject_;
+};
+
+} // namespace hearthbook

@@ -1,0 +1,265 @@
+#include "AddAudioFixture.h"
+
+namespace hearthbook::test {
+
+namespace {
+
+using Names = std::vector<std::string>;
+
+/// Recording, with a microphone that hears what is played.
+class AddAudioRecording : public AddAudioFixture {
+protected:
+  /// Records for so long and stops.
+  static void record(const AddAudio& dialog, std::int64_t milliseconds = 300) {
+    startRecording(dialog, milliseconds);
+    transport(dialog, "stop");
+  }
+  static void startRecording(const AddAudio& dialog, std::int64_t milliseconds = 300) {
+    transport(dialog, "record");
+    ASSERT_EQ(sound(dialog).mode(), Mode::Recording);
+    ASSERT_TRUE(waitFor([&] { return sound(dialog).length() >= milliseconds; }));
+  }
+
+  SoundDaemon daemon_;
+};
+
+} // namespace
+
+TEST_F(AddAudioRecording, ARecordingHasTheFormatOfTheChosenTemplate) {
+  for (const auto& [option, format] :
+       {std::pair("Option1", lowQuality), std::pair("Option2", highQuality)}) {
+    const auto& dialog = open();
+    press(dialog, option);
+    record(dialog);
+    expectRecordingAttached();
+    press(dialog, "Command4");
+    EXPECT_EQ(infoOf(audio("00001.wav")).format, format) << option;
+    EXPECT_GE(infoOf(audio("00001.wav")).length(), 300) << option;
+    EXPECT_FALSE(isOpen());
+  }
+  EXPECT_EQ(told_, (std::vector<bool>{true, true}));
+}
+
+TEST_F(AddAudioRecording, WhatIsHeardIsAttached) {
+  writeTone(source_ / "tone.wav", 600, 5000);
+  MMControl music;
+  music.setFile(source_ / "tone.wav");
+  ASSERT_TRUE(music.Open());
+  ASSERT_TRUE(music.Play());
+  ASSERT_TRUE(waitFor([&] { return music.position() > 200; }));
+  const auto& dialog = open();
+  press(dialog, "Option2");
+  record(dialog, 800);
+  expectRecordingAttached();
+  press(dialog, "Command4");
+  EXPECT_NEAR(listenTo(audio("00001.wav")).hertz, 600, 30);
+}
+
+TEST_F(AddAudioRecording, ADiscIsRecorded) {
+  const ScopedVariable drive("HEARTHBOOK_DISC", makeDisc(source_, {500}, 5).string());
+  const auto& dialog = openTab(Disc);
+  press(dialog, "Option2");
+  transport(dialog, "play", "MMControl2");
+  ASSERT_TRUE(waitFor([&] { return disc(dialog).position() > 200; }));
+  record(dialog, 800);
+  expectRecordingAttached();
+  press(dialog, "Command4");
+  EXPECT_NEAR(listenTo(audio("00001.wav")).hertz, 500, 30);
+}
+
+TEST_F(AddAudioRecording, TheTemplatesStayAsTheyAre) {
+  const std::string before = readBytes(audio("8Bit.wav"));
+  const auto& dialog = open();
+  record(dialog);
+  expectRecordingAttached();
+  press(dialog, "Command4");
+  EXPECT_EQ(readBytes(audio("8Bit.wav")), before);
+}
+
+TEST_F(AddAudioRecording, WhileRecordingTheSecondsAndTheSizeAreShown) {
+  const auto& dialog = open();
+  press(dialog, "Option2");
+  EXPECT_EQ(control(dialog, "frameQuality")->property("Tag").toString(), toQString("86"));
+  startRecording(dialog, 0);
+  EXPECT_EQ(textOf(dialog, "lblRec"), "Recording");
+  EXPECT_TRUE(isVisible(dialog, "lblRec"));
+  EXPECT_EQ(titleOf(dialog, "Frame1"), "Recording Length");
+  EXPECT_TRUE(waitFor([&] { return textOf(dialog, "lblLength") == "1 Sec."; }));
+  EXPECT_EQ(textOf(dialog, "lblSize"), "86k");
+}
+
+TEST_F(AddAudioRecording, TheQualityCannotBeChangedMeanwhile) {
+  const auto& dialog = open();
+  startRecording(dialog);
+  EXPECT_FALSE(isEnabled(dialog, "Option2"));
+  transport(dialog, "stop");
+  EXPECT_TRUE(isEnabled(dialog, "Option2"));
+}
+
+TEST_F(AddAudioRecording, AStoppedRecordingCanBeHeard) {
+  const auto& dialog = open();
+  record(dialog, 1200);
+  EXPECT_EQ(sound(dialog).position(), 0);
+  EXPECT_EQ(textOf(dialog, "lblLength"), "1 Sec.");
+  EXPECT_EQ(textOf(dialog, "lblSize"), "11k");
+  EXPECT_FALSE(isVisible(dialog, "lblRec"));
+  transport(dialog, "play");
+  EXPECT_EQ(textOf(dialog, "lblRec"), "Playing");
+}
+
+TEST_F(AddAudioRecording, AnotherRecordingBeginsAnew) {
+  const auto& dialog = open();
+  record(dialog, 1200);
+  record(dialog, 100);
+  EXPECT_LT(sound(dialog).length(), 1000);
+}
+
+TEST_F(AddAudioRecording, WithoutARecordingNothingIsAttached) {
+  const auto& dialog = open();
+  expectRefusal("Please Record Wave File");
+  press(dialog, "Command4");
+  EXPECT_TRUE(sounds().empty());
+  EXPECT_TRUE(isOpen());
+}
+
+TEST_F(AddAudioRecording, AnAttachedTuneIsNoRecording) {
+  attach("00001.mid", midiTune(4, 4));
+  const auto& dialog = open();
+  expectRefusal("Please Record Wave File");
+  press(dialog, "Command4");
+  EXPECT_EQ(sounds(), Names{"00001.mid"});
+}
+
+TEST_F(AddAudioRecording, ARecordingOverATuneLeavesBoth) {
+  attach("00001.mid", midiTune(4, 4));
+  const auto& dialog = open();
+  record(dialog);
+  expectRecordingAttached();
+  press(dialog, "Command4");
+  EXPECT_EQ(sounds(), (Names{"00001.mid", "00001.wav"}));
+}
+
+TEST_F(AddAudioRecording, AWaveThatARecordingReplacesGoesToTheTrash) {
+  attach("00001.WAV", silentWave(lowQuality, 9000));
+  const auto& dialog = open();
+  record(dialog);
+  expectRecordingAttached();
+  press(dialog, "Command4");
+  EXPECT_EQ(sounds(), Names{"00001.WAV"});
+  EXPECT_LT(infoOf(audio("00001.WAV")).length(), 9000);
+  EXPECT_EQ(infoOf(folder_.trash() / "00001.WAV").length(), 9000);
+}
+
+TEST_F(AddAudioRecording, ARecordingIsAttachedWithoutBeingStoppedFirst) {
+  const auto& dialog = open();
+  startRecording(dialog);
+  expectRecordingAttached();
+  press(dialog, "Command4");
+  EXPECT_GE(infoOf(audio("00001.wav")).length(), 300);
+}
+
+TEST_F(AddAudioRecording, ARecordingThatCannotBeSavedIsToldAndKept) {
+  auto& dialog = open();
+  record(dialog);
+  std::filesystem::rename(at("Audio"), at("Gone"));
+  boxes_.expectFailure(toQString("Audio"));
+  press(dialog, "Command4");
+  EXPECT_GE(sound(dialog).length(), 300);
+  EXPECT_TRUE(told_.empty());
+  std::filesystem::rename(at("Gone"), at("Audio"));
+  expectRecordingAttached();
+  press(dialog, "Command4");
+  EXPECT_EQ(sounds(), Names{"00001.wav"});
+}
+
+TEST_F(AddAudioRecording, ARecordingThatIsNotAttachedIsDroppedOnClosing) {
+  const auto& dialog = open();
+  record(dialog);
+  expectClosing(MsgAnswer::Ok);
+  press(dialog, "Command6");
+  EXPECT_FALSE(isOpen());
+  EXPECT_TRUE(sounds().empty());
+}
+
+TEST_F(AddAudioRecording, CancelAtTheClosingQuestionKeepsTheRecording) {
+  const auto& dialog = open();
+  record(dialog);
+  const auto length = sound(dialog).length();
+  expectClosing(MsgAnswer::Cancel);
+  press(dialog, "Command6");
+  QCoreApplication::processEvents();
+  EXPECT_EQ(sound(dialog).length(), length);
+  expectRecordingAttached();
+  press(dialog, "Command4");
+  EXPECT_EQ(infoOf(audio("00001.wav")).length(), length);
+}
+
+TEST_F(AddAudioRecording, TheWindowAsksBeforeItClosesOverAnUnsavedRecording) {
+  auto& dialog = open();
+  record(dialog);
+  expectClosing(MsgAnswer::Cancel);
+  EXPECT_FALSE(dialog.close());
+  EXPECT_TRUE(isOpen());
+  expectClosing(MsgAnswer::Ok);
+  dialog.close();
+  EXPECT_FALSE(isOpen());
+}
+
+TEST_F(AddAudioRecording, ATabAsksBeforeItDropsTheRecording) {
+  auto& dialog = open();
+  record(dialog);
+  expectLoss(MsgAnswer::Cancel);
+  chooseTab(dialog, File);
+  EXPECT_EQ(control<QTabBar>(dialog, "TabStrip1")->currentIndex(), Microphone);
+  EXPECT_TRUE(isVisible(dialog, "fromMic"));
+  EXPECT_GE(sound(dialog).length(), 300);
+  expectLoss(MsgAnswer::Ok);
+  chooseTab(dialog, File);
+  EXPECT_TRUE(isVisible(dialog, "fromFile"));
+}
+
+TEST_F(AddAudioRecording, RemovingTheOldSoundKeepsTheRecording) {
+  attach("00001.mid", midiTune(4, 4));
+  const auto& dialog = open();
+  record(dialog);
+  expectRemoval("photo", MsgAnswer::Ok);
+  press(dialog, "Command5");
+  EXPECT_TRUE(sounds().empty());
+  EXPECT_GE(sound(dialog).length(), 300);
+  expectRecordingAttached();
+  press(dialog, "Command4");
+  EXPECT_EQ(sounds(), Names{"00001.wav"});
+}
+
+TEST_F(AddAudioRecording, AMicrophoneThatGoesAwayIsToldAndWhatWasHeardStays) {
+  const auto& dialog = open();
+  startRecording(dialog);
+  boxes_.expectFailure({}); // in the words of the sound service
+  daemon_.kill();
+  EXPECT_TRUE(waitFor([&] { return boxes_.isDone(); }));
+  EXPECT_EQ(sound(dialog).mode(), Mode::Stopped);
+  EXPECT_FALSE(isVisible(dialog, "lblRec"));
+  expectRecordingAttached();
+  press(dialog, "Command4");
+  EXPECT_GE(infoOf(audio("00001.wav")).length(), 300);
+}
+
+TEST_F(AddAudioRecording, WithoutASoundServiceTheFormTellsSo) {
+  const NoSoundDaemon noSound;
+  const auto& dialog = open();
+  boxes_.expectFailure({}); // in the words of the sound service
+  transport(dialog, "record");
+  EXPECT_TRUE(waitFor([&] { return boxes_.isDone(); }));
+  EXPECT_EQ(sound(dialog).mode(), Mode::Stopped);
+  expectRefusal("Please Record Wave File");
+  press(dialog, "Command4");
+}
+
+TEST_F(AddAudioRecording, UnloadingWhileItRecordsIsSilent) {
+  auto& dialog = open();
+  startRecording(dialog);
+  dialog.Unload();
+  EXPECT_TRUE(sounds().empty());
+}
+
+} // namespace hearthbook::test

@@ -1,0 +1,355 @@
+#include "AddAudioFixture.h"
+
+#include "PictureBox.h"
+
+namespace hearthbook::test {
+
+namespace {
+
+using Names = std::vector<std::string>;
+
+/// Where nobody hears anything: what is played takes its time all the same.
+class AddAudioTest : public AddAudioFixture {
+  NoSoundDaemon noSound_;
+};
+
+} // namespace
+
+// What is open
+
+TEST_F(AddAudioTest, WithoutASoundTheTemplateOfTheLowQualityIsOpen) {
+  const auto& dialog = open();
+  EXPECT_EQ(sound(dialog).fileName(), audio("8Bit.wav"));
+  EXPECT_TRUE(sound(dialog).isOpen());
+  EXPECT_EQ(sound(dialog).length(), 0);
+  EXPECT_FALSE(isEnabled(dialog, "Command3"));
+  EXPECT_FALSE(isEnabled(dialog, "Command5"));
+  EXPECT_TRUE(isChosen(dialog, "Option1"));
+  EXPECT_EQ(textOf(dialog, "lblLength"), "0 Sec.");
+  EXPECT_FALSE(isVisible(dialog, "soundNote"));
+}
+
+TEST_F(AddAudioTest, AnAttachedWaveIsOpenAndTellsHowLongItIs) {
+  attach("00001.wav", silentWave(lowQuality, 60'000));
+  const auto& dialog = open();
+  EXPECT_EQ(sound(dialog).fileName(), audio("00001.wav"));
+  EXPECT_EQ(sound(dialog).deviceType(), DeviceType::WaveAudio);
+  EXPECT_TRUE(isEnabled(dialog, "Command3"));
+  EXPECT_TRUE(isEnabled(dialog, "Command5"));
+  EXPECT_TRUE(isChosen(dialog, "Option1"));
+  EXPECT_EQ(control(dialog, "frameQuality")->property("Tag").toString(), toQString("11"));
+  EXPECT_EQ(textOf(dialog, "lblLength"), "60 Sec.");
+  EXPECT_EQ(textOf(dialog, "lblSize"), "660k");
+}
+
+TEST_F(AddAudioTest, AWaveOfTheHighQualityChoosesThatQuality) {
+  attach("00001.wav", silentWave(highQuality, 60'000));
+  const auto& dialog = open();
+  EXPECT_TRUE(isChosen(dialog, "Option2"));
+  EXPECT_EQ(control(dialog, "frameQuality")->property("Tag").toString(), toQString("86"));
+  EXPECT_EQ(textOf(dialog, "lblLength"), "60 Sec.");
+  EXPECT_EQ(textOf(dialog, "lblSize"), "5160k");
+}
+
+TEST_F(AddAudioTest, AWaveShorterThanASecondShowsNoSeconds) {
+  attach("00001.wav", silentWave(lowQuality, 900));
+  const auto& dialog = open();
+  EXPECT_EQ(textOf(dialog, "lblLength"), "0 Sec.");
+  EXPECT_EQ(textOf(dialog, "lblSize"), "0k");
+}
+
+TEST_F(AddAudioTest, AnAttachedTuneIsOpenOnTheSequencer) {
+  attach("00001.mid", midiTune(8, 8));
+  const auto& dialog = open();
+  EXPECT_EQ(sound(dialog).deviceType(), DeviceType::Sequencer);
+  EXPECT_EQ(textOf(dialog, "lblLength"), "4 Sec.");
+  EXPECT_TRUE(isChosen(dialog, "Option1"));
+}
+
+TEST_F(AddAudioTest, AFileOfAnotherKindUnderTheOwnersNameLeavesTheDeviceAsItWas) {
+  attach("00001.ogg", "no sound");
+  const auto& dialog = open();
+  EXPECT_EQ(sound(dialog).deviceType(), DeviceType::WaveAudio);
+  EXPECT_TRUE(isEnabled(dialog, "Command5"));
+  EXPECT_TRUE(isVisible(dialog, "soundNote"));
+}
+
+TEST_F(AddAudioTest, ADamagedSoundIsToldOnTheFormAndCanBeRemoved) {
+  int shown = 0;
+  for (const std::string& bytes : {std::string(), std::string("garbage"), std::string(200, 'x'),
+                                   silentWave(lowQuality, 1000).replace(8, 4, "EVAW")}) {
+    attach("00001.wav", bytes);
+    auto& dialog = open();
+    EXPECT_NE(textOf(dialog, "soundNote").find("00001.wav"), std::string::npos);
+    EXPECT_TRUE(isVisible(dialog, "soundNote"));
+    EXPECT_TRUE(isChosen(dialog, "Option1"));
+    EXPECT_EQ(textOf(dialog, "lblLength"), "0 Sec.");
+    EXPECT_TRUE(isEnabled(dialog, "Command5"));
+    dialog.Unload();
+    ++shown;
+  }
+  EXPECT_EQ(shown, 4);
+}
+
+TEST_F(AddAudioTest, ADamagedTuneIsToldOnTheForm) {
+  attach("00001.mid", "MThd and then garbage");
+  const auto& dialog = open();
+  EXPECT_NE(textOf(dialog, "soundNote").find("00001.mid"), std::string::npos);
+}
+
+TEST_F(AddAudioTest, OfAWaveThatIsCutOffWhatIsThereCounts) {
+  attach("00001.wav", silentWave(lowQuality, 4000).substr(0, 44 + 2 * 11025));
+  const auto& dialog = open();
+  EXPECT_EQ(textOf(dialog, "lblLength"), "2 Sec.");
+}
+
+TEST_F(AddAudioTest, AWaveOfTwoHoursIsThereAtOnce) {
+  attach("00001.wav", silentWave(lowQuality, 7'200'000));
+  const auto& dialog = open();
+  EXPECT_EQ(textOf(dialog, "lblLength"), "7200 Sec.");
+  EXPECT_EQ(textOf(dialog, "lblSize"), "79200k");
+}
+
+TEST_F(AddAudioTest, WithoutTheTemplateTheControlTellsSoAndTheProgramGoesOn) {
+  std::filesystem::remove(audio("8Bit.wav"));
+  const auto& dialog = open();
+  EXPECT_NE(textOf(dialog, "soundNote").find("8Bit.wav"), std::string::npos);
+  boxes_.expectFailure(toQString("8Bit.wav"));
+  transport(dialog, "record");
+  EXPECT_EQ(sound(dialog).mode(), Mode::NotOpen);
+}
+
+TEST_F(AddAudioTest, ThePhotoThatTheSoundIsForIsSeen) {
+  writeJpeg(at("Photos/00001.jpg"), 640, 480, 0x336699);
+  const auto& dialog = open();
+  auto* picture = control<PictureBox>(dialog, "ownerPicture");
+  ASSERT_TRUE(waitFor([&] { return picture->isVisible(); }));
+  EXPECT_NEAR(picture->width() * 3.0 / 4, picture->height(), 1);
+}
+
+// Sub-albums
+
+TEST_F(AddAudioTest, AnAlbumsSoundBearsItsIdWithoutLeadingZeros) {
+  addAlbums();
+  attach("00001.wav", silentWave(lowQuality, 1000));
+  attach("A7.wav", silentWave(lowQuality, 3000));
+  const auto& dialog = open("album");
+  EXPECT_EQ(sound(dialog).fileName(), audio("A7.wav"));
+  EXPECT_EQ(textOf(dialog, "ownerName"), "Lake");
+}
+
+TEST_F(AddAudioTest, EveryTagButPictureMeansTheAlbum) {
+  addAlbums();
+  attach("00001.wav", silentWave(lowQuality, 1000));
+  for (const char* tag : {"", "Picture", "background"}) {
+    auto& dialog = open(tag);
+    EXPECT_EQ(sound(dialog).fileName(), audio("8Bit.wav")) << tag;
+    dialog.Unload();
+  }
+}
+
+TEST_F(AddAudioTest, AnAlbumsSoundIsRemovedAfterItsOwnQuestion) {
+  addAlbums();
+  attach("A7.wav", silentWave(lowQuality, 1000));
+  attach("A3.wav", silentWave(lowQuality, 1000));
+  const auto& dialog = open("album");
+  expectRemoval("album", MsgAnswer::Ok);
+  press(dialog, "Command5");
+  EXPECT_EQ(sounds(), Names{"A3.wav"});
+}
+
+// Playing
+
+TEST_F(AddAudioTest, WhilePlayingTheSecondsOfThePositionAreShown) {
+  attach("00001.wav", silentWave(lowQuality, 5000));
+  const auto& dialog = open();
+  EXPECT_FALSE(isVisible(dialog, "lblRec"));
+  transport(dialog, "play");
+  EXPECT_EQ(titleOf(dialog, "Frame1"), "Position");
+  EXPECT_EQ(textOf(dialog, "lblRec"), "Playing");
+  EXPECT_TRUE(isVisible(dialog, "lblRec"));
+  EXPECT_EQ(textOf(dialog, "lblLength"), "0");
+  EXPECT_TRUE(waitFor([&] { return textOf(dialog, "lblLength") == "1"; }));
+}
+
+TEST_F(AddAudioTest, StopGoesToTheStartAndShowsTheLength) {
+  attach("00001.wav", silentWave(lowQuality, 5000));
+  const auto& dialog = open();
+  transport(dialog, "play");
+  EXPECT_TRUE(waitFor([&] { return sound(dialog).position() > 0; }));
+  transport(dialog, "stop");
+  EXPECT_EQ(sound(dialog).position(), 0);
+  EXPECT_FALSE(isVisible(dialog, "lblRec"));
+  EXPECT_EQ(titleOf(dialog, "Frame1"), "Recording Length");
+  EXPECT_EQ(textOf(dialog, "lblLength"), "5 Sec.");
+  EXPECT_EQ(textOf(dialog, "lblSize"), "55k");
+}
+
+TEST_F(AddAudioTest, APlayThatIsDoneGoesToTheStartAndTicksNoMore) {
+  attach("00001.wav", silentWave(lowQuality, 200));
+  const auto& dialog = open();
+  EXPECT_EQ(sound(dialog).updateInterval(), 1000);
+  transport(dialog, "play");
+  EXPECT_TRUE(waitFor([&] { return !isVisible(dialog, "lblRec"); }));
+  EXPECT_EQ(sound(dialog).mode(), Mode::Stopped);
+  EXPECT_EQ(sound(dialog).position(), 0);
+  EXPECT_EQ(sound(dialog).updateInterval(), 0);
+}
+
+TEST_F(AddAudioTest, TheNextPlayTicksAgain) {
+  attach("00001.wav", silentWave(lowQuality, 3500));
+  const auto& dialog = open();
+  sound(dialog).setUpdateInterval(0);
+  transport(dialog, "play");
+  EXPECT_EQ(sound(dialog).updateInterval(), 1000);
+  EXPECT_TRUE(waitFor([&] { return textOf(dialog, "lblLength") == "1"; }));
+}
+
+TEST_F(AddAudioTest, WhereNothingCanBeHeardTheFormTellsSoAndTheTimePasses) {
+  attach("00001.wav", silentWave(lowQuality, 300));
+  const auto& dialog = open();
+  transport(dialog, "play");
+  EXPECT_TRUE(waitFor([&] { return isVisible(dialog, "soundNote"); }));
+  EXPECT_TRUE(waitFor([&] { return sound(dialog).mode() == Mode::Stopped; }));
+}
+
+TEST_F(AddAudioTest, OnlyWhatCanBeDoneIsEnabled) {
+  const auto& empty = open();
+  for (const char* button : {"play", "pause", "stop", "toStart"})
+    EXPECT_FALSE(canPress(empty, button)) << button;
+  EXPECT_TRUE(canPress(empty, "record"));
+  Forms::get<AddAudio>().Unload();
+
+  attach("00001.wav", silentWave(lowQuality, 60'000));
+  const auto& dialog = open();
+  EXPECT_TRUE(canPress(dialog, "play"));
+  EXPECT_FALSE(canPress(dialog, "stop"));
+  transport(dialog, "play");
+  EXPECT_FALSE(canPress(dialog, "play"));
+  transport(dialog, "pause");
+  EXPECT_EQ(sound(dialog).mode(), Mode::Paused);
+  EXPECT_TRUE(canPress(dialog, "play"));
+  EXPECT_TRUE(canPress(dialog, "stop"));
+}
+
+// Tabs
+
+TEST_F(AddAudioTest, EachTabShowsItsOwn) {
+  auto& dialog = open();
+  const auto shown = [&](std::initializer_list<const char*> names) {
+    return std::ranges::all_of(names, [&](const char* name) { return isVisible(dialog, name); });
+  };
+  const auto hidden = [&](std::initializer_list<const char*> names) {
+    return std::ranges::none_of(names, [&](const char* name) { return isVisible(dialog, name); });
+  };
+  EXPECT_TRUE(shown({"fromMic", "Command7", "Command8", "Command4", "Command6"}));
+  EXPECT_TRUE(hidden({"FromCD", "fromFile", "Command1", "Command2"}));
+  chooseTab(dialog, Disc);
+  EXPECT_TRUE(shown({"fromMic", "FromCD", "Command7", "Command8", "Command4"}));
+  EXPECT_TRUE(hidden({"fromFile", "Command1"}));
+  chooseTab(dialog, File);
+  EXPECT_TRUE(shown({"fromFile", "Command1", "Command2", "Command3"}));
+  EXPECT_TRUE(hidden({"fromMic", "FromCD", "Command7", "Command8", "Command4"}));
+  EXPECT_FALSE(control(*control(dialog, "MMControl1"), "record")->isVisible());
+  chooseTab(dialog, Microphone);
+  EXPECT_TRUE(control(*control(dialog, "MMControl1"), "record")->isVisible());
+}
+
+TEST_F(AddAudioTest, ATabStopsWhatWasPlayedAndOpensTheAttachedSoundAgain) {
+  attach("00001.wav", silentWave(lowQuality, 60'000));
+  auto& dialog = open();
+  transport(dialog, "play");
+  chooseTab(dialog, Disc);
+  EXPECT_EQ(sound(dialog).mode(), Mode::Stopped);
+  EXPECT_EQ(sound(dialog).fileName(), audio("00001.wav"));
+  chooseTab(dialog, File);
+  EXPECT_EQ(sound(dialog).mode(), Mode::NotOpen);
+  chooseTab(dialog, Microphone);
+  EXPECT_EQ(sound(dialog).fileName(), audio("00001.wav"));
+  EXPECT_EQ(textOf(dialog, "lblLength"), "60 Sec.");
+}
+
+TEST_F(AddAudioTest, TheTabForDiscsTellsWhereThereIsNone) {
+  const ScopedVariable drive("HEARTHBOOK_DISC", (source_ / "none.cue").string());
+  const auto& dialog = openTab(Disc);
+  EXPECT_FALSE(disc(dialog).isOpen());
+  EXPECT_TRUE(isVisible(dialog, "soundNote"));
+}
+
+TEST_F(AddAudioTest, ADiscIsPlayedTrackByTrack) {
+  const ScopedVariable drive("HEARTHBOOK_DISC", makeDisc(source_, {400, 500}, 3).string());
+  auto& dialog = openTab(Disc);
+  ASSERT_TRUE(disc(dialog).isOpen()) << textOf(dialog, "soundNote");
+  EXPECT_EQ(textOf(dialog, "discPosition"), "Track 1 of 2");
+  transport(dialog, "play", "MMControl2");
+  transport(dialog, "toEnd", "MMControl2");
+  EXPECT_TRUE(waitFor([&] { return textOf(dialog, "discPosition") == "Track 2 of 2"; }));
+  chooseTab(dialog, Microphone);
+  EXPECT_FALSE(disc(dialog).isOpen());
+}
+
+// Removing and closing
+
+TEST_F(AddAudioTest, RemovedSoundsGoToTheTrashAndTheFormStays) {
+  attach("00001.wav", silentWave(lowQuality, 2000));
+  attach("00001.mid", midiTune(4, 4));
+  attach("00002.wav", silentWave(lowQuality, 2000));
+  const auto& dialog = open();
+  expectRemoval("photo", MsgAnswer::Ok);
+  press(dialog, "Command5");
+  EXPECT_EQ(sounds(), Names{"00002.wav"});
+  EXPECT_TRUE(std::filesystem::exists(folder_.trash() / "00001.wav"));
+  EXPECT_FALSE(isEnabled(dialog, "Command5"));
+  EXPECT_FALSE(isEnabled(dialog, "Command3"));
+  EXPECT_EQ(told_, std::vector<bool>{false});
+  EXPECT_EQ(textOf(dialog, "lblLength"), "0 Sec.");
+  EXPECT_EQ(textOf(dialog, "lblSize"), "0k");
+  EXPECT_EQ(sound(dialog).fileName(), audio("8Bit.wav"));
+  EXPECT_TRUE(isOpen());
+}
+
+TEST_F(AddAudioTest, CancelAtTheRemovalQuestionLeavesTheFilesAlone) {
+  attach("00001.wav", silentWave(lowQuality, 2000));
+  const auto& dialog = open();
+  expectRemoval("photo", MsgAnswer::Cancel);
+  press(dialog, "Command5");
+  EXPECT_EQ(sounds(), Names{"00001.wav"});
+  EXPECT_TRUE(isEnabled(dialog, "Command5"));
+  EXPECT_TRUE(told_.empty());
+}
+
+TEST_F(AddAudioTest, TheTabForFilesRemovesByTheSameCommand) {
+  attach("00001.wav", silentWave(lowQuality, 2000));
+  const auto& dialog = openTab(File);
+  expectRemoval("photo", MsgAnswer::Ok);
+  press(dialog, "Command3");
+  EXPECT_TRUE(sounds().empty());
+}
+
+TEST_F(AddAudioTest, ClosingAsksUnderTheTitleOfRemoving) {
+  auto& dialog = open();
+  expectClosing(MsgAnswer::Cancel);
+  press(dialog, "Command6");
+  EXPECT_TRUE(isOpen());
+  chooseTab(dialog, File);
+  expectClosing(MsgAnswer::Ok);
+  press(dialog, "Command2");
+  EXPECT_FALSE(isOpen());
+}
+
+TEST_F(AddAudioTest, EscapeIsTheCommandToClose) {
+  auto& dialog = open();
+  expectClosing(MsgAnswer::Ok);
+  QTest::keyClick(&dialog, Qt::Key_Escape);
+  EXPECT_FALSE(isOpen());
+}
+
+TEST_F(AddAudioTest, UnloadingByOtherMeansIsSilentAndAsksNothing) {
+  attach("00001.wav", silentWave(lowQuality, 60'000));
+  auto& dialog = open();
+  transport(dialog, "play");
+  dialog.close();
+  EXPECT_FALSE(isOpen());
+}
+
+} // namespace hearthbook::test
