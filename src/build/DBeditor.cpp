@@ -1,5 +1,6 @@
 #include "DBeditor.h"
 
+#include "AddAudio.h"
 #include "Beside.h"
 #include "ButtonFace.h"
 #include "Command.h"
@@ -94,6 +95,8 @@ void DBeditor::wireControls() {
   onCommand(ui->Command18, this, &DBeditor::findNextEmpty);  // "Find Next Empty"
   // Photos and the form
   onCommand(ui->Command1, this, &DBeditor::addFromFile);  // "Add From File"
+  onCommand(ui->Image2, this, &DBeditor::addAudio);       // "Add Audio", "Update Audio"
+  ui->Label5->installEventFilter(this);                   // the same
   onCommand(ui->Command5, this, &DBeditor::deleteRecord); // "Delete"
   onCommand(ui->Command4, this, &DBeditor::done);         // "Done"
   // Places and events
@@ -201,6 +204,8 @@ void DBeditor::updateEnabled() {
   ui->FindPhoto->setEnabled(hasRecords && navigator_.canFindPhoto());
 
   ui->Command5->setEnabled(standsOnRow(photos_));
+  ui->Image2->setEnabled(standsOnRow(photos_));
+  ui->Label5->setEnabled(standsOnRow(photos_));
   ui->Command18->setEnabled(standsOnRow(photos_));
   ui->Command12->setEnabled(standsOnRow(photos_));
   ui->Command1->setEnabled(standsOnWholeAlbum(photos_));
@@ -258,11 +263,15 @@ void DBeditor::showAudio() {
       [this, id](bool attached) {
         if (soundOf_ != id)
           return;
-        soundOf_.reset();
-        ui->Label5->setText(attached ? QStringLiteral("Update Audio")
-                                     : QStringLiteral("Add Audio"));
+        soundChanged(attached);
       },
       true);
+}
+
+void DBeditor::soundChanged(bool attached) {
+  soundOf_.reset(); // what is still on its way is older
+  ui->Label5->setText(attached ? QStringLiteral("Update Audio") : QStringLiteral("Add Audio"));
+  ui->Image2->setAccessibleName(ui->Label5->text());
 }
 
 void DBeditor::showNameFilter() {
@@ -365,6 +374,13 @@ void DBeditor::addFromFile() {
   ComposeRecord();
 }
 
+void DBeditor::addAudio() {
+  auto& dialog = Forms::get<AddAudio>();
+  dialog.Tag = QStringLiteral("picture");
+  dialog.setOwner(this);
+  dialog.ShowModal();
+}
+
 void DBeditor::deleteRecord() {
   const QString title = QStringLiteral("Delete Record");
   if (isProtectedPhoto(currentId())) {
@@ -415,6 +431,13 @@ bool DBeditor::unloading() {
   openEverybody(album_.data.rsAppearances);
   Forms::tellRowsChanged({RowsChanged::By::EditorClosed});
   return true;
+}
+
+bool DBeditor::eventFilter(QObject* watched, QEvent* event) {
+  if (watched == ui->Label5 && event->type() == QEvent::MouseButtonRelease &&
+      ui->Label5->isEnabled())
+    runCommand([this] { addAudio(); });
+  return Form::eventFilter(watched, event);
 }
 
 void DBeditor::keyPressEvent(QKeyEvent* event) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Album.h"
+#include "AudioOwner.h"
 #include "BoundControls.h"
 #include "Form.h"
 #include "NamePicking.h"
@@ -32,7 +33,7 @@ class Stage;
 /// photos come in through "Add From File". There is no save command: what was typed is stored
 /// when the editor leaves the photo. The frame, the start screen and the result pages open
 /// it, on the row of rsPhotoAlbum on which that stands.
-class DBeditor : public Form {
+class DBeditor : public Form, private AudioOwner {
   Q_OBJECT
 public:
   DBeditor(Album& album, PictureLoader& loader, WorkPool& pool, Navigator& navigator,
@@ -55,6 +56,7 @@ protected:
   void activated() override;
   bool unloading() override;
   void keyPressEvent(QKeyEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
   void wireControls();
@@ -83,6 +85,8 @@ private:
   void findNextEmpty();
   bool searchNextEmpty();
   void addFromFile();
+  void addAudio();
+  void soundChanged(bool attached) override;
   void deleteRecord();
   void done();
 

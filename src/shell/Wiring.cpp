@@ -1,5 +1,6 @@
 #include "Wiring.h"
 
+#include "AddAudio.h"
 #include "Album.h"
 #include "BatchEdit.h"
 #include "DBeditor.h"
@@ -65,6 +66,7 @@ Wiring::Wiring(Album& album, MDIForm1& frame)
       [this, &album] { return new Search(album, thumbnails_, pool_, help_, {}); });
   Forms::provide<BatchEdit>([&album] { return new BatchEdit(album); });
   Forms::provide<PickaPic>([this, &album] { return new PickaPic(album, pool_); });
+  Forms::provide<AddAudio>([this, &album] { return new AddAudio(album, pool_); });
   Forms::provide<NamesManager>([&album] { return new NamesManager(album); });
   Forms::provide<YearWizard>([&album] { return new YearWizard(album); });
   Forms::provide<frmAbout>([] { return new frmAbout; });

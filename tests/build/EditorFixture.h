@@ -1,5 +1,6 @@
 #pragma once
 
+#include "AddAudio.h"
 #include "AlbumFixture.h"
 #include "BoxScript.h"
 #include "DBeditor.h"
@@ -52,6 +53,7 @@ protected:
     Forms::provide<DBeditor>(
         [this] { return new DBeditor(album(), loader_, pool_, frame_, frame_); });
     Forms::provide<PickaPic>([this] { return new PickaPic(album(), pool_); });
+    Forms::provide<AddAudio>([this] { return new AddAudio(album(), pool_); });
     Forms::provide<NamesManager>([this] { return new NamesManager(album()); });
     Forms::provide<YearWizard>([this] { return new YearWizard(album(), [] { return 2026; }); });
   }
