@@ -20,6 +20,7 @@
 #include "PhotoIdentity.h"
 #include "Pointer.h"
 #include "Progress.h"
+#include "Search.h"
 #include "Text.h"
 #include "YearEntry.h"
 #include "ui_BatchEdit.h"
@@ -271,7 +272,9 @@ void BatchEdit::tidyYear() {
 }
 
 bool BatchEdit::unloading() {
-  openEverybody(album_.data.rsAppearances); // Search fills its lists again from everybody
+  openEverybody(album_.data.rsAppearances);
+  if (auto* search = Forms::loaded<Search>())
+    search->refillLists();
   return true;
 }
 

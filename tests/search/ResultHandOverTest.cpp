@@ -3,8 +3,6 @@
 #include "BoundControls.h"
 #include "ProgressNote.h"
 
-#include <QTimer>
-
 namespace hearthbook::test {
 
 namespace {
@@ -26,16 +24,6 @@ protected:
     for (; !walker->atEOF(); walker->MoveNext())
       ids.push_back(walker->Collect("PictureID").toText());
     return ids;
-  }
-  /// What the user does in the dialog that Batch Edit is about to open.
-  template <class Act> void inBatch(Act act) {
-    QTimer::singleShot(0, qApp, [act] {
-      auto* batch = Forms::loaded<BatchEdit>();
-      ASSERT_NE(batch, nullptr);
-      act(*batch);
-      if (Forms::loaded<BatchEdit>() == batch)
-        batch->Unload();
-    });
   }
   static void closeEditor() {
     Forms::get<DBeditor>().Unload();

@@ -11,6 +11,7 @@
 #include <QComboBox>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QTimer>
 
 #include <string>
 #include <vector>
@@ -131,6 +132,17 @@ protected:
   }
   static void type(const Search& search, const char* field, const char* typed) {
     control<QLineEdit>(search, field)->setText(toQString(typed));
+  }
+
+  /// What the user does in the dialog that Batch Edit is about to open.
+  template <class Act> void inBatch(Act act) {
+    QTimer::singleShot(0, qApp, [act] {
+      auto* batch = Forms::loaded<BatchEdit>();
+      ASSERT_NE(batch, nullptr);
+      act(*batch);
+      if (Forms::loaded<BatchEdit>() == batch)
+        batch->Unload();
+    });
   }
 
   SelectionSet& selection() { return vars().selection; }
