@@ -8,6 +8,7 @@ from hidden_desktop import Failure
 from person import MENU_ITEMS, Person
 
 POSITION = re.compile(r"^-?\d+ of \d+$")
+THUMBNAIL = re.compile(r"^Photo \d+")
 
 
 class Home:
@@ -225,6 +226,53 @@ def delete_photo(person):
     person.closed(report)
     person.until(lambda: position(person)[1] == before - 1, "one photo less")
     return before - 1
+
+
+def search_all(person):
+    """Opens Search and finds every photo; answers with what its thumbnails say."""
+    person.menu("Tools", "Search Photos")
+    person.click(person.find("push button", "Search"))
+    person.find("list item", THUMBNAIL)
+    return thumbnails(person)
+
+
+def thumbnails(person):
+    return [thumbnail.name for thumbnail in person.all("list item", THUMBNAIL)]
+
+
+def select_photos(person, *numbers):
+    """Clicks thumbnails, which stay selected."""
+    for number in numbers:
+        thumbnail = person.find("list item", re.compile(rf"^Photo {number}\b"))
+        person.click(thumbnail)
+        person.until(lambda at=thumbnail: at.has("selected"), f"photo {number} selected")
+
+
+def open_batch_edit(person):
+    person.click(person.find("push button", "Batch Edit"))
+    return person.window("Batch Editing")
+
+
+def say(person, box, button):
+    person.click(person.find("push button", button, within=box))
+    person.closed(box)
+
+
+def change_selected(person, batch):
+    """Updates the selected photos with what is entered, and wants none of them edited separately."""
+    person.click(person.find("push button", "Update the selected photos", within=batch))
+    say(person, person.box(re.compile("^(?!Batch Edit)")), "Yes")
+    say(person, person.box("Batch Edit"), "No")
+    person.closed(batch)
+
+
+def delete_selected(person, batch):
+    person.click(person.find("push button", "Delete the selected photos", within=batch))
+    question = person.box()
+    say(person, question, "Yes")
+    report = person.until(lambda: next((b for b in [person.box()] if "Deleted" in person.says(b)), None), "the report")
+    say(person, report, "OK")
+    person.closed(batch)
 
 
 def quit_program(person):
