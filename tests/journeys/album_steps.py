@@ -275,6 +275,28 @@ def delete_selected(person, batch):
     person.closed(batch)
 
 
+def open_add_audio(person, caption):
+    """Opens the dialog for the sound of the photo in the editor, by the note beside that caption."""
+    person.click(person.find("push button", caption))
+    return person.window("Add Audio")
+
+
+def record(person, dialog, seconds, speak):
+    """Records until so many seconds are shown; speak() begins to make a noise."""
+    person.click(person.find("push button", "Record", within=dialog))
+    person.find("label", "Recording", within=dialog)
+    voice = speak()
+    person.find("label", f"{seconds} Sec.", within=dialog)
+    person.click(person.find("push button", "Stop", within=dialog))
+    voice.wait()
+
+
+def attach_recording(person, dialog):
+    person.click(person.find("push button", "Attach Recording", within=dialog))
+    say(person, person.box("Add Audio"), "OK")
+    person.closed(dialog)
+
+
 def quit_program(person):
     person.menu("File", "Quit")
     return person.wait_for_the_end()
