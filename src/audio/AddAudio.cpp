@@ -257,7 +257,7 @@ void AddAudio::modeChanged() {
   const bool runs =
       sound_->mode() == MMControl::Mode::Playing || sound_->mode() == MMControl::Mode::Recording;
   if (!runs)
-    return;
+    return figures_->hideStatus();
   sound_->setUpdateInterval(tickMs);
   figures_->showStatus();
 }

@@ -67,6 +67,18 @@ TEST_F(AddAudioRecording, ADiscIsRecorded) {
   EXPECT_NEAR(listenTo(audio("00001.wav")).hertz, 500, 30);
 }
 
+TEST_F(AddAudioRecording, ADiscThatGoesAwayIsToldAndTheRecordingGoesOn) {
+  const ScopedVariable drive("HEARTHBOOK_DISC", makeDisc(source_, {500}, 5).string());
+  const auto& dialog = openTab(Disc);
+  transport(dialog, "play", "MMControl2");
+  ASSERT_TRUE(waitFor([&] { return disc(dialog).position() > 100; }));
+  transport(dialog, "record");
+  std::filesystem::resize_file(source_ / "disc.bin", 0);
+  EXPECT_TRUE(waitFor([&] { return disc(dialog).mode() == Mode::Stopped; }));
+  EXPECT_NE(textOf(dialog, "soundNote").find("disc.cue"), std::string::npos);
+  EXPECT_EQ(sound(dialog).mode(), Mode::Recording);
+}
+
 TEST_F(AddAudioRecording, TheTemplatesStayAsTheyAre) {
   const std::string before = readBytes(audio("8Bit.wav"));
   const auto& dialog = open();
@@ -231,7 +243,7 @@ TEST_F(AddAudioRecording, RemovingTheOldSoundKeepsTheRecording) {
   EXPECT_EQ(sounds(), Names{"00001.wav"});
 }
 
-TEST_F(AddAudioRecording, AMicrophoneThatGoesAwayIsToldAndWhatWasHeardStays) {
+TEST_F(AddAudioRecording, ASoundServiceThatGoesAwayIsToldAndWhatWasHeardStays) {
   const auto& dialog = open();
   startRecording(dialog);
   boxes_.expectFailure({}); // in the words of the sound service
@@ -242,6 +254,16 @@ TEST_F(AddAudioRecording, AMicrophoneThatGoesAwayIsToldAndWhatWasHeardStays) {
   expectRecordingAttached();
   press(dialog, "Command4");
   EXPECT_GE(infoOf(audio("00001.wav")).length(), 300);
+}
+
+TEST_F(AddAudioRecording, AMicrophoneThatIsUnpluggedIsToldAndWhatWasHeardStays) {
+  const auto& dialog = open();
+  startRecording(dialog);
+  boxes_.expectFailure({});
+  daemon_.takeDeviceAway();
+  EXPECT_TRUE(waitFor([&] { return boxes_.isDone(); }));
+  EXPECT_EQ(sound(dialog).mode(), Mode::Stopped);
+  EXPECT_GE(sound(dialog).length(), 300);
 }
 
 TEST_F(AddAudioRecording, WithoutASoundServiceTheFormTellsSo) {

@@ -228,6 +228,7 @@ TEST_F(AddAudioTest, OnlyWhatCanBeDoneIsEnabled) {
   EXPECT_FALSE(canPress(dialog, "play"));
   transport(dialog, "pause");
   EXPECT_EQ(sound(dialog).mode(), Mode::Paused);
+  EXPECT_FALSE(isVisible(dialog, "lblRec"));
   EXPECT_TRUE(canPress(dialog, "play"));
   EXPECT_TRUE(canPress(dialog, "stop"));
 }
