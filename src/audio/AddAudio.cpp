@@ -204,6 +204,7 @@ void AddAudio::changeTab(int index) {
     return ui->TabStrip1->setCurrentIndex(static_cast<int>(tab_));
   }
   closeBoth();
+  showNote({}); // it was about the tab before
   showTab(static_cast<Tab>(index));
   if (tab_ == Tab::File)
     return fileChosen();

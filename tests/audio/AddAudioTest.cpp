@@ -272,9 +272,11 @@ TEST_F(AddAudioTest, ATabStopsWhatWasPlayedAndOpensTheAttachedSoundAgain) {
 
 TEST_F(AddAudioTest, TheTabForDiscsTellsWhereThereIsNone) {
   const ScopedVariable drive("HEARTHBOOK_DISC", (source_ / "none.cue").string());
-  const auto& dialog = openTab(Disc);
+  auto& dialog = openTab(Disc);
   EXPECT_FALSE(disc(dialog).isOpen());
   EXPECT_TRUE(isVisible(dialog, "soundNote"));
+  chooseTab(dialog, File);
+  EXPECT_FALSE(isVisible(dialog, "soundNote"));
 }
 
 TEST_F(AddAudioTest, ADiscIsPlayedTrackByTrack) {
