@@ -282,13 +282,18 @@ def open_add_audio(person, caption):
 
 
 def record(person, dialog, seconds, speak):
-    """Records until so many seconds are shown; speak() begins to make a noise."""
+    """Records for so many seconds at least; speak() begins to make a noise."""
     person.click(person.find("push button", "Record", within=dialog))
     person.find("label", "Recording", within=dialog)
     voice = speak()
-    person.find("label", f"{seconds} Sec.", within=dialog)
+    person.until(lambda: sound_seconds(person, dialog) >= seconds, f"{seconds} seconds of recording")
     person.click(person.find("push button", "Stop", within=dialog))
     voice.wait()
+
+
+def sound_seconds(person, dialog):
+    """How long the sound is that the dialog holds."""
+    return int(person.find("label", re.compile(r"^\d+ Sec\.$"), within=dialog).name.split()[0])
 
 
 def attach_recording(person, dialog):
