@@ -55,7 +55,7 @@ QWidget* FormWindow::makeTitleBar() {
   auto* bar = new QWidget;
   bar->setAutoFillBackground(true);
   QPalette palette = bar->palette();
-  palette.setColor(QPalette::Window, look::darkRed);
+  palette.setColor(QPalette::Window, look::titleBar);
   palette.setColor(QPalette::WindowText, look::onDark);
   palette.setColor(QPalette::ButtonText, look::onDark);
   bar->setPalette(palette);

@@ -16,6 +16,7 @@ inline const QColor linen{0xec, 0xe2, 0xcc};    ///< plain buttons, bars, header
 inline const QColor edge{0x8c, 0x7a, 0x5e};     ///< frames around what can be used
 inline const QColor panelYellow{245, 245, 158}; ///< panels and hints
 inline const QColor darkRed{110, 0, 0};         ///< the choice, the focus, headings
+inline const QColor titleBar{110, 0, 0};        ///< of the work form in front
 inline const QColor ink{0x2e, 0x22, 0x1a};      ///< text
 inline const QColor fadedInk{0x7d, 0x70, 0x60}; ///< what cannot be used now
 inline const QColor quietInk{0x6b, 0x5c, 0x49}; ///< hints in empty fields

@@ -1,0 +1,62 @@
+#pragma once
+
+#include "PhotoFacts.h"
+#include "Stage.h"
+
+#include <array>
+
+class QLabel;
+class QPixmap;
+class QToolButton;
+
+namespace hearthbook {
+
+class NamesGrid;
+class PaperPanel;
+
+/// The panel beside a photo: its year, its event and place on a sheet of paper, icons where it
+/// has a description or a sound, and at its foot the people in it.
+class FactsPanel : public Stage {
+  Q_OBJECT
+public:
+  struct Design {
+    TwipsSize size;
+    double gridHeight = 0;
+    int namesInSight = 0;
+    int index = 0; ///< of the controls' names: "txtYear(0)"
+    QString helpKey{};
+  };
+
+  explicit FactsPanel(const Design& design, QWidget* parent = nullptr);
+
+  void setArrow(const QPixmap& arrow); ///< of the names that have a marker
+  void showFacts(const PhotoFacts& facts);
+
+  [[nodiscard]] NamesGrid& names() const { return *names_; }
+  /// The controls in the order in which Tab goes through them.
+  [[nodiscard]] std::array<QWidget*, 3> tabOrder() const;
+  /// "1987, Wedding in Lake": the photo in a few words.
+  [[nodiscard]] QString summary() const;
+
+Q_SIGNALS:
+  void descriptionAsked();
+  void soundAsked();
+
+private:
+  void makeTexts(const Design& design);
+  void makeIcons(const Design& design);
+  void makeNames(const Design& design);
+
+  double gridHeight_;
+  PaperPanel* paper_;
+  QLabel* year_;
+  QLabel* place_;
+  QToolButton* description_;
+  QToolButton* sound_;
+  NamesGrid* names_;
+};
+
+/// "Image1(2)": what one of a family of controls is called.
+QString familyName(const char* family, int index);
+
+} // namespace hearthbook

@@ -1,0 +1,104 @@
+#include "PagePictures.h"
+
+#include "ImgRatio.h"
+#include "PagePhoto.h"
+#include "Stage.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace hearthbook {
+
+namespace {
+
+constexpr int patienceMs = 250;
+
+} // namespace
+
+PagePictures::PagePictures(Stage& stage, const Photos& photos, PictureLoader& loader,
+                           WorkPool& pool, std::filesystem::path notFound, QObject* parent)
+    : QObject(parent), stage_(stage), photos_(photos), pictures_(loader, pool, nullptr),
+      notFound_(std::move(notFound)) {
+  patience_.setSingleShot(true);
+  patience_.setInterval(patienceMs);
+  connect(&patience_, &QTimer::timeout, this, &PagePictures::clearLate);
+  connect(&stage_, &Stage::scaled, this, &PagePictures::showAgain);
+}
+
+void PagePictures::show(int cell, const std::filesystem::path& file) {
+  Slot& slot = slots_[cell];
+  slot.wanted = file;
+  auto ticket = pictures_.load(file, fitInto(cell),
+                               [this, cell](const auto& loaded) { arrived(cell, loaded); });
+  if (slot.wanted != file)
+    return; // it came at once, or another one stands in for it already
+  slot.ticket = std::move(ticket);
+  patience_.start();
+}
+
+void PagePictures::clear(int cell) {
+  slots_[cell] = {};
+  photos_[cell]->clear();
+  beginAhead();
+}
+
+FittedPictures::Fit PagePictures::fitInto(int cell) const {
+  return [this, cell](PixelSize picture) {
+    const TwipsRect fitted =
+        FitImage(stage_.rect(photos_[cell]), picture.width, picture.height, photoSide, photoSide);
+    const QSize pixels = stage_.toDevicePixels(fitted);
+    return PixelSize{pixels.width(), pixels.height()};
+  };
+}
+
+void PagePictures::arrived(int cell, const FittedPictures::Loaded& loaded) {
+  const auto file = std::exchange(slots_[cell].wanted, std::nullopt);
+  if (!file)
+    return;
+  if (loaded.picture.isNull())
+    return failed(cell, *file);
+  slots_[cell].shown = file;
+  stage_.setRect(photos_[cell], FitImage(stage_.rect(photos_[cell]), loaded.fullSize.width,
+                                         loaded.fullSize.height, photoSide, photoSide));
+  photos_[cell]->setPicture(loaded.picture);
+  Q_EMIT placed(cell);
+  beginAhead();
+}
+
+void PagePictures::failed(int cell, const std::filesystem::path& file) {
+  if (file != notFound_)
+    return show(cell, notFound_);
+  photos_[cell]->clear();
+  beginAhead();
+}
+
+void PagePictures::showAgain() {
+  for (int cell = 0; cell < photosOnPage; ++cell)
+    if (const auto file = slots_[cell].wanted ? slots_[cell].wanted : slots_[cell].shown)
+      show(cell, *file);
+}
+
+/// A photo of the last page must not be taken for this one's.
+void PagePictures::clearLate() {
+  for (int cell = 0; cell < photosOnPage; ++cell)
+    if (slots_[cell].wanted && slots_[cell].wanted != slots_[cell].shown)
+      photos_[cell]->clear();
+}
+
+bool PagePictures::isWaiting() const {
+  return std::ranges::any_of(slots_, [](const Slot& slot) { return slot.wanted.has_value(); });
+}
+
+void PagePictures::decodeAhead(std::vector<std::filesystem::path> files) {
+  ahead_ = std::move(files);
+  beginAhead();
+}
+
+/// The cells have boxes of one size, so that any of them tells for all.
+void PagePictures::beginAhead() {
+  if (!ahead_ || isWaiting())
+    return;
+  pictures_.decodeAhead(*std::exchange(ahead_, std::nullopt), fitInto(0));
+}
+
+} // namespace hearthbook
