@@ -1,0 +1,41 @@
+#include "ClipPlayer.h"
+
+#include "BackgroundSound.h"
+
+#include <QTimer>
+
+namespace hearthbook {
+
+ClipPlayer::ClipPlayer(BackgroundSound* background, QObject* parent)
+    : QObject(parent), background_(background), player_(this) {
+  player_.setObjectName(QStringLiteral("MMControl1"));
+  connect(&player_, &MMControl::done, this, &ClipPlayer::ended);
+  connect(&player_, &MMControl::failed, this, &ClipPlayer::tell);
+}
+
+void ClipPlayer::play(const std::filesystem::path& file) {
+  if (background_)
+    background_->makeRoom();
+  player_.Close();
+  player_.setFile(file);
+  if (!player_.Open() || !player_.Play())
+    ended();
+}
+
+/// A clip that breaks off has ended too, though nobody says so. That is seen when the command
+/// that failed is over.
+void ClipPlayer::tell(const QString& why) {
+  QTimer::singleShot(0, this, [this] {
+    if (player_.mode() == MMControl::Mode::Stopped)
+      ended();
+  });
+  Q_EMIT failed(why);
+}
+
+void ClipPlayer::ended() {
+  player_.Close();
+  if (background_)
+    background_->goOn();
+}
+
+} // namespace hearthbook
