@@ -1,0 +1,35 @@
+#pragma once
+
+#include "PictureBox.h"
+
+class QPinchGesture;
+
+namespace hearthbook {
+
+/// A photo that may be far larger than what is seen of it: only the part in sight is painted,
+/// from the pixels that there are. Where they are those of the screen they are copied as they
+/// stand, else they are stretched, roughly while much is in sight.
+class LargePhoto : public PictureBox {
+  Q_OBJECT
+public:
+  explicit LargePhoto(QWidget* parent = nullptr);
+
+Q_SIGNALS:
+  void mouseMoved(QPointF position, bool leftDown);
+  void stepAsked(int steps, QPointF position); ///< wheel and pinch: above 0 to magnify
+
+protected:
+  void paintEvent(QPaintEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
+  void wheelEvent(QWheelEvent* event) override;
+  bool event(QEvent* event) override;
+
+private:
+  void pinch(QPinchGesture& gesture);
+
+  int turned_ = 0; ///< of the wheel, towards the next step
+  double pinched_ = 1;
+};
+
+} // namespace hearthbook

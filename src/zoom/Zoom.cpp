@@ -1,0 +1,431 @@
+#include "Zoom.h"
+
+#include "AudioFiles.h"
+#include "ButtonFace.h"
+#include "ClipPlayer.h"
+#include "Command.h"
+#include "CommentsBox.h"
+#include "FactsPanel.h"
+#include "Forms.h"
+#include "FullScreen.h"
+#include "HelpKeys.h"
+#include "MsgBox.h"
+#include "NamesCords.h"
+#include "NamesGrid.h"
+#include "PassOver.h"
+#include "PhotoFiles.h"
+#include "Pointer.h"
+#include "ScreenAwake.h"
+#include "Stage.h"
+#include "Text.h"
+#include "Viewer.h"
+#include "ZoomArea.h"
+#include "ZoomMoves.h"
+#include "ZoomPicture.h"
+#include "ui_Zoom.h"
+
+#include <QKeyEvent>
+#include <QPixmap>
+#include <QPointer>
+#include <QScopeGuard>
+#include <QShortcut>
+#include <QTimer>
+
+namespace hearthbook {
+
+namespace {
+
+constexpr TwipsRect infoBox{120, 120, 2865, 5355};
+constexpr double namesHeight = 3500; // seven rows of 500 twips
+constexpr int namesInView = 7;
+constexpr TwipsSize descriptionSize{2865, 3675};
+constexpr int descriptionSteps = 245;
+constexpr double descriptionStep = 15;
+
+FactsPanel::Design factsDesign() {
+  return {{infoBox.width, infoBox.height},
+          namesHeight,
+          namesInView,
+          0,
+          QStringLiteral("View Album*Names List")};
+}
+
+/// The sound behind the album pages from which the zoom view was opened, if it was.
+BackgroundSound* albumsSound() {
+  const auto* pages = Forms::loaded<Viewer>();
+  return pages ? &pages->background() : nullptr;
+}
+
+void tellNoMoreRecords(const char* title) {
+  MsgBox(QStringLiteral("No More Records"), toQString(title));
+}
+
+} // namespace
+
+Zoom::Zoom(Album& album, PictureLoader& loader, WorkPool& pool, HoverHelp& help)
+    : Form(QStringLiteral("Zoom"), Kind::Work), album_(album), help_(help), loader_(loader),
+      stage_(new Stage(workFormSize, this)), ui(std::make_unique<Ui::Zoom>()),
+      clip_(new ClipPlayer(albumsSound(), this)), Timer1_(new QTimer(this)),
+      awake_(std::make_unique<ScreenAwake>("Slide show")) {
+  ui->setupUi(this);
+  stage_->placeAsDrawn(this);
+  makePanels();
+  area_ = new ZoomArea({ui->Picture2, ui->Image1, ui->HScroll1, ui->VScroll1, ui->Picture1,
+                        ui->Command4, ui->Command5},
+                       loader, pool, notFoundPicture(album_), this);
+  Timer1_->setObjectName(QStringLiteral("Timer1"));
+  Timer1_->setTimerType(Qt::PreciseTimer);
+  new HelpKeys(this, [this](const QString& key) { help_.show(key); });
+  wireControls();
+  wireKeys();
+  orderTabs();
+}
+
+Zoom::~Zoom() = default;
+
+void Zoom::makePanels() {
+  ui->Picture2->placeDrawn();
+  facts_ = new FactsPanel(factsDesign(), stage_);
+  stage_->place(facts_, infoBox);
+  comments_ = new CommentsBox(descriptionSize, QStringLiteral("Label3"), *stage_);
+}
+
+void Zoom::wireControls() {
+  // Walking through the photos
+  onCommand(ui->Command6, this, &Zoom::firstPhoto);    // "|<<"
+  onCommand(ui->Command3, this, &Zoom::previousPhoto); // "<<"
+  onCommand(ui->Command2, this, &Zoom::nextPhoto);     // ">>"
+  onCommand(ui->Command7, this, &Zoom::lastPhoto);     // ">>|"
+  // The photo
+  onCommand(ui->Command4, this, &Zoom::magnify);    // "Zoom +"
+  onCommand(ui->Command5, this, &Zoom::reduce);     // "Zoom -"
+  onCommand(ui->Command8, this, &Zoom::fullScreen); // "Full [  ]"
+  connect(area_, &ZoomArea::broken, this, &Zoom::tellTryAgain);
+  // The slide show
+  onCommand(ui->Check1, this, &Zoom::slide); // "Slide"
+  connect(ui->VScroll2, &QScrollBar::valueChanged, this, &Zoom::setSeconds);
+  connect(Timer1_, &QTimer::timeout, this, &Zoom::showNextSlide);
+  // What is known of the photo
+  connect(&facts_->names(), &NamesGrid::chosen, this, asCommand([this] { pointAtPerson(); }));
+  connect(facts_, &FactsPanel::descriptionAsked, this, asCommand([this] { readDescription(); }));
+  connect(facts_, &FactsPanel::soundAsked, this, asCommand([this] { playSound(); }));
+  connect(clip_, &ClipPlayer::failed, this,
+          [](const QString& why) { MsgBox(why, QStringLiteral("Sound"), MsgIcon::Exclamation); });
+  onCommand(ui->Command1, this, &Zoom::done); // "Done"
+}
+
+/// Wherever the keyboard is on the form, these two lead from photo to photo: a button would only
+/// hand the focus on.
+void Zoom::wireKeys() {
+  for (const auto& [key, direction] : {std::pair{Qt::Key_Left, -1}, {Qt::Key_Right, 1}})
+    connect(new QShortcut(key, this), &QShortcut::activated, this,
+            asCommand([this, direction = direction] { moveAcross(direction); }));
+}
+
+void Zoom::orderTabs() {
+  QWidget* last = ui->Image1;
+  const auto facts = facts_->tabOrder();
+  const auto then = [&last](QWidget* next) {
+    setTabOrder(last, next);
+    last = next;
+  };
+  for (QWidget* next : facts)
+    then(next);
+  for (QWidget* next : std::initializer_list<QWidget*>{
+           ui->Command6, ui->Command3, ui->Command2, ui->Command7, ui->Check1, ui->VScroll2,
+           ui->HScroll1, ui->VScroll1, ui->Command4, ui->Command5, ui->Command8, ui->Command1})
+    then(next);
+}
+
+void Zoom::load() {
+  setFaces();
+  ui->background->showPicture(loader_, album_.folder.path("\\Media\\Startup.jpg"));
+  ui->Image1->setFocus(Qt::MouseFocusReason); // the arrow keys work from the beginning
+}
+
+void Zoom::setFaces() {
+  const auto media = [&](const char* file) {
+    return toQString(album_.folder.path(std::string("\\Media\\") + file));
+  };
+  setFace(Face::Grn, media("Btn_Grn.jpg"), {ui->Command4, ui->Command5});
+  setFace(Face::Gry, media("Btn_Gry.jpg"),
+          {ui->Command2, ui->Command3, ui->Command6, ui->Command7});
+  setFace(Face::Org, media("Btn_Org.jpg"), {ui->Command8});
+  setFace(Face::Red, media("Btn_Red.jpg"), {ui->Command1});
+  const QPixmap arrow(media("Marker.png"));
+  area_->setArrow(arrow);
+  facts_->setArrow(arrow);
+}
+
+void Zoom::ComposeZoomView() {
+  bool composed = false;
+  passOver([&] {
+    compose();
+    composed = true;
+  });
+  if (!composed)
+    tellTryAgain();
+}
+
+void Zoom::compose() {
+  const Hourglass hourglass;
+  area_->hideArrow();
+  comments_->putAway();
+  if (photos().atEOF())
+    return composeNothing();
+  shownId_ = photos().Collect("PictureID").toText();
+  resolveImage(album_, shownId_);
+  area_->show(album_.vars.ImagePicture.file);
+  composeFacts();
+  ui->Label1->setText(toQString(positionLabel(photos())));
+  moveBehindShown(photos());
+  // The photo comes first; its neighbours can wait for the next idle moment.
+  QTimer::singleShot(0, this, &Zoom::decodeNeighbours);
+}
+
+void Zoom::composeNothing() {
+  area_->clear();
+  facts_->hide();
+}
+
+void Zoom::composeFacts() {
+  const PhotoFacts facts = photoFacts(album_, photos(), namesInView);
+  markers_ = facts.markers;
+  album_.vars.PageMarkers[0] = facts.markers;
+  facts_->showFacts(facts);
+  facts_->show();
+  ui->Image1->setAccessibleDescription(facts_->summary());
+}
+
+std::filesystem::path Zoom::fileOf(const std::string& id) const {
+  return imagePath(album_, id).value_or(notFoundPicture(album_));
+}
+
+void Zoom::decodeNeighbours() {
+  passOver([&] {
+    std::vector<std::filesystem::path> files;
+    for (const std::string& id : slideNeighbourIds(photos()))
+      files.push_back(fileOf(id));
+    if (ui->Command8->isChecked())
+      Forms::get<FullScreen>().decodeAhead(files);
+    else
+      area_->decodeAhead(files);
+  });
+}
+
+bool Zoom::isWaitingForPicture() const {
+  return area_->picture().isWaiting() || area_->picture().isSharpening();
+}
+
+void Zoom::nextPhoto() {
+  if (canGoNext(photos()))
+    ComposeZoomView();
+  else
+    tellNoMoreRecords("Next Photo");
+}
+
+void Zoom::previousPhoto() {
+  if (goPrevious(photos()))
+    ComposeZoomView();
+  else
+    tellNoMoreRecords("Previous Photo");
+}
+
+void Zoom::firstPhoto() {
+  photos().MoveFirst();
+  ComposeZoomView();
+}
+
+void Zoom::lastPhoto() {
+  photos().MoveLast();
+  ComposeZoomView();
+}
+
+void Zoom::magnify() { area_->magnify(); }
+
+void Zoom::reduce() { area_->reduce(); }
+
+/// A photo that is wider than the area moves; else one walks on.
+void Zoom::moveAcross(int direction) {
+  if (area_->scrollAcross(direction))
+    return;
+  if (direction > 0)
+    nextPhoto();
+  else
+    previousPhoto();
+}
+
+void Zoom::moveDown(int direction) { area_->scrollDown(direction); }
+
+void Zoom::setSeconds(int seconds) {
+  show_.setSeconds(seconds);
+  ui->Label2->setText(toQString(show_.label()));
+  Timer1_->setInterval(show_.interval());
+}
+
+void Zoom::slide(bool on) {
+  show_.runs = on;
+  ui->Check1->setText(toQString(show_.caption()));
+  awake_->keep(on);
+  if (on)
+    Timer1_->start(show_.interval());
+  else
+    Timer1_->stop();
+}
+
+void Zoom::showNextSlide() {
+  if (isTelling_)
+    return; // the message is read first
+  bool went = false;
+  passOver([&] {
+    if (photos().RecordCount() == 0)
+      flipShow(); // nothing is left to be shown
+    else if (goNextAround(photos()))
+      showSlide();
+    went = true;
+  });
+  if (!went)
+    tellTryAgain();
+}
+
+void Zoom::showSlide() {
+  if (ui->Command8->isChecked())
+    Forms::get<FullScreen>().showNext();
+  else
+    ComposeZoomView();
+}
+
+/// Once, however often it happens before it was read.
+void Zoom::tellTryAgain() {
+  if (isTelling_)
+    return;
+  const QPointer<Zoom> self(this);
+  isTelling_ = true;
+  const auto told = qScopeGuard([self] {
+    if (self)
+      self->isTelling_ = false;
+  });
+  MsgBox(QStringLiteral("Please try again!"), QStringLiteral("Slide"));
+}
+
+void Zoom::fullScreen(bool on) {
+  if (!on)
+    return;
+  auto& full = Forms::get<FullScreen>();
+  connect(&full, &FullScreen::showFlipped, this, &Zoom::flipShow, Qt::UniqueConnection);
+  connect(&full, &FullScreen::left, this, &Zoom::leaveFullScreen, Qt::UniqueConnection);
+  connect(&full, &FullScreen::broken, this, &Zoom::tellTryAgain, Qt::UniqueConnection);
+  connect(&full, &FullScreen::shownAnother, this, &Zoom::decodeNeighbours, Qt::UniqueConnection);
+  full.begin(area_->picture());
+  decodeNeighbours();
+  full.ShowModal();
+}
+
+void Zoom::flipShow() {
+  ui->Check1->setChecked(!ui->Check1->isChecked());
+  slide(ui->Check1->isChecked());
+}
+
+void Zoom::leaveFullScreen() {
+  ui->Command8->setChecked(false);
+  passOver([&] { goBackToShown(photos()); });
+  ComposeZoomView();
+}
+
+void Zoom::pointAtPerson() {
+  if (!markers_)
+    return;
+  const auto person = facts_->names().chosenPerson();
+  const auto marker = person ? placeOfMarker(*markers_, *person) : std::nullopt;
+  if (marker)
+    area_->pointAt(*marker);
+  else
+    area_->hideArrow();
+}
+
+void Zoom::readDescription() {
+  const auto photo = photos().Clone(); // the place of the view stays
+  photo->Find("PictureID = '" + shownId_ + "'", Recordset::Start::First);
+  if (photo->atEOF())
+    return;
+  comments_->slideUp(
+      toQString(photo->Collect("Description").toText()),
+      {infoBox.left, infoBox.top + infoBox.height, descriptionSteps, descriptionStep});
+}
+
+void Zoom::playSound() {
+  if (const auto sound = attachedAudio(album_, photoAudioName(shownId_)))
+    clip_->play(*sound);
+}
+
+/// The photo that is seen stays in view, if it is still there.
+void Zoom::rowsChanged(const RowsChanged&) {
+  photos().Requery();
+  if (photos().RecordCount() == 0) {
+    Unload();
+    return;
+  }
+  photos().Find("PictureID = '" + shownId_ + "'", Recordset::Start::First);
+  if (photos().atEOF())
+    photos().MoveFirst();
+  ComposeZoomView();
+}
+
+void Zoom::done() { Unload(); }
+
+void Zoom::activated() { help_.workFormActive(QStringLiteral("Zoom")); }
+
+bool Zoom::unloading() {
+  Timer1_->stop();
+  awake_->keep(false);
+  if (auto* full = Forms::loaded<FullScreen>()) {
+    disconnect(full, nullptr, this, nullptr);
+    full->Unload();
+  }
+  clip_->close();
+  return true;
+}
+
+bool Zoom::moveByKey(int key) {
+  switch (key) {
+  case Qt::Key_PageDown:
+    nextPhoto();
+    return true;
+  case Qt::Key_PageUp:
+    previousPhoto();
+    return true;
+  case Qt::Key_Home:
+    firstPhoto();
+    return true;
+  case Qt::Key_End:
+    lastPhoto();
+    return true;
+  case Qt::Key_Up:
+    moveDown(-1);
+    return true;
+  case Qt::Key_Down:
+    moveDown(1);
+    return true;
+  case Qt::Key_Plus:
+  case Qt::Key_Equal:
+    magnify();
+    return true;
+  case Qt::Key_Minus:
+    reduce();
+    return true;
+  case Qt::Key_Escape:
+    comments_->putAway();
+    return true;
+  default:
+    return false;
+  }
+}
+
+void Zoom::keyPressEvent(QKeyEvent* event) {
+  bool known = false;
+  runCommand([&] { known = moveByKey(event->key()); });
+  if (!known)
+    Form::keyPressEvent(event);
+}
+
+} // namespace hearthbook

@@ -1,0 +1,175 @@
+#include "ZoomArea.h"
+
+#include "Command.h"
+#include "LargePhoto.h"
+#include "MarkerArrow.h"
+#include "Stage.h"
+#include "ZoomPicture.h"
+
+#include <QAbstractButton>
+#include <QLabel>
+#include <QPixmap>
+#include <QScrollBar>
+#include <QSignalBlocker>
+
+#include <cstdlib>
+
+namespace hearthbook {
+
+namespace {
+
+TwipsSize ownSize(PixelSize pixels) {
+  return {static_cast<double>(pixels.width) * twipsPerPixel,
+          static_cast<double>(pixels.height) * twipsPerPixel};
+}
+
+void showBar(QScrollBar& control, const ZoomBar& bar) {
+  const QSignalBlocker quiet(control);
+  control.setEnabled(bar.enabled);
+  control.setRange(0, qRound(bar.maximum));
+  control.setValue(qRound(bar.value));
+}
+
+} // namespace
+
+ZoomArea::ZoomArea(const Controls& controls, PictureLoader& loader, WorkPool& pool,
+                   const std::filesystem::path& notFound, QObject* parent)
+    : QObject(parent), ui_(controls),
+      picture_(new ZoomPicture(
+          *ui_.photo, loader, pool, notFound, [this](PixelSize full) { return freshPixels(full); },
+          this)),
+      arrow_(new MarkerArrow(*ui_.panel, *ui_.arrow, this)) {
+  for (QScrollBar* bar : {ui_.across, ui_.down}) {
+    bar->setSingleStep(static_cast<int>(ZoomBar::smallChange));
+    bar->setPageStep(static_cast<int>(ZoomBar::largeChange));
+  }
+  ui_.photo->hide();
+  showBars();
+  wire();
+}
+
+void ZoomArea::wire() {
+  connect(picture_, &ZoomPicture::placed, this, &ZoomArea::showFresh);
+  connect(picture_, &ZoomPicture::broken, this, &ZoomArea::broken);
+  connect(ui_.panel, &Stage::scaled, this, &ZoomArea::scaled);
+  connect(ui_.across, &QScrollBar::valueChanged, this, [this](int value) {
+    steps_.scrollAcross(value);
+    scrolled();
+  });
+  connect(ui_.down, &QScrollBar::valueChanged, this, [this](int value) {
+    steps_.scrollDown(value);
+    scrolled();
+  });
+  connect(ui_.photo, &LargePhoto::mouseMoved, this, &ZoomArea::drag);
+  connect(ui_.photo, &LargePhoto::stepAsked, this,
+          [this](int steps, QPointF position) { runCommand([&] { step(steps, position); }); });
+}
+
+void ZoomArea::show(const std::filesystem::path& file) { picture_->show(file); }
+
+void ZoomArea::clear() {
+  picture_->clear();
+  ui_.photo->hide();
+}
+
+void ZoomArea::decodeAhead(const std::vector<std::filesystem::path>& files) {
+  picture_->decodeAhead(files);
+}
+
+PixelSize ZoomArea::freshPixels(PixelSize full) const {
+  ZoomSteps fresh;
+  fresh.show(ownSize(full));
+  const QSize pixels = ui_.panel->toDevicePixels(fresh.photo);
+  return {pixels.width(), pixels.height()};
+}
+
+void ZoomArea::showFresh() {
+  steps_.show(ownSize(picture_->fullSize()));
+  ui_.photo->unsetCursor();
+  place();
+  showBars();
+  ui_.photo->show();
+}
+
+void ZoomArea::magnify() {
+  if (steps_.magnify() && steps_.showsHand)
+    ui_.photo->setCursor(Qt::SizeAllCursor);
+  stepped();
+}
+
+void ZoomArea::reduce() {
+  steps_.reduce();
+  stepped();
+}
+
+void ZoomArea::step(int steps, QPointF inPhoto) {
+  const TwipsPoint part{inPhoto.x() / ui_.photo->width(), inPhoto.y() / ui_.photo->height()};
+  const TwipsPoint under = ui_.panel->toTwips(ui_.photo->mapTo(ui_.panel, inPhoto));
+  for (int step = 0; step < std::abs(steps); ++step)
+    steps > 0 ? magnify() : reduce();
+  steps_.bring(part, under);
+  scrolled();
+}
+
+void ZoomArea::stepped() {
+  place();
+  showBars();
+  const PixelSize wanted = ui_.photo->wantedSize();
+  picture_->sharpen(wanted);
+}
+
+bool ZoomArea::scrollAcross(int changes) {
+  if (steps_.across.enabled)
+    ui_.across->setValue(ui_.across->value() + changes * ui_.across->singleStep());
+  return steps_.across.enabled;
+}
+
+bool ZoomArea::scrollDown(int changes) {
+  if (steps_.down.enabled)
+    ui_.down->setValue(ui_.down->value() + changes * ui_.down->singleStep());
+  return steps_.down.enabled;
+}
+
+void ZoomArea::scrolled() {
+  place();
+  showBars();
+}
+
+/// The place is told in the photo, which moves under the mouse: the drag goes on by itself.
+void ZoomArea::drag(QPointF position, bool leftDown) {
+  const double twips = twipsPerPixel / ui_.panel->scale();
+  const TwipsPoint mouse{position.x() * twips, position.y() * twips};
+  if (leftDown) {
+    steps_.drag(lastMouse_, mouse);
+    scrolled();
+  }
+  lastMouse_ = mouse;
+}
+
+void ZoomArea::place() {
+  ui_.panel->setRect(ui_.photo, steps_.photo);
+  arrow_->photoMoved(*ui_.photo, steps_.longerSide());
+}
+
+void ZoomArea::showBars() {
+  showBar(*ui_.across, steps_.across);
+  showBar(*ui_.down, steps_.down);
+  ui_.magnify->setEnabled(steps_.canMagnify);
+  ui_.reduce->setEnabled(steps_.canReduce);
+}
+
+void ZoomArea::scaled() { picture_->sharpen(ui_.photo->wantedSize()); }
+
+void ZoomArea::setArrow(const QPixmap& arrow) { ui_.arrow->setPixmap(arrow); }
+
+void ZoomArea::pointAt(TwipsPoint marker) {
+  arrow_->pointAt(*ui_.photo, marker, steps_.longerSide());
+  // The arrow belongs to the photo: it goes under what stands over that.
+  for (QWidget* over : {static_cast<QWidget*>(ui_.across), static_cast<QWidget*>(ui_.down),
+                        static_cast<QWidget*>(ui_.magnify), static_cast<QWidget*>(ui_.reduce)})
+    over->raise();
+}
+
+void ZoomArea::hideArrow() { arrow_->hide(); }
+
+} // namespace hearthbook

@@ -1,0 +1,85 @@
+#pragma once
+
+#include "Picture.h"
+#include "ZoomSteps.h"
+
+#include <QObject>
+#include <QPointF>
+
+#include <filesystem>
+#include <functional>
+#include <vector>
+
+class QAbstractButton;
+class QLabel;
+class QPixmap;
+class QScrollBar;
+
+namespace hearthbook {
+
+class LargePhoto;
+class MarkerArrow;
+class PictureLoader;
+class Stage;
+class WorkPool;
+class ZoomPicture;
+
+/// The viewing area of the zoom view: the photo in it, its scroll bars and the arrow that points
+/// at a person, by the rules of ZoomSteps.
+class ZoomArea : public QObject {
+  Q_OBJECT
+public:
+  struct Controls {
+    Stage* panel;
+    LargePhoto* photo;
+    QScrollBar* across;
+    QScrollBar* down;
+    QLabel* arrow;
+    QAbstractButton* magnify;
+    QAbstractButton* reduce;
+  };
+
+  ZoomArea(const Controls& controls, PictureLoader& loader, WorkPool& pool,
+           const std::filesystem::path& notFound, QObject* parent);
+
+  void show(const std::filesystem::path& file);
+  void clear();
+  void decodeAhead(const std::vector<std::filesystem::path>& files);
+
+  void magnify();
+  void reduce();
+  /// So many steps, with the place under the mouse kept there.
+  void step(int steps, QPointF inPhoto);
+  /// Scrolls by so many small changes; false where there is nothing to scroll that way.
+  bool scrollAcross(int changes);
+  bool scrollDown(int changes);
+
+  void setArrow(const QPixmap& arrow);
+  void pointAt(TwipsPoint marker);
+  void hideArrow();
+
+  [[nodiscard]] const ZoomSteps& steps() const { return steps_; }
+  [[nodiscard]] const ZoomPicture& picture() const { return *picture_; }
+
+Q_SIGNALS:
+  void broken(); ///< the photo cannot be read
+
+private:
+  void wire();
+  [[nodiscard]] PixelSize freshPixels(PixelSize full) const;
+  void showFresh();
+  void stepped();
+  void scrolled();
+  void drag(QPointF position, bool leftDown);
+  void place();
+  void showBars();
+  void scaled();
+
+  Controls ui_;
+  ZoomSteps steps_;
+  ZoomPicture* picture_;
+  MarkerArrow* arrow_;
+  TwipsPoint lastMouse_;
+};
+
+} // namespace hearthbook

@@ -1,0 +1,24 @@
+#include "ZoomPanel.h"
+
+#include "Look.h"
+#include "ZoomSteps.h"
+
+#include <QPainter>
+
+namespace hearthbook {
+
+ZoomPanel::ZoomPanel(QWidget* parent) : Stage(ZoomSteps::area, parent) {}
+
+void ZoomPanel::placeDrawn() {
+  for (QWidget* child : findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly)) {
+    const QRect drawn = child->geometry();
+    place(child, {static_cast<double>(drawn.x() * twipsPerPixel),
+                  static_cast<double>(drawn.y() * twipsPerPixel),
+                  static_cast<double>(drawn.width() * twipsPerPixel),
+                  static_cast<double>(drawn.height() * twipsPerPixel)});
+  }
+}
+
+void ZoomPanel::paintEvent(QPaintEvent*) { QPainter(this).fillRect(QWidget::rect(), look::desk); }
+
+} // namespace hearthbook

@@ -1,0 +1,103 @@
+#include "ZoomPicture.h"
+
+#include "PictureBox.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdint>
+#include <utility>
+
+namespace hearthbook {
+
+namespace {
+
+/// What is decoded of one photo at most, in pixels; what is magnified further is stretched.
+constexpr double mostSharpened = 50e6;
+
+PixelSize withinFile(PixelSize wanted, PixelSize full) {
+  if (wanted.width > full.width || wanted.height > full.height)
+    wanted = full;
+  const double pixels = static_cast<double>(wanted.width) * wanted.height;
+  if (pixels <= mostSharpened)
+    return wanted;
+  const double part = std::sqrt(mostSharpened / pixels);
+  return {std::max(1, static_cast<int>(wanted.width * part)),
+          std::max(1, static_cast<int>(wanted.height * part))};
+}
+
+} // namespace
+
+ZoomPicture::ZoomPicture(PictureBox& image, PictureLoader& loader, WorkPool& pool,
+                         std::filesystem::path notFound, Fit fit, QObject* parent)
+    : QObject(parent), image_(image), pictures_(loader, pool, nullptr),
+      notFound_(std::move(notFound)), fit_(std::move(fit)) {}
+
+void ZoomPicture::show(const std::filesystem::path& file) {
+  sharper_.reset();
+  sharpening_ = false;
+  wanted_ = file;
+  auto ticket = pictures_.load(file, fit_, [this](const auto& loaded) { arrived(loaded); });
+  if (wanted_ == file)
+    ticket_ = std::move(ticket);
+}
+
+void ZoomPicture::arrived(const FittedPictures::Loaded& loaded) {
+  const auto file = std::exchange(wanted_, std::nullopt);
+  if (!file)
+    return;
+  if (loaded.picture.isNull())
+    return failed(*file);
+  shown_ = file;
+  fullSize_ = loaded.fullSize;
+  image_.setPicture(loaded.picture);
+  Q_EMIT placed();
+}
+
+void ZoomPicture::failed(const std::filesystem::path& file) {
+  if (file == notFound_)
+    return clear();
+  show(notFound_);
+  Q_EMIT broken();
+}
+
+void ZoomPicture::clear() {
+  ticket_.reset();
+  sharper_.reset();
+  sharpening_ = false;
+  wanted_.reset();
+  shown_.reset();
+  image_.clear();
+}
+
+void ZoomPicture::sharpen(PixelSize wanted) {
+  if (!shown_ || wanted_)
+    return;
+  const PixelSize size = withinFile(wanted, fullSize_);
+  sharper_.reset();
+  sharpening_ = size != image_.picture().size();
+  if (!sharpening_)
+    return;
+  auto ticket = pictures_.load(
+      *shown_, [size](PixelSize) { return size; },
+      [this](const auto& loaded) {
+        sharpening_ = false;
+        if (!loaded.picture.isNull())
+          image_.setPicture(loaded.picture);
+      });
+  if (sharpening_)
+    sharper_ = std::move(ticket);
+}
+
+void ZoomPicture::adopt(const ZoomPicture& other) {
+  clear();
+  shown_ = other.shown_;
+  fullSize_ = other.fullSize_;
+  image_.setPicture(other.image_.picture());
+  Q_EMIT placed();
+}
+
+void ZoomPicture::decodeAhead(const std::vector<std::filesystem::path>& files) {
+  pictures_.decodeAhead(files, fit_);
+}
+
+} // namespace hearthbook

@@ -1,0 +1,60 @@
+#pragma once
+
+#include "FittedPictures.h"
+
+#include <QObject>
+
+#include <filesystem>
+#include <functional>
+#include <optional>
+#include <vector>
+
+namespace hearthbook {
+
+class PictureBox;
+
+/// The pixels of one large photo: decoded at the size at which a form shows it. Until they are
+/// there what was shown stays, or is stretched; a broken photo is told and the not-found picture
+/// stands in for it.
+class ZoomPicture : public QObject {
+  Q_OBJECT
+public:
+  /// The pixels in which a photo of this size is wanted when it is first shown.
+  using Fit = FittedPictures::Fit;
+
+  ZoomPicture(PictureBox& image, PictureLoader& loader, WorkPool& pool,
+              std::filesystem::path notFound, Fit fit, QObject* parent);
+
+  void show(const std::filesystem::path& file);
+  void clear();
+  /// The photo shown is wanted in other pixels, never more than its file has.
+  void sharpen(PixelSize wanted);
+  /// The photo is shown already, somewhere else, in these pixels.
+  void adopt(const ZoomPicture& other);
+  void decodeAhead(const std::vector<std::filesystem::path>& files);
+
+  [[nodiscard]] bool isWaiting() const { return wanted_.has_value(); }
+  [[nodiscard]] bool isSharpening() const { return sharpening_; }
+  [[nodiscard]] PixelSize fullSize() const { return fullSize_; }
+
+Q_SIGNALS:
+  void placed(); ///< another photo is shown, of fullSize()
+  void broken(); ///< the photo that was asked for cannot be read
+
+private:
+  void arrived(const FittedPictures::Loaded& loaded);
+  void failed(const std::filesystem::path& file);
+
+  PictureBox& image_;
+  FittedPictures pictures_;
+  std::filesystem::path notFound_;
+  Fit fit_;
+  std::optional<std::filesystem::path> wanted_;
+  std::optional<std::filesystem::path> shown_;
+  PixelSize fullSize_;
+  bool sharpening_ = false;
+  FittedPictures::Ticket ticket_;
+  FittedPictures::Ticket sharper_;
+};
+
+} // namespace hearthbook

@@ -1,0 +1,325 @@
+#include "ZoomFixture.h"
+
+#include "FileBytes.h"
+
+#include <QWheelEvent>
+
+namespace hearthbook::test {
+
+namespace {
+
+class ZoomView : public ZoomFixture {
+protected:
+  /// A photo with a marker for a person, whose row is then chosen.
+  Zoom& openMarked(int width, int height) {
+    const auto person = folder_.addPerson("Anna");
+    writeJpeg(at("Photos/00001.jpg"), width, height);
+    set("HD00001",
+        "NamesInPhoto = '" + three(person) + ",', NamesCords = '" + three(person) + "-2880X1440,'");
+    auto& zoom = openZoom();
+    names(zoom).setRow(1);
+    return zoom;
+  }
+  static std::string three(std::int64_t id) { return std::to_string(1000 + id).substr(1); }
+  void addName() {
+    ids_ += three(folder_.addPerson("Person " + std::to_string(ids_.size()))) + ",";
+    set("HD00001", "NamesInPhoto = '" + ids_ + "'");
+  }
+  static void expectArrowAt(const Zoom& zoom, double x, double y) {
+    EXPECT_FALSE(control(zoom, "Picture1")->isHidden());
+    EXPECT_NEAR(arrowOf(zoom).left, x - 100, 0.01);
+    EXPECT_NEAR(arrowOf(zoom).top, y - 288, 0.01);
+  }
+  static void wheel(LargePhoto& photo, int angle) {
+    const QPointF place(photo.rect().center());
+    QWheelEvent event(place, photo.mapToGlobal(place), {}, {0, angle}, Qt::NoButton, Qt::NoModifier,
+                      Qt::NoScrollPhase, false);
+    QCoreApplication::sendEvent(&photo, &event);
+    settleZoom();
+  }
+
+  std::string ids_;
+};
+
+} // namespace
+
+TEST_F(ZoomView, OpensOnThePhotoOfItsSetAndStandsBehindIt) {
+  const auto& zoom = openZoomOf(3, 2);
+  EXPECT_EQ(position(zoom), "2 Of 3");
+  EXPECT_EQ(slides().AbsolutePosition(), 3);
+  EXPECT_TRUE(photo(zoom).hasPicture());
+}
+
+TEST_F(ZoomView, ALargePhotoFillsTheBoxFromItsCorner) {
+  const auto& zoom = openPhoto(1200, 900);
+  expectPlace(photoRect(zoom), {0, 0, 8285, 6213.75});
+  EXPECT_FALSE(isEnabled(zoom, "HScroll1"));
+  EXPECT_FALSE(isEnabled(zoom, "VScroll1"));
+}
+
+TEST_F(ZoomView, ASmallPhotoKeepsItsSizeAndItsBarsSleepUntilItIsLargerThanThePanel) {
+  const auto& zoom = openPhoto(300, 200);
+  expectPlace(photoRect(zoom), {0, 0, 4500, 3000});
+  press(zoom, "Command4");
+  EXPECT_FALSE(isEnabled(zoom, "HScroll1"));
+  press(zoom, "Command4");
+  EXPECT_TRUE(isEnabled(zoom, "HScroll1"));
+  EXPECT_FALSE(isEnabled(zoom, "VScroll1"));
+  EXPECT_EQ(bar(zoom, "HScroll1").maximum(), 10125 - 8535 + 255);
+  EXPECT_EQ(bar(zoom, "HScroll1").singleStep(), 100);
+  EXPECT_EQ(bar(zoom, "HScroll1").pageStep(), 200);
+  EXPECT_EQ(photo(zoom).cursor().shape(), Qt::SizeAllCursor);
+}
+
+TEST_F(ZoomView, ThePressThatCannotMagnifyAnyMoreOnlyDisablesTheButton) {
+  const auto& zoom = openPhoto(1200, 900);
+  for (int press = 0; press < 3; ++press)
+    ZoomFixture::press(zoom, "Command4");
+  EXPECT_NEAR(photoRect(zoom).width, 8285 * 3.375, 0.01);
+  EXPECT_TRUE(isEnabled(zoom, "Command4"));
+  press(zoom, "Command4");
+  EXPECT_NEAR(photoRect(zoom).width, 8285 * 3.375, 0.01);
+  EXPECT_FALSE(isEnabled(zoom, "Command4"));
+  press(zoom, "Command5");
+  EXPECT_TRUE(isEnabled(zoom, "Command4"));
+}
+
+TEST_F(ZoomView, ThePressThatCannotReduceAnyMoreOnlyDisablesTheButton) {
+  const auto& zoom = openPhoto(60, 40); // 900 twips wide
+  press(zoom, "Command5");
+  EXPECT_FALSE(isEnabled(zoom, "Command5"));
+  expectPlace(photoRect(zoom), {0, 0, 900, 600});
+  press(zoom, "Command4");
+  EXPECT_TRUE(isEnabled(zoom, "Command5"));
+}
+
+TEST_F(ZoomView, TheScrollBarsMoveThePhoto) {
+  const auto& zoom = openPhoto(1200, 900);
+  press(zoom, "Command4");
+  bar(zoom, "HScroll1").setValue(700);
+  bar(zoom, "VScroll1").setValue(300);
+  EXPECT_NEAR(photoRect(zoom).left, -700, 0.01);
+  EXPECT_NEAR(photoRect(zoom).top, -300, 0.01);
+  press(zoom, "Command5");
+  EXPECT_NEAR(photoRect(zoom).left, 0, 0.01);
+}
+
+TEST_F(ZoomView, ADragScrollsByAHundredForEachMoveOfTheMouse) {
+  const auto& zoom = openPhoto(1200, 900);
+  press(zoom, "Command4");
+  press(zoom, "Command4");
+  auto& image = photo(zoom);
+  QTest::mouseMove(&image, {50, 50});
+  QTest::mousePress(&image, Qt::LeftButton, {}, {50, 50});
+  QTest::mouseMove(&image, {60, 50}); // without the button told: QTest knows none
+  EXPECT_EQ(bar(zoom, "HScroll1").value(), 100);
+  EXPECT_EQ(bar(zoom, "VScroll1").value(), 0);
+  QTest::mouseRelease(&image, Qt::LeftButton, {}, {60, 50});
+}
+
+TEST_F(ZoomView, AMarkerPointsAtThePersonOnTheLongerSide) {
+  const auto& zoom = openMarked(1200, 900);
+  expectArrowAt(zoom, 2880 * 8285 / 5760.0, 1440 * 8285 / 5760.0);
+}
+
+TEST_F(ZoomView, AMarkerStaysOnThePersonAtEveryScaleAndPlace) {
+  const auto& zoom = openMarked(900, 1200); // 5220 by 6960 twips
+  expectArrowAt(zoom, 2880 * 6960 / 5760.0, 1440 * 6960 / 5760.0);
+  press(zoom, "Command4");
+  expectArrowAt(zoom, 2880 * 10440 / 5760.0, 1440 * 10440 / 5760.0);
+  bar(zoom, "VScroll1").setValue(500);
+  expectArrowAt(zoom, 2880 * 10440 / 5760.0, 1440 * 10440 / 5760.0 - 500);
+  press(zoom, "Command5");
+  press(zoom, "Command5");
+  expectArrowAt(zoom, 2880 * 4640 / 5760.0, 1440 * 4640 / 5760.0);
+}
+
+TEST_F(ZoomView, AnEmptyRowOfNamesHidesTheMarkerAndTheNextPhotoDoesToo) {
+  addPhotosUpTo(2);
+  const auto& zoom = openMarked(1200, 900);
+  names(zoom).setRow(3);
+  EXPECT_TRUE(control(zoom, "Picture1")->isHidden());
+  names(zoom).setRow(1);
+  press(zoom, "Command2");
+  EXPECT_TRUE(control(zoom, "Picture1")->isHidden());
+}
+
+TEST_F(ZoomView, SevenNamesFillTheGridAndTheEighthGetsAScrollBar) {
+  for (int name = 0; name < 7; ++name)
+    addName();
+  EXPECT_EQ(names(openZoom()).names(), 7);
+  EXPECT_EQ(names(openZoom()).verticalScrollBarPolicy(), Qt::ScrollBarAlwaysOff);
+  addName();
+  EXPECT_EQ(names(openZoom()).names(), 8);
+  EXPECT_EQ(names(openZoom()).verticalScrollBarPolicy(), Qt::ScrollBarAlwaysOn);
+}
+
+TEST_F(ZoomView, TellsTheFactsOfThePhoto) {
+  const auto place = folder_.addPlace("Lake");
+  const auto event = folder_.addEvent("Wedding");
+  set("HD00001", "Year = 1987, PlaceID = " + std::to_string(place) +
+                     ", EventID = " + std::to_string(event) + ", Description = 'By the boat'");
+  const auto& zoom = openZoom();
+  EXPECT_EQ(labelOf(zoom, "txtYear(0)"), "1987");
+  EXPECT_EQ(labelOf(zoom, "txtPlace(0)"), "Wedding in Lake");
+  EXPECT_TRUE(control(zoom, "Image2(0)")->isVisible());
+  EXPECT_FALSE(control(zoom, "Image3(0)")->isVisible());
+}
+
+TEST_F(ZoomView, TheDescriptionRisesFromTheFootOfTheFactsAndGoesAtAClick) {
+  set("HD00001", "Description = 'By the boat'");
+  const auto& zoom = openZoom();
+  press(zoom, "Image2(0)");
+  auto* box = control<QWidget>(zoom, "CommentsBox");
+  auto* stage = zoom.findChild<Stage*>(QString(), Qt::FindDirectChildrenOnly);
+  waitUntil([&] { return stage->rect(box).height >= 3675; });
+  expectPlace(stage->rect(box), {120, 5475 - 3675, 2865, 3675});
+  EXPECT_EQ(labelOf(zoom, "lblComments"), "By the boat");
+  EXPECT_TRUE(slides().atEOF()); // the place of the view has stayed
+  FormControls::press(zoom, "Label3");
+  EXPECT_TRUE(box->isHidden());
+}
+
+TEST_F(ZoomView, WalksThroughThePhotosAndTellsTheEnds) {
+  const auto& zoom = openZoomOf(3);
+  expectNoMore("Previous Photo");
+  press(zoom, "Command3");
+  EXPECT_EQ(position(zoom), "1 Of 3");
+  press(zoom, "Command2");
+  EXPECT_EQ(position(zoom), "2 Of 3");
+  press(zoom, "Command7");
+  EXPECT_EQ(position(zoom), "3 Of 3");
+  expectNoMore("Next Photo");
+  press(zoom, "Command2");
+  EXPECT_EQ(position(zoom), "3 Of 3");
+  press(zoom, "Command3");
+  EXPECT_EQ(position(zoom), "2 Of 3");
+  press(zoom, "Command6");
+  EXPECT_EQ(position(zoom), "1 Of 3");
+  EXPECT_TRUE(boxes_.isDone());
+}
+
+TEST_F(ZoomView, AnOnlyPhotoHasNoPreviousOne) {
+  const auto& zoom = openZoom();
+  expectNoMore("Previous Photo");
+  press(zoom, "Command3");
+  EXPECT_EQ(position(zoom), "1 Of 1");
+}
+
+TEST_F(ZoomView, TheKeysWalkAndZoomAndMoveAPhotoThatIsLargerThanThePanel) {
+  auto& zoom = openZoomOf(3);
+  key(zoom, Qt::Key_Right);
+  EXPECT_EQ(position(zoom), "2 Of 3");
+  key(zoom, Qt::Key_Left);
+  EXPECT_EQ(position(zoom), "1 Of 3");
+  key(zoom, Qt::Key_End);
+  EXPECT_EQ(position(zoom), "3 Of 3");
+  key(zoom, Qt::Key_PageUp);
+  key(zoom, Qt::Key_Home);
+  key(zoom, Qt::Key_PageDown);
+  EXPECT_EQ(position(zoom), "2 Of 3");
+  for (int step = 0; step < 6; ++step)
+    key(zoom, Qt::Key_Plus);
+  key(zoom, Qt::Key_Right);
+  key(zoom, Qt::Key_Down);
+  EXPECT_EQ(bar(zoom, "HScroll1").value(), 100);
+  EXPECT_EQ(bar(zoom, "VScroll1").value(), 100);
+  EXPECT_EQ(position(zoom), "2 Of 3");
+  for (int step = 0; step < 6; ++step)
+    key(zoom, Qt::Key_Minus);
+  key(zoom, Qt::Key_Right);
+  EXPECT_EQ(position(zoom), "3 Of 3");
+}
+
+TEST_F(ZoomView, ArrowsWalkWhereverTheKeyboardIs) {
+  auto& zoom = openZoomOf(3);
+  press(zoom, "Command2");
+  control(zoom, "Command2")->setFocus();
+  QTest::keyClick(control(zoom, "Command2"), Qt::Key_Right);
+  settleZoom();
+  EXPECT_EQ(position(zoom), "3 Of 3");
+}
+
+TEST_F(ZoomView, TheWheelZoomsAboutTheMouse) {
+  const auto& zoom = openPhoto(1200, 900);
+  wheel(photo(zoom), 60);
+  EXPECT_NEAR(photoRect(zoom).width, 8285, 0.01);
+  wheel(photo(zoom), 60);
+  EXPECT_NEAR(photoRect(zoom).width, 8285 * 1.5, 0.01);
+  EXPECT_NEAR(photoRect(zoom).left + photoRect(zoom).width / 2, 8285 / 2.0, 20);
+  wheel(photo(zoom), -120);
+  EXPECT_NEAR(photoRect(zoom).width, 8285, 0.01);
+}
+
+TEST_F(ZoomView, AMagnifiedPhotoIsSharpAsSoonAsItsPixelsAreThere) {
+  const auto& zoom = openPhoto(1200, 900);
+  const auto fresh = photo(zoom).picture().size();
+  const auto freePool = holdPool();
+  FormControls::press(zoom, "Command4");
+  EXPECT_EQ(photo(zoom).picture().size(), fresh); // what there is, stretched
+  EXPECT_NEAR(photoRect(zoom).width, 8285 * 1.5, 0.01);
+  freePool();
+  settleZoom();
+  EXPECT_EQ(photo(zoom).picture().size(), photo(zoom).wantedSize());
+}
+
+TEST_F(ZoomView, MorePixelsThanTheFileHasAreNeverDecoded) {
+  const auto& zoom = openPhoto(600, 450);
+  for (int step = 0; step < 3; ++step)
+    press(zoom, "Command4");
+  EXPECT_EQ(photo(zoom).picture().size(), (PixelSize{600, 450}));
+}
+
+TEST_F(ZoomView, AMissingPhotoIsStoodInFor) {
+  std::filesystem::remove(at("Photos/00001.jpg"));
+  const auto& zoom = openZoom();
+  EXPECT_TRUE(photo(zoom).hasPicture());
+  EXPECT_FALSE(vars().ImagePicture.found);
+}
+
+TEST_F(ZoomView, ABrokenPhotoIsToldOnceAndTheNextOneComes) {
+  addPhotosUpTo(2);
+  writeBytes(at("Photos/00001.jpg"), "no photo at all");
+  expectTryAgain();
+  auto& zoom = openZoom();
+  EXPECT_TRUE(boxes_.isDone());
+  zoom.resize(1012, 669);
+  settleZoom();
+  press(zoom, "Command2");
+  EXPECT_EQ(position(zoom), "2 Of 2");
+}
+
+TEST_F(ZoomView, APhotoBehindTheEndShowsNothing) {
+  auto& zoom = openZoom();
+  ASSERT_TRUE(slides().atEOF());
+  zoom.ComposeZoomView();
+  EXPECT_FALSE(photo(zoom).isVisible());
+  EXPECT_TRUE(control(zoom, "Info(0)")->isHidden());
+}
+
+TEST_F(ZoomView, ThePhotoShownIsTheCurrentOne) {
+  openZoomOf(2, 2);
+  EXPECT_EQ(vars().ImagePath.filename(), "00002.jpg");
+}
+
+TEST_F(ZoomView, RowsThatChangedAreReadAgainAndThePhotoStays) {
+  const auto& zoom = openZoomOf(3, 2);
+  data().AlbumDB.execute("UPDATE PhotoAlbum SET Year = 1999 WHERE PictureID = 'HD00002'");
+  Forms::tellRowsChanged({RowsChanged::By::EditorClosed});
+  settleZoom();
+  EXPECT_EQ(position(zoom), "2 Of 3");
+  EXPECT_EQ(labelOf(zoom, "txtYear(0)"), "1999");
+}
+
+TEST_F(ZoomView, DoneUnloadsIt) {
+  const auto& zoom = openZoom();
+  FormControls::press(zoom, "Command1");
+  EXPECT_EQ(Forms::loaded<Zoom>(), nullptr);
+}
+
+TEST_F(ZoomView, ComingToTheFrontTellsTheHelp) {
+  openZoom();
+  EXPECT_EQ(frame_.active, toQString("Zoom"));
+}
+
+} // namespace hearthbook::test
