@@ -35,6 +35,13 @@ void emptyField(Recordset& photos, const char* field, std::int16_t id) {
     photos.goTo(*row);
 }
 
+/// In the photos that are not open: those outside a search's result are the album's too.
+void emptyFieldElsewhere(Connection& connection, const char* field, std::int16_t id) {
+  Recordset photos(connection);
+  photos.Open("SELECT * FROM PhotoAlbum WHERE " + std::string(field) + " = " + std::to_string(id));
+  photos.setAll(field, {});
+}
+
 /// Reads the rows again after a change was taken back.
 void readAgain(Recordset& rows, std::int64_t position) {
   if (!rows.Filter().empty())
@@ -68,6 +75,7 @@ void removeListName(Recordset& photos, Recordset& list, const NameListWords& wor
   try {
     photos.connection().transaction([&] {
       emptyField(photos, words.keyField, id);
+      emptyFieldElsewhere(photos.connection(), words.keyField, id);
       list.Delete();
       list.UpdateBatch();
     });

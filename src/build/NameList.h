@@ -70,9 +70,10 @@ NewName judgeNewName(const Recordset& list, const NameListWords& words, std::str
 /// Stores a row of that name; the list then stands on its first.
 void addListName(Recordset& list, const NameListWords& words, std::string_view name);
 
-/// Takes the row of that name out of the list and its id out of `photos` (all, or at least those
-/// that have it), as one transaction. Their filter is then cleared; they stand where they stood. An
-/// apostrophe in the name makes the search fail, and nothing is changed.
+/// Takes the row of that name out of the list and its id out of all photos of the album, as one
+/// transaction. `photos` are those that are open, perhaps a search's result: they show it, their
+/// filter is then cleared, and they stand where they stood. An apostrophe in the name makes the
+/// search fail, and nothing is changed.
 void removeListName(Recordset& photos, Recordset& list, const NameListWords& words,
                     const std::string& name, std::int16_t id);
 

@@ -11,8 +11,8 @@ struct NameListWords;
 /// Asks for a name, stores it in `list` and chooses it in the drop-down.
 void addToNameList(const NameListWords& words, Recordset& list, DataCombo& dropDown);
 
-/// Asks, and takes the name chosen in the drop-down out of `list` and of `photos`, which are all
-/// or those that have it.
+/// Asks, and takes the name chosen in the drop-down out of `list` and of all photos of the album;
+/// `photos` are those that are open and show it.
 void deleteFromNameList(const NameListWords& words, Recordset& photos, Recordset& list,
                         DataCombo& dropDown);
 

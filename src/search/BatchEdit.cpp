@@ -258,12 +258,15 @@ void BatchEdit::deleteEvent() {
   deleteName(batchEventWords, album_.data.rsEvents, *ui->EventsDrp);
 }
 
-/// The photos concerned are changed through a set of its own: nobody's place is lost.
+/// Through a clone, which shares the rows of the editor and leaves it its place and its filter.
 void BatchEdit::deleteName(const NameListWords& words, Recordset& list, DataCombo& dropDown) {
-  Recordset photos(album_.data.AlbumDB);
-  photos.Open("Select * From PhotoAlbum Where " + std::string(words.keyField) + " = " +
-              dropDown.BoundText().toText());
-  deleteFromNameList(words, photos, list, dropDown);
+  Recordset& photos = album_.data.rsPhotoAlbum;
+  try {
+    deleteFromNameList(words, *photos.Clone(), list, dropDown);
+  } catch (...) {
+    photos.Requery(); // what was taken back is still to be seen in the shared rows
+    throw;
+  }
 }
 
 void BatchEdit::tidyYear() {

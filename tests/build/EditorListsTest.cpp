@@ -189,6 +189,28 @@ TEST_P(EditorLists, ADeletedNameLeavesAllPhotosTheCurrentOneToo) {
   EXPECT_TRUE(dropDown(editor).Text().isEmpty());
 }
 
+TEST_P(EditorLists, ANameDeletedOnASearchResultLeavesThePhotosOutsideItToo) {
+  const auto lake = addRow("Lake");
+  folder_.addPhoto("HD00002", {{GetParam().field, lake}});
+  folder_.addPhoto("HD00003", {{GetParam().field, lake}, {"Year", 1990}});
+  folder_.addPhoto("HD00004", {{GetParam().field, lake}, {"Year", 1990}});
+  photos().Open("SELECT PhotoAlbum.* FROM PhotoAlbum WHERE Year = 1990");
+  photos().MoveLast();
+  const auto& editor = openEditor();
+  EXPECT_EQ(labelOf(editor, "NumRec"), "2 of 2");
+  expectDeletionAsked(MsgAnswer::Ok);
+  expectDeleted();
+  remove(editor);
+  for (const char* photo : {"HD00002", "HD00003", "HD00004"})
+    EXPECT_TRUE(storedIn(photo).isNull()) << photo;
+  EXPECT_EQ(currentId(), "HD00004");
+  EXPECT_EQ(photos().RecordCount(), 2);
+  EXPECT_TRUE(dropDown(editor).Text().isEmpty());
+  press(editor, "PrevPhoto");
+  EXPECT_TRUE(photos().Collect(GetParam().field).isNull());
+  EXPECT_TRUE(dropDown(editor).Text().isEmpty());
+}
+
 TEST_P(EditorLists, WhatWasTypedInTheMeantimeIsStored) {
   const auto lake = addRow("Lake");
   folder_.addPhoto("HD00002", {{GetParam().field, lake}});

@@ -101,6 +101,35 @@ TEST_F(NameList, ARemovedNameLeavesAllPhotos) {
   EXPECT_TRUE(photos.Collect("PlaceID").isNull());
 }
 
+TEST_F(NameList, ARemovedNameLeavesThePhotosOutsideTheOpenOnesToo) {
+  const auto lake = folder_.addPlace("Lake");
+  const auto home = folder_.addPlace("Home");
+  folder_.addPhoto("HD00002", {{"PlaceID", lake}, {"Year", 1990}});
+  folder_.addPhoto("HD00003", {{"PlaceID", lake}, {"Year", 1990}});
+  folder_.addPhoto("HD00004", {{"PlaceID", lake}});
+  folder_.addPhoto("HD00005", {{"PlaceID", home}});
+  Recordset& photos = data().rsPhotoAlbum;
+  photos.Open("SELECT PhotoAlbum.* FROM PhotoAlbum WHERE Year = 1990");
+  photos.MoveLast();
+  remove("Lake", lake);
+  EXPECT_EQ(count("SELECT * FROM PhotoAlbum WHERE PlaceID = " + std::to_string(lake)), 0);
+  EXPECT_EQ(count("SELECT * FROM PhotoAlbum WHERE PlaceID = " + std::to_string(home)), 1);
+  EXPECT_EQ(photos.RecordCount(), 2);
+  EXPECT_EQ(photos.AbsolutePosition(), 2);
+  EXPECT_TRUE(photos.Collect("PlaceID").isNull());
+}
+
+TEST_F(NameList, ARemovalThatFailsIsTakenBackOutsideTheOpenPhotosToo) {
+  const auto lake = folder_.addPlace("Lake");
+  folder_.addPhoto("HD00002", {{"PlaceID", lake}, {"Year", 1990}});
+  folder_.addPhoto("HD00003", {{"PlaceID", lake}});
+  data().rsPhotoAlbum.Open("SELECT * FROM PhotoAlbum WHERE Year = 1990");
+  data().AlbumDB.execute("CREATE TRIGGER Refuse BEFORE DELETE ON Places "
+                         "BEGIN SELECT RAISE(ABORT, 'no'); END");
+  EXPECT_THROW(remove("Lake", lake), RunTimeError);
+  EXPECT_EQ(count("SELECT * FROM PhotoAlbum WHERE PlaceID IS NOT NULL"), 2);
+}
+
 TEST_F(NameList, ClonesOfThePhotosSeeIt) {
   const auto lake = folder_.addPlace("Lake");
   folder_.addPhoto("HD00002", {{"PlaceID", lake}});

@@ -115,6 +115,36 @@ TEST_P(BatchLists, ThePlaceInThePhotosAndInTheSearchIsKeptMeanwhile) {
   EXPECT_TRUE(results().atEOF());
 }
 
+TEST_P(BatchLists, TheOpenPhotosShowThatADeletedNameIsGoneAndKeepTheirFilter) {
+  putOnPhoto("HD00002", 1);
+  putOnPhoto("HD00005", 1);
+  const auto& batch = openBatch();
+  photos().Filter("PictureID = 'HD00004' Or PictureID = 'HD00005'");
+  photos().MoveLast();
+  choose(batch, GetParam().dropDown, first());
+  expectDeletionAskedOfList(MsgAnswer::Ok);
+  expectDeleted();
+  press(batch, GetParam().remove);
+  EXPECT_TRUE(stored("HD00002", GetParam().field).isNull());
+  EXPECT_EQ(photos().RecordCount(), 2);
+  EXPECT_EQ(photos().Collect("PictureID"), Value("HD00005"));
+  EXPECT_TRUE(photos().Collect(GetParam().field).isNull());
+}
+
+TEST_P(BatchLists, WhatCannotBeDeletedIsStillInTheOpenPhotos) {
+  putOnPhoto("HD00001", 1);
+  const auto& batch = openBatch();
+  data().AlbumDB.execute(std::string("CREATE TRIGGER Refuse BEFORE DELETE ON ") +
+                         (isPlace() ? "Places" : "Events") +
+                         " BEGIN SELECT RAISE(ABORT, 'no'); END");
+  choose(batch, GetParam().dropDown, first());
+  expectDeletionAskedOfList(MsgAnswer::Ok);
+  boxes_.expectFailure(toQString("no"));
+  press(batch, GetParam().remove);
+  EXPECT_EQ(stored("HD00001", GetParam().field), Value(1));
+  EXPECT_EQ(photos().Collect(GetParam().field), Value(1));
+}
+
 TEST_P(BatchLists, WithoutAChoiceDeleteEndsWithoutAWord) {
   press(openBatch(searchedFor(0)), GetParam().remove);
   EXPECT_EQ(rows().RecordCount(), 2);
