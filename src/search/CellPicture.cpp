@@ -59,6 +59,7 @@ void CellPicture::arrived(const FittedPictures::Loaded& loaded) {
   if (!loaded.picture.isNull()) {
     stage_.setRect(&image_, fittedInto(box_, loaded.fullSize));
     image_.setPicture(loaded.picture);
+    stage_.update(); // it paints what is around the picture
   } else if (file_ != notFound_) {
     file_ = notFound_;
     request();

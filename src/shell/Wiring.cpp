@@ -43,7 +43,7 @@ PictureLoader::Deliver deliverHere() {
 
 /// Two pages of thumbnails at the size of a large screen: enough for the next one to be ready,
 /// little enough for a hundred thousand to go by.
-constexpr std::size_t thumbnailBytes = 16u << 20;
+constexpr std::size_t thumbnailBytes = 12u << 20;
 
 } // namespace
 

@@ -3,7 +3,9 @@
 #include "ProgressNote.h"
 #include "TestPictures.h"
 
-#include <QElapsedTimer>
+#include <QPaintEvent>
+
+#include <utility>
 
 namespace hearthbook::test {
 
@@ -35,6 +37,21 @@ protected:
 };
 
 constexpr TwipsRect firstCell{240, 120, 1095, 1095};
+
+/// What of a widget has been painted since it was last asked.
+class PaintedRegion : public QObject {
+public:
+  explicit PaintedRegion(QObject* watched) { watched->installEventFilter(this); }
+  bool eventFilter(QObject* /*watched*/, QEvent* event) override {
+    if (event->type() == QEvent::Paint)
+      region_ += static_cast<QPaintEvent*>(event)->region();
+    return false;
+  }
+  QRegion take() { return std::exchange(region_, {}); }
+
+private:
+  QRegion region_;
+};
 
 } // namespace
 
@@ -161,6 +178,18 @@ TEST_F(ResultPages, EachPictureIsFittedIntoItsCellByItsOwnOrientation) {
   EXPECT_DOUBLE_EQ(high.height, 1090);
   EXPECT_NEAR(high.width, 1090 * 36 / 73.0, 1e-6);
   EXPECT_EQ(rectOf(search, 2), (TwipsRect{240 + 2 * 1320 + 2.5, 122.5, 1090, 1090}));
+}
+
+TEST_F(ResultPages, WhatIsAroundAPictureIsPaintedAgainWhenItComes) {
+  writeJpeg(at("Thumbnails/00001.jpg"), 73, 36);
+  const auto& search = openSearch();
+  auto* grid = search.findChild<ResultGrid*>();
+  PaintedRegion painted(grid);
+  EditorFixture::press(search, "Command1");
+  grid->repaint();
+  painted.take();
+  settleSearch();
+  EXPECT_TRUE(painted.take().contains(grid->toPixels(firstCell).topLeft() - QPoint(2, 2)));
 }
 
 TEST_F(ResultPages, AMissingThumbnailFallsBackToThePhotoAndThatToTheNotFoundPicture) {
