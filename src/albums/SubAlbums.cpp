@@ -1,7 +1,7 @@
 #include "SubAlbums.h"
 
+#include "AudioFiles.h"
 #include "Connection.h"
-#include "Trash.h"
 #include "Words.h"
 
 #include <set>
@@ -47,6 +47,8 @@ std::set<std::string> memberKeys(Recordset& members) {
   return keys;
 }
 
+std::string audioName(const std::string& albumId) { return albumAudioName(std::stoll(albumId)); }
+
 void standOnFirst(Recordset& rows) {
   if (rows.RecordCount() > 0)
     rows.MoveFirst();
@@ -87,10 +89,9 @@ std::int64_t createSubAlbum(Recordset& rsSubAlbums, const std::string& name) {
   return albumId;
 }
 
-void deleteSubAlbum(Album& album, std::string_view albumId) {
+void deleteSubAlbum(Album& album, const std::string& albumId) {
   AlbumData& data = album.data;
-  for (const auto& sound : soundsOf(album.folder, albumId))
-    moveToTrash(sound, album.folder.path("\\Backup"));
+  removeAudio(album, audioName(albumId));
   try {
     data.AlbumDB.transaction([&] {
       if (findSubAlbum(data.rsSubAlbums, albumId)) {
@@ -98,7 +99,7 @@ void deleteSubAlbum(Album& album, std::string_view albumId) {
         data.rsSubAlbums.UpdateBatch();
       }
       AlbumData::execute(data.rsSubAlbumPhotos,
-                         "DELETE FROM SubAlbumPhotos WHERE AlbumID = " + std::string(albumId));
+                         "DELETE FROM SubAlbumPhotos WHERE AlbumID = " + albumId);
     });
   } catch (...) {
     data.rsSubAlbums.Requery(); // it may have let go of a row that is still there
@@ -107,9 +108,8 @@ void deleteSubAlbum(Album& album, std::string_view albumId) {
   standOnFirst(data.rsSubAlbums);
 }
 
-std::vector<std::filesystem::path> soundsOf(const ApplicationFolder& folder,
-                                            std::string_view albumId) {
-  return folder.filesWithStem("\\Audio\\", "A" + std::string(albumId));
+bool hasAlbumSound(const Album& album, const std::string& albumId) {
+  return attachedAudio(album, audioName(albumId)).has_value();
 }
 
 bool addMember(Recordset& members, std::string_view albumId, const std::string& photoId) {

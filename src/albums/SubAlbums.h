@@ -3,7 +3,6 @@
 #include "Album.h"
 
 #include <cstdint>
-#include <filesystem>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -36,11 +35,10 @@ bool findSubAlbum(Recordset& rsSubAlbums, std::string_view albumId);
 std::int64_t createSubAlbum(Recordset& rsSubAlbums, const std::string& name);
 
 /// Its rows and those of its members as one transaction, its sound into the trash. The photos stay.
-void deleteSubAlbum(Album& album, std::string_view albumId);
+void deleteSubAlbum(Album& album, const std::string& albumId);
 
-/// The files that are the background sound of a sub-album.
-std::vector<std::filesystem::path> soundsOf(const ApplicationFolder& folder,
-                                            std::string_view albumId);
+/// True if the sub-album has a background sound.
+bool hasAlbumSound(const Album& album, const std::string& albumId);
 
 /// Puts a photo behind the others; false where it is in the sub-album already.
 bool addMember(Recordset& members, std::string_view albumId, const std::string& photoId);

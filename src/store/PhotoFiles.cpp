@@ -68,8 +68,12 @@ std::optional<fs::path> imagePath(const Album& album, std::string_view pictureId
   return fileIn("Photos", album, pictureId);
 }
 
+std::optional<fs::path> ownThumbnailPath(const Album& album, std::string_view pictureId) {
+  return fileIn("Thumbnails", album, pictureId);
+}
+
 std::optional<fs::path> thumbnailPath(const Album& album, std::string_view pictureId) {
-  const auto thumbnail = fileIn("Thumbnails", album, pictureId);
+  const auto thumbnail = ownThumbnailPath(album, pictureId);
   return thumbnail && fileExists(*thumbnail) ? thumbnail : imagePath(album, pictureId);
 }
 

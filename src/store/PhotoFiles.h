@@ -14,6 +14,9 @@ std::string findPhotoDrive(const std::vector<Drive>& drives);
 
 /// The photo's full image, whether it is there or not; nothing for an unknown prefix.
 std::optional<std::filesystem::path> imagePath(const Album& album, std::string_view pictureId);
+/// The photo's thumbnail, whether it is there or not; nothing for an unknown prefix.
+std::optional<std::filesystem::path> ownThumbnailPath(const Album& album,
+                                                      std::string_view pictureId);
 /// Its thumbnail where that exists, else its full image.
 std::optional<std::filesystem::path> thumbnailPath(const Album& album, std::string_view pictureId);
 

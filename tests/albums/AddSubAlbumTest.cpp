@@ -1,0 +1,476 @@
+#include "SubAlbumFixture.h"
+
+#include <filesystem>
+#include <fstream>
+
+namespace hearthbook::test {
+
+namespace {
+
+class AddSubAlbumForm : public SubAlbumFixture {
+protected:
+  void expectName(const char* answer) {
+    boxes_.expectInput(toQString("Please Enter Sub-Album Name (up to 20 characters):"),
+                       toQString("Add New Sub-Album"), QString::fromUtf8(answer));
+  }
+  void expectTooLong() {
+    boxes_.expectMessage(toQString("Please Enter No More Then 20 Character"),
+                         toQString("Add Sub-Album"));
+  }
+  void expectDeletion(const char* name, MsgAnswer answer) {
+    boxes_.expectQuestion(
+        toQString("Are you sure you want to delete \"") + toQString(name) + toQString("\"?"),
+        toQString("Delete Selected Sub-Album"), MsgIcon::None, MsgButtons::OkCancel, answer);
+  }
+  void expectDeleted() {
+    boxes_.expectMessage(toQString("Sub-Album Was Successfully Deleted"),
+                         toQString("Delete Selected Sub-Album"));
+  }
+  void create(const AddSubAlbum& form, const char* name) {
+    expectName(name);
+    press(form, "Command1");
+  }
+  static QStringList listed(const AddSubAlbum& form) {
+    return textsOf(*control<DataList>(form, "SubAlbumList"));
+  }
+  static std::string chosen(const AddSubAlbum& form) {
+    return toUtf8(control<DataList>(form, "SubAlbumList")->Text());
+  }
+  Value stored(std::int64_t id, const char* field) {
+    Recordset rows(data().AlbumDB);
+    rows.Open("SELECT * FROM SubAlbums WHERE AlbumID = " + std::to_string(id));
+    return rows.atEOF() ? Value("none") : rows.Collect(field);
+  }
+};
+
+} // namespace
+
+TEST_F(AddSubAlbumForm, SaysHowManyPhotosASearchFound) {
+  addPhotoRows(folder_, 5);
+  auto& form = openForResult();
+  EXPECT_EQ(text(form, "lblWait"), "5 Photos are in search results.");
+  EXPECT_TRUE(isShown(form, "lblWait"));
+  EXPECT_EQ(text(form, "Label1"), "Select Sub-Album:");
+  EXPECT_FALSE(isShown(form, "frmProperties"));
+}
+
+TEST_F(AddSubAlbumForm, SaysHowManyPhotosAreSelected) {
+  addPhotoRows(folder_, 5);
+  for (const int position : {2, 4})
+    vars().selection.select(position);
+  EXPECT_EQ(text(openForResult(), "lblWait"), "2 Photos are selected from search results.");
+}
+
+TEST_F(AddSubAlbumForm, SaysThatThePhotoComesFromBuildAlbum) {
+  EXPECT_EQ(text(openForEditor(), "lblWait"), "Add photo from       Build Album");
+}
+
+TEST_F(AddSubAlbumForm, OverTheAlbumPagesItEditsTheirSubAlbumAndNoOther) {
+  addAlbumUpTo(4, "Home");
+  const auto lake = addSubAlbum(folder_, "Lake", {3, 2});
+  auto& form = openForViewer(lake);
+  EXPECT_EQ(text(form, "Label1"), "Editing Lake");
+  EXPECT_EQ(shown(form), (Numbers{3, 2}));
+  EXPECT_EQ(text(form, "lblCount"), "2 photos in sub-album");
+  EXPECT_TRUE(isShown(form, "frmProperties"));
+  EXPECT_EQ(text(form, "txtAlbumName"), "Lake");
+  for (const char* hidden : {"SubAlbumList", "Command1", "Command2", "OKButton", "lblWait"})
+    EXPECT_FALSE(isShown(form, hidden)) << hidden;
+}
+
+TEST_F(AddSubAlbumForm, ChoosingASubAlbumShowsItsPhotosAndItsProperties) {
+  const auto lake = addAlbumUpTo(4);
+  data().AlbumDB.execute("UPDATE SubAlbums SET Description = 'By boat'");
+  data().rsSubAlbums.Requery();
+  auto& form = openForEditor();
+  choose(form, lake);
+  EXPECT_EQ(shown(form), (Numbers{2, 3, 4}));
+  EXPECT_EQ(text(form, "txtAlbumName"), "Lake");
+  EXPECT_EQ(control<QPlainTextEdit>(form, "txtDescription")->toPlainText(), toQString("By boat"));
+  EXPECT_TRUE(isShown(form, "frmProperties"));
+  EXPECT_EQ(text(form, "lblCount"), "3 photos in sub-album");
+  EXPECT_EQ(text(form, "Combo1"), "Select Auto Arrange:");
+  EXPECT_EQ(text(form, "lblWait"), "Add photo from       Build Album");
+}
+
+TEST_F(AddSubAlbumForm, AClickOfTheMouseChooses) {
+  addAlbumUpTo(3);
+  auto& form = openForEditor();
+  auto* list = control<DataList>(form, "SubAlbumList");
+  QTest::mouseClick(list->viewport(), Qt::LeftButton, {},
+                    list->visualRect(list->model()->index(0, 0)).center());
+  settle();
+  EXPECT_EQ(shown(form), (Numbers{2, 3}));
+}
+
+TEST_F(AddSubAlbumForm, GoingOnWithoutAChangeWritesNothing) {
+  const auto lake = addAlbumUpTo(4);
+  const auto home = addSubAlbum(folder_, "Home", {4, 3});
+  auto& form = openForEditor();
+  choose(form, home);
+  data().AlbumDB.execute("UPDATE SubAlbumPhotos SET [Index] = 5 WHERE AlbumID = " +
+                         std::to_string(home));
+  choose(form, lake);
+  leave();
+  EXPECT_EQ(storedOrder(folder_, home), (Stored{{photoId(4), 5}, {photoId(3), 5}}));
+}
+
+TEST_F(AddSubAlbumForm, ANewSubAlbumIsEmptyChosenAndInTheMenu) {
+  const auto lake = addAlbumUpTo(4);
+  auto& form = openForEditor();
+  choose(form, lake);
+  create(form, "  Summer 1987 ");
+  EXPECT_EQ(listed(form), (QStringList{toQString("Lake"), toQString("Summer 1987")}));
+  EXPECT_EQ(chosen(form), "Summer 1987");
+  EXPECT_EQ(text(form, "txtAlbumName"), "Summer 1987");
+  EXPECT_TRUE(cells(form).empty());
+  EXPECT_EQ(text(form, "lblCount"), "0 photos in sub-album");
+  EXPECT_TRUE(isShown(form, "frmProperties"));
+  EXPECT_EQ(menu_.told, QStringList{toQString("add 2 Summer 1987")});
+  EXPECT_TRUE(stored(2, "Description").isNull());
+}
+
+TEST_F(AddSubAlbumForm, ANameOfTwentyOneCharactersIsRefusedAndAskedForAgain) {
+  auto& form = openForEditor();
+  expectName("Twentyone characters!");
+  expectTooLong();
+  expectName("Twenty characters ok");
+  press(form, "Command1");
+  EXPECT_EQ(chosen(form), "Twenty characters ok");
+}
+
+TEST_F(AddSubAlbumForm, CharactersAreCountedNotBytes) {
+  create(openForEditor(), "Öööööööööööööööööööö");
+  EXPECT_EQ(data().rsSubAlbums.RecordCount(), 1);
+}
+
+TEST_F(AddSubAlbumForm, NoNameEndsTheCommandAtAnyTurn) {
+  auto& form = openForEditor();
+  expectName("   ");
+  press(form, "Command1");
+  expectName("Much too long a name it is");
+  expectTooLong();
+  expectName("");
+  press(form, "Command1");
+  EXPECT_EQ(data().rsSubAlbums.RecordCount(), 0);
+  EXPECT_TRUE(menu_.told.isEmpty());
+}
+
+TEST_F(AddSubAlbumForm, ANameWithAnApostropheIsStoredAsTyped) {
+  auto& form = openForEditor();
+  create(form, "Grandma's \"Lake\"");
+  EXPECT_EQ(chosen(form), "Grandma's \"Lake\"");
+  EXPECT_EQ(stored(1, "AlbumName"), Value("Grandma's \"Lake\""));
+}
+
+TEST_F(AddSubAlbumForm, OfTwoOfOneNameBothAreInTheListAndInTheMenu) {
+  auto& form = openForEditor();
+  create(form, "Lake");
+  create(form, "Lake");
+  EXPECT_EQ(listed(form).size(), 2);
+  EXPECT_EQ(menu_.told, (QStringList{toQString("add 1 Lake"), toQString("add 2 Lake")}));
+  EXPECT_EQ(control<DataList>(form, "SubAlbumList")->BoundText(), Value(1)); // the first is found
+}
+
+TEST_F(AddSubAlbumForm, ANewSubAlbumThatCannotBeStoredIsReportedAndTheFormStaysUsable) {
+  data().AlbumDB.execute("INSERT INTO SubAlbums (AlbumID, albumName) VALUES (32767, 'Last')");
+  data().rsSubAlbums.Requery();
+  auto& form = openForEditor();
+  expectName("Lake");
+  boxes_.expectFailure({});
+  press(form, "Command1");
+  choose(form, 32767);
+  EXPECT_EQ(text(form, "txtAlbumName"), "Last");
+  EXPECT_TRUE(menu_.told.isEmpty());
+}
+
+TEST_F(AddSubAlbumForm, AMovedPhotoIsStoredBeforeAnotherSubAlbumIsMade) {
+  const auto lake = addAlbumUpTo(4);
+  auto& form = openForEditor();
+  choose(form, lake);
+  Q_EMIT strip(form).moveAsked(2, 0);
+  create(form, "Home");
+  EXPECT_EQ(storedNumbers(folder_, lake), (Numbers{4, 2, 3}));
+}
+
+TEST_F(AddSubAlbumForm, ADeletedSubAlbumIsGoneFromTheListAndTheMenu) {
+  const auto lake = addAlbumUpTo(25);
+  addSubAlbum(folder_, "Home", {2});
+  auto& form = openForEditor();
+  choose(form, lake);
+  expectDeletion("Lake", MsgAnswer::Ok);
+  expectDeleted();
+  press(form, "Command2");
+  EXPECT_EQ(listed(form), QStringList{toQString("Home")});
+  EXPECT_EQ(chosen(form), "");
+  EXPECT_EQ(menu_.told, QStringList{toQString("remove 1")});
+  EXPECT_TRUE(storedNumbers(folder_, lake).empty());
+  EXPECT_TRUE(cells(form).empty());
+  EXPECT_FALSE(isShown(form, "frmProperties"));
+  EXPECT_FALSE(scroll(form).isEnabled());
+  EXPECT_EQ(data().rsPhotoAlbum.RecordCount(), 25);
+}
+
+TEST_F(AddSubAlbumForm, TheLastSubAlbumCanBeDeletedAndAnotherMade) {
+  auto& form = openForEditor();
+  create(form, "Lake");
+  expectDeletion("Lake", MsgAnswer::Ok);
+  expectDeleted();
+  press(form, "Command2");
+  EXPECT_TRUE(listed(form).isEmpty());
+  create(form, "Home");
+  EXPECT_EQ(chosen(form), "Home");
+}
+
+TEST_F(AddSubAlbumForm, DeletingNothingAsksAllTheSame) {
+  addAlbumUpTo(3);
+  auto& form = openForEditor();
+  expectDeletion("", MsgAnswer::Ok);
+  press(form, "Command2");
+  EXPECT_EQ(listed(form).size(), 1);
+}
+
+TEST_F(AddSubAlbumForm, ADeletionThatIsNotConfirmedLeavesEverything) {
+  const auto lake = addAlbumUpTo(3);
+  auto& form = openForEditor();
+  choose(form, lake);
+  expectDeletion("Lake", MsgAnswer::Cancel);
+  press(form, "Command2");
+  EXPECT_EQ(chosen(form), "Lake");
+  EXPECT_EQ(shown(form), (Numbers{2, 3}));
+}
+
+TEST_F(AddSubAlbumForm, ANewNameIsInTheListAndTheMenuWhenTheFieldIsLeft) {
+  const auto lake = addAlbumUpTo(3);
+  auto& form = openForEditor();
+  choose(form, lake);
+  enter(form, "txtAlbumName", "A name of more than twenty characters");
+  EXPECT_EQ(chosen(form), "A name of more than twenty characters");
+  EXPECT_EQ(stored(lake, "AlbumName"), Value("A name of more than twenty characters"));
+  EXPECT_EQ(menu_.told, QStringList{toQString("rename 1 A name of more than twenty characters")});
+}
+
+TEST_F(AddSubAlbumForm, AnEmptiedNameIsNoEditAndNothingIsAddedUntilOneIsGiven) {
+  const auto lake = addAlbumUpTo(3);
+  auto& form = openForEditor();
+  choose(form, lake);
+  enter(form, "txtAlbumName", "");
+  EXPECT_EQ(stored(lake, "AlbumName"), Value("Lake"));
+  EXPECT_EQ(chosen(form), "Lake");
+  EXPECT_EQ(text(form, "txtAlbumName"), "Lake");
+  EXPECT_FALSE(isEnabled(form, "OKButton"));
+  enter(form, "txtAlbumName", "Sea");
+  EXPECT_TRUE(isEnabled(form, "OKButton"));
+  EXPECT_EQ(stored(lake, "AlbumName"), Value("Sea"));
+}
+
+TEST_F(AddSubAlbumForm, ADescriptionIsStoredWithTheForm) {
+  const auto lake = addAlbumUpTo(3);
+  auto& form = openForEditor();
+  choose(form, lake);
+  auto* description = control<QPlainTextEdit>(form, "txtDescription");
+  description->setFocus();
+  description->insertPlainText(toQString("Two weeks of rain."));
+  leave();
+  EXPECT_EQ(stored(lake, "Description"), Value("Two weeks of rain."));
+}
+
+TEST_F(AddSubAlbumForm, TheAudioCommandSaysWhetherThereIsASound) {
+  const auto lake = addAlbumUpTo(3);
+  const auto home = addSubAlbum(folder_, "Home", {2});
+  std::ofstream(at("Audio") / "A1.mid") << "la";
+  auto& form = openForEditor();
+  choose(form, lake);
+  EXPECT_EQ(text(form, "Command3"), "Update Background Audio");
+  choose(form, home);
+  EXPECT_EQ(text(form, "Command3"), "Add Background Audio");
+}
+
+TEST_F(AddSubAlbumForm, ThePhotoOfBuildAlbumGoesBehindTheOthersIntoView) {
+  const auto lake = addAlbumUpTo(20);
+  data().rsPhotoAlbum.MoveFirst();
+  auto& form = openForEditor();
+  choose(form, lake);
+  expectAdded("Photo Was Successfully Added to Lake Sub-Album");
+  press(form, "OKButton");
+  EXPECT_EQ(storedOrder(folder_, lake).back(), std::pair(photoId(1), std::int64_t{19}));
+  EXPECT_EQ(text(form, "lblCount"), "20 photos in sub-album");
+  EXPECT_EQ(scroll(form).value(), 1);
+}
+
+TEST_F(AddSubAlbumForm, APhotoThatIsThereAlreadyIsNotAddedAgain) {
+  const auto lake = addAlbumUpTo(3);
+  data().rsPhotoAlbum.MoveLast();
+  auto& form = openForEditor();
+  choose(form, lake);
+  expectAdded("This Photo Is Already In This Sub-Album.");
+  press(form, "OKButton");
+  EXPECT_EQ(storedNumbers(folder_, lake), (Numbers{2, 3}));
+  EXPECT_EQ(data().rsSubAlbumPhotos.Filter(), "");
+  EXPECT_EQ(shown(form), (Numbers{2, 3}));
+}
+
+TEST_F(AddSubAlbumForm, AddingWantsASubAlbum) {
+  addAlbumUpTo(3);
+  auto& form = openForEditor();
+  expectAdded("Please Select A Sub-Album From The List.");
+  press(form, "OKButton");
+  leave();
+  auto& search = openForResult();
+  expectAdded("Please Select A Sub-Album From The List.");
+  press(search, "OKButton");
+}
+
+TEST_F(AddSubAlbumForm, OfAWholeResultOnlyWhatIsNewIsAdded) {
+  addPhotoRows(folder_, 30);
+  const auto lake = addSubAlbum(folder_, "Lake", {5, 3});
+  auto& form = openForResult();
+  choose(form, lake);
+  for (int twice = 0; twice < 2; ++twice) {
+    expectAdded("Selected Photos Were Successfully Added to Lake Sub-Album");
+    press(form, "OKButton");
+    EXPECT_EQ(text(form, "lblCount"), "30 photos in sub-album");
+  }
+  const auto numbers = storedNumbers(folder_, lake);
+  EXPECT_EQ(numbers.size(), 30u);
+  EXPECT_EQ(Numbers(numbers.begin(), numbers.begin() + 5), (Numbers{5, 3, 1, 2, 4}));
+  EXPECT_EQ(scroll(form).value(), 2);
+  EXPECT_EQ(text(form, "lblWait"), "30 Photos are in search results.");
+}
+
+TEST_F(AddSubAlbumForm, TheSelectedPhotosAreAddedInTheOrderOfTheResult) {
+  addPhotoRows(folder_, 9);
+  const auto lake = addSubAlbum(folder_, "Lake", {});
+  for (const int position : {7, 2, 5})
+    vars().selection.select(position);
+  auto& form = openForResult();
+  choose(form, lake);
+  expectAdded("Selected Photos Were Successfully Added to Lake Sub-Album");
+  press(form, "OKButton");
+  EXPECT_EQ(storedNumbers(folder_, lake), (Numbers{2, 5, 7}));
+  EXPECT_EQ(shown(form), (Numbers{2, 5, 7}));
+}
+
+TEST_F(AddSubAlbumForm, AMovedPhotoKeepsItsPlaceWhenOthersAreAdded) {
+  const auto lake = addAlbumUpTo(4);
+  data().rsPhotoAlbum.MoveFirst();
+  auto& form = openForEditor();
+  choose(form, lake);
+  Q_EMIT strip(form).moveAsked(2, 0);
+  expectAdded("Photo Was Successfully Added to Lake Sub-Album");
+  press(form, "OKButton");
+  EXPECT_EQ(storedNumbers(folder_, lake), (Numbers{4, 2, 3, 1}));
+}
+
+TEST_F(AddSubAlbumForm, ARemovedPhotoLeavesTheSubAlbumAlone) {
+  const auto lake = addAlbumUpTo(5);
+  auto& form = openForEditor();
+  choose(form, lake);
+  Q_EMIT strip(form).menuAsked(1, {});
+  EXPECT_EQ(vars().ContextPhotoID, photoId(3));
+  EXPECT_EQ(menu_.popUps, 1);
+  form.removePhoto();
+  settle();
+  EXPECT_EQ(storedNumbers(folder_, lake), (Numbers{2, 4, 5}));
+  EXPECT_EQ(shown(form), (Numbers{2, 4, 5}));
+  EXPECT_EQ(text(form, "lblCount"), "3 photos in sub-album");
+  EXPECT_EQ(data().rsPhotoAlbum.RecordCount(), 5);
+  leave();
+  EXPECT_EQ(storedOrder(folder_, lake),
+            (Stored{{photoId(2), 0}, {photoId(4), 1}, {photoId(5), 2}}));
+}
+
+TEST_F(AddSubAlbumForm, TheLastPhotoCanBeRemoved) {
+  const auto lake = addSubAlbum(folder_, "Lake", {1});
+  auto& form = openForEditor();
+  choose(form, lake);
+  Q_EMIT strip(form).removeAsked(0);
+  settle();
+  EXPECT_TRUE(cells(form).empty());
+  EXPECT_EQ(text(form, "lblCount"), "0 photos in sub-album");
+}
+
+TEST_F(AddSubAlbumForm, LeavingItStoresTheOrderAndTheAlbumPagesAreTold) {
+  const auto lake = addAlbumUpTo(4);
+  auto& note = Forms::get<ChangesNote>();
+  auto& form = openForViewer(lake);
+  Q_EMIT strip(form).moveAsked(2, 0);
+  press(form, "CancelButton");
+  EXPECT_EQ(Forms::loaded<AddSubAlbum>(), nullptr);
+  EXPECT_EQ(storedNumbers(folder_, lake), (Numbers{4, 2, 3}));
+  EXPECT_EQ(note.told, std::vector{RowsChanged::By::OrderWritten});
+}
+
+TEST_F(AddSubAlbumForm, TheAlbumPagesAreNotToldWhereNothingChangedOrSomebodyElseOpenedIt) {
+  const auto lake = addAlbumUpTo(4);
+  auto& note = Forms::get<ChangesNote>();
+  openForViewer(lake);
+  leave();
+  auto& form = openForEditor();
+  choose(form, lake);
+  Q_EMIT strip(form).moveAsked(2, 0);
+  leave();
+  EXPECT_EQ(storedNumbers(folder_, lake), (Numbers{4, 2, 3}));
+  EXPECT_TRUE(note.told.empty());
+}
+
+TEST_F(AddSubAlbumForm, AnArrangementWantsASubAlbum) {
+  addAlbumUpTo(3);
+  auto& form = openForEditor();
+  boxes_.expectMessage(toQString("Please select sub-album first"), toQString("Arrange Sub-Album"),
+                       MsgIcon::Exclamation);
+  arrange(form, "By Year");
+  EXPECT_EQ(text(form, "Combo1"), "Select Auto Arrange:");
+  arrange(form, "Select Auto Arrange:"); // says nothing
+}
+
+TEST_F(AddSubAlbumForm, AnArrangementSortsAndIsStoredAtTheEnd) {
+  const auto lake = addAlbumUpTo(6);
+  auto& form = openForEditor();
+  choose(form, lake);
+  expectArrangeQuestion(MsgAnswer::Ok);
+  arrange(form, "By Year");
+  EXPECT_EQ(shown(form), (Numbers{6, 5, 4, 3, 2}));
+  EXPECT_EQ(text(form, "Combo1"), "By Year");
+  EXPECT_EQ(storedNumbers(folder_, lake), (Numbers{2, 3, 4, 5, 6}));
+  leave();
+  EXPECT_EQ(storedNumbers(folder_, lake), (Numbers{6, 5, 4, 3, 2}));
+}
+
+TEST_F(AddSubAlbumForm, AnArrangementThatIsRefusedLeavesTheStrip) {
+  const auto lake = addAlbumUpTo(6);
+  auto& form = openForEditor();
+  choose(form, lake);
+  expectArrangeQuestion(MsgAnswer::Cancel);
+  arrange(form, "By Year");
+  EXPECT_EQ(shown(form), (Numbers{2, 3, 4, 5, 6}));
+  EXPECT_EQ(text(form, "Combo1"), "By Year");
+  leave();
+  EXPECT_EQ(storedNumbers(folder_, lake), (Numbers{2, 3, 4, 5, 6}));
+}
+
+TEST_F(AddSubAlbumForm, ManuallyDoesNothing) {
+  const auto lake = addAlbumUpTo(4);
+  auto& form = openForEditor();
+  choose(form, lake);
+  arrange(form, "Manually");
+  EXPECT_EQ(shown(form), (Numbers{2, 3, 4}));
+}
+
+TEST_F(AddSubAlbumForm, AnOrderThatCannotBeStoredKeepsTheFormOpen) {
+  const auto lake = addAlbumUpTo(4);
+  auto& form = openForEditor();
+  choose(form, lake);
+  Q_EMIT strip(form).moveAsked(2, 0);
+  data().AlbumDB.execute("CREATE TEMP TRIGGER Full BEFORE UPDATE ON SubAlbumPhotos BEGIN SELECT "
+                         "RAISE(ABORT, 'full'); END");
+  boxes_.expectFailure({});
+  press(form, "CancelButton");
+  EXPECT_NE(Forms::loaded<AddSubAlbum>(), nullptr);
+  EXPECT_EQ(shown(form), (Numbers{4, 2, 3}));
+  data().AlbumDB.execute("DROP TRIGGER Full");
+  press(form, "CancelButton");
+  EXPECT_EQ(storedNumbers(folder_, lake), (Numbers{4, 2, 3}));
+}
+
+} // namespace hearthbook::test
