@@ -1,6 +1,7 @@
 #include "DBeditor.h"
 
 #include "AddAudio.h"
+#include "AddSubAlbum.h"
 #include "Beside.h"
 #include "ButtonFace.h"
 #include "Command.h"
@@ -94,11 +95,12 @@ void DBeditor::wireControls() {
   onCommand(ui->FindPhoto, this, &DBeditor::findPhoto);      // "Find Photo"
   onCommand(ui->Command18, this, &DBeditor::findNextEmpty);  // "Find Next Empty"
   // Photos and the form
-  onCommand(ui->Command1, this, &DBeditor::addFromFile);  // "Add From File"
-  onCommand(ui->Image2, this, &DBeditor::addAudio);       // "Add Audio", "Update Audio"
-  ui->Label5->installEventFilter(this);                   // the same
-  onCommand(ui->Command5, this, &DBeditor::deleteRecord); // "Delete"
-  onCommand(ui->Command4, this, &DBeditor::done);         // "Done"
+  onCommand(ui->Command1, this, &DBeditor::addFromFile);    // "Add From File"
+  onCommand(ui->Image2, this, &DBeditor::addAudio);         // "Add Audio", "Update Audio"
+  ui->Label5->installEventFilter(this);                     // the same
+  onCommand(ui->Command15, this, addEditedPhotoToSubAlbum); // "Add To Sub-Album"
+  onCommand(ui->Command5, this, &DBeditor::deleteRecord);   // "Delete"
+  onCommand(ui->Command4, this, &DBeditor::done);           // "Done"
   // Places and events
   AlbumData& data = album_.data;
   onCommand(ui->Command9, this,
@@ -204,6 +206,7 @@ void DBeditor::updateEnabled() {
   ui->FindPhoto->setEnabled(hasRecords && navigator_.canFindPhoto());
 
   ui->Command5->setEnabled(standsOnRow(photos_));
+  ui->Command15->setEnabled(standsOnRow(photos_));
   ui->Image2->setEnabled(standsOnRow(photos_));
   ui->Label5->setEnabled(standsOnRow(photos_));
   ui->Command18->setEnabled(standsOnRow(photos_));

@@ -1,5 +1,6 @@
 #include "FrameCommands.h"
 
+#include "AddSubAlbum.h"
 #include "BuildAlbum.h"
 #include "DBeditor.h"
 #include "Forms.h"
@@ -130,6 +131,11 @@ void FrameCommands::gettingStarted() {
 void FrameCommands::switchHelp() { Q_EMIT helpSwitched(); }
 
 void FrameCommands::about() { Forms::get<frmAbout>().ShowModal(); }
+
+void FrameCommands::removeFromSubAlbum() {
+  if (auto* editor = Forms::loaded<AddSubAlbum>())
+    editor->removePhoto();
+}
 
 std::filesystem::path guideFile(const ApplicationFolder& folder) {
   return folder.path("\\help\\help.hlp").replace_filename("index.html");

@@ -50,6 +50,7 @@ public:
   void gettingStarted();
   void switchHelp(); ///< the check mark of "Show Help" has changed
   void about();
+  void removeFromSubAlbum(); ///< from the pop-up of a photo in the sub-album editor
 
 Q_SIGNALS:
   void helpSwitched();

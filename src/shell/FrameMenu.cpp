@@ -33,7 +33,8 @@ constexpr MenuRow rows[] = {
     {Kind::Line, "mnuMainHelp", "mnuLine4", "", "", nullptr},
     {Kind::Item, "mnuMainHelp", "mnuAbout", "&About Hearthbook", "", &FrameCommands::about},
     {Kind::Menu, "", "mnuEdit", "&Edit", "", nullptr},
-    {Kind::Item, "mnuEdit", "mnuRemove", "&Remove From Sub-Album", "", nullptr},
+    {Kind::Item, "mnuEdit", "mnuRemove", "&Remove From Sub-Album", "",
+     &FrameCommands::removeFromSubAlbum},
 };
 
 // An album's name is shown as it stands, its "&" too.

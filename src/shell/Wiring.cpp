@@ -1,6 +1,7 @@
 #include "Wiring.h"
 
 #include "AddAudio.h"
+#include "AddSubAlbum.h"
 #include "Album.h"
 #include "BatchEdit.h"
 #include "DBeditor.h"
@@ -34,6 +35,12 @@ StartupCommands startupCommands(FrameCommands& commands) {
   return start;
 }
 
+SearchWindows searchWindows() {
+  SearchWindows windows;
+  windows.addToSubAlbum = addResultToSubAlbum;
+  return windows;
+}
+
 /// Hands finished pictures over in the window's event loop.
 PictureLoader::Deliver deliverHere() {
   return [](std::function<void()> work) {
@@ -63,10 +70,12 @@ Wiring::Wiring(Album& album, MDIForm1& frame)
   Forms::provide<DBeditor>(
       [this, &album, &frame] { return new DBeditor(album, loader_, pool_, frame, help_); });
   Forms::provide<Search>(
-      [this, &album] { return new Search(album, thumbnails_, pool_, help_, {}); });
+      [this, &album] { return new Search(album, thumbnails_, pool_, help_, searchWindows()); });
   Forms::provide<BatchEdit>([&album] { return new BatchEdit(album); });
   Forms::provide<PickaPic>([this, &album] { return new PickaPic(album, pool_); });
   Forms::provide<AddAudio>([this, &album] { return new AddAudio(album, pool_); });
+  Forms::provide<AddSubAlbum>(
+      [this, &album, &frame] { return new AddSubAlbum(album, thumbnails_, pool_, frame); });
   Forms::provide<NamesManager>([&album] { return new NamesManager(album); });
   Forms::provide<YearWizard>([&album] { return new YearWizard(album); });
   Forms::provide<frmAbout>([] { return new frmAbout; });

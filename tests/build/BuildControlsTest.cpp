@@ -116,7 +116,7 @@ TEST_F(BuildControls, TheMouseOverAddFromFileExplainsEachControlInThePane) {
 
 TEST_F(BuildControls, CommandsWhoseWorkIsNotThereYetAreDisabled) {
   const auto& editor = openEditor();
-  for (const char* name : {"Command13", "Command14", "Command15"})
+  for (const char* name : {"Command13", "Command14"})
     EXPECT_FALSE(isEnabled(editor, name)) << name;
 }
 

@@ -1,0 +1,157 @@
+#include "AddSubAlbum.h"
+#include "AlbumStart.h"
+#include "BoxScript.h"
+#include "DBeditor.h"
+#include "Forms.h"
+#include "FrameMenu.h"
+#include "MDIForm1.h"
+#include "Search.h"
+#include "ShellFixture.h"
+#include "SubAlbumStrip.h"
+#include "Text.h"
+#include "Wiring.h"
+
+#include <gtest/gtest.h>
+
+#include <QAbstractButton>
+#include <QLabel>
+#include <QLineEdit>
+#include <QTest>
+#include <QTimer>
+
+namespace hearthbook {
+namespace {
+
+/// The frame as the program opens it, on five photos and the sub-album Lake of two of them.
+class SubAlbumCommandsTest : public test::ShellTest {
+protected:
+  SubAlbumCommandsTest() {
+    for (const char* id : {"HD00002", "HD00003", "HD00004", "HD00005"})
+      addPhoto(id, "1990");
+    addSubAlbum(7, "Lake", {"HD00004", "HD00002"});
+    EXPECT_EQ(startAlbum(album(), [] { return false; }), AlbumStart::Opened);
+    frame = std::make_unique<MDIForm1>(album(), ShellServices());
+    wiring = std::make_unique<Wiring>(album(), *frame);
+    frame->open();
+    EXPECT_TRUE(QTest::qWaitForWindowExposed(frame.get()));
+  }
+
+  static void press(const QWidget& form, const char* name) {
+    auto* button = form.findChild<QAbstractButton*>(QString::fromLatin1(name));
+    ASSERT_TRUE(button && button->isEnabled()) << name;
+    button->click();
+  }
+  static std::string labelOf(const QWidget& form, const char* name) {
+    return toUtf8(form.findChild<QLabel*>(toQString(name))->text());
+  }
+  static void choose(const AddSubAlbum& editor, int albumId) {
+    auto* list = editor.findChild<DataList*>(QStringLiteral("SubAlbumList"));
+    list->setBoundText(albumId);
+    Q_EMIT list->chosen();
+  }
+  /// What the user does in the sub-album editor that is about to open.
+  template <class Act> static void inEditor(Act act) {
+    QTimer::singleShot(0, qApp, [act] {
+      auto* editor = Forms::loaded<AddSubAlbum>();
+      ASSERT_NE(editor, nullptr);
+      ASSERT_TRUE(QTest::qWaitForWindowActive(editor));
+      act(*editor);
+      if (Forms::loaded<AddSubAlbum>() == editor)
+        editor->Unload();
+    });
+  }
+  [[nodiscard]] std::vector<std::string> members() {
+    Recordset rows(album().data.AlbumDB);
+    rows.Open("SELECT * FROM SubAlbumPhotos WHERE AlbumID = 7 ORDER BY SubAlbumPhotos.Index");
+    std::vector<std::string> ids;
+    for (; !rows.atEOF(); rows.MoveNext())
+      ids.push_back(rows.Collect("PhotoID").toText());
+    return ids;
+  }
+  [[nodiscard]] QStringList menuNames() const {
+    QStringList names;
+    for (const QAction* entry : frame->menu().menu("mnuView").actions())
+      names << entry->text();
+    return names;
+  }
+
+  std::unique_ptr<MDIForm1> frame;
+  std::unique_ptr<Wiring> wiring;
+  test::BoxScript boxes;
+};
+
+using Ids = std::vector<std::string>;
+
+TEST_F(SubAlbumCommandsTest, ThePhotoOfBuildAlbumGoesIntoASubAlbum) {
+  frame->menu().item("mnuBuildAlbum")->trigger();
+  album().data.rsPhotoAlbum.MoveLast();
+  bool wasOpen = false;
+  inEditor([&](const AddSubAlbum& editor) {
+    wasOpen = true;
+    EXPECT_EQ(labelOf(editor, "lblWait"), "Add photo from       Build Album");
+    choose(editor, 7);
+    boxes.expectMessage(toQString("Photo Was Successfully Added to Lake Sub-Album"),
+                        toQString("Add To Sub-Album"));
+    press(editor, "OKButton");
+  });
+  press(Forms::get<DBeditor>(), "Command15");
+  EXPECT_TRUE(wasOpen);
+  EXPECT_EQ(members(), (Ids{"HD00004", "HD00002", "HD00005"}));
+}
+
+TEST_F(SubAlbumCommandsTest, AResultGoesIntoASubAlbum) {
+  frame->menu().item("mnuSearch")->trigger();
+  auto& search = Forms::get<Search>();
+  search.findChild<QLineEdit*>(QStringLiteral("FromYear"))->setText(toQString("1900"));
+  press(search, "Command1");
+  inEditor([&](const AddSubAlbum& editor) {
+    EXPECT_EQ(labelOf(editor, "lblWait"), "4 Photos are in search results.");
+    choose(editor, 7);
+    boxes.expectMessage(toQString("Selected Photos Were Successfully Added to Lake Sub-Album"),
+                        toQString("Add To Sub-Album"));
+    press(editor, "OKButton");
+  });
+  press(search, "Command10");
+  EXPECT_EQ(members(), (Ids{"HD00004", "HD00002", "HD00003", "HD00005"}));
+}
+
+TEST_F(SubAlbumCommandsTest, TheMenuOfAPhotoRemovesIt) {
+  frame->menu().item("mnuBuildAlbum")->trigger();
+  inEditor([&](const AddSubAlbum& editor) {
+    choose(editor, 7);
+    Q_EMIT editor.findChild<SubAlbumStrip*>()->menuAsked(0, QPoint(50, 50));
+    auto& menu = frame->menu().menu("mnuEdit");
+    EXPECT_TRUE(menu.isVisible());
+    menu.close();
+    frame->menu().item("mnuRemove")->trigger();
+  });
+  press(Forms::get<DBeditor>(), "Command15");
+  EXPECT_EQ(members(), Ids{"HD00002"});
+}
+
+TEST_F(SubAlbumCommandsTest, RemovingWithoutTheEditorDoesNothing) {
+  frame->menu().item("mnuRemove")->trigger();
+  EXPECT_EQ(members().size(), 2u);
+}
+
+TEST_F(SubAlbumCommandsTest, ViewAlbumsFollowsWhatTheEditorDoes) {
+  frame->menu().item("mnuBuildAlbum")->trigger();
+  inEditor([&](const AddSubAlbum& editor) {
+    boxes.expectInput(toQString("Please Enter Sub-Album Name (up to 20 characters):"),
+                      toQString("Add New Sub-Album"), toQString("Beach & Sea"));
+    press(editor, "Command1");
+    EXPECT_EQ(menuNames(), (QStringList{toQString("Master Album"), toQString("Beach && Sea"),
+                                        toQString("Lake")}));
+    boxes.expectQuestion(toQString("Are you sure you want to delete \"Beach & Sea\"?"),
+                         toQString("Delete Selected Sub-Album"), MsgIcon::None,
+                         MsgButtons::OkCancel, MsgAnswer::Ok);
+    boxes.expectMessage(toQString("Sub-Album Was Successfully Deleted"),
+                        toQString("Delete Selected Sub-Album"));
+    press(editor, "Command2");
+  });
+  press(Forms::get<DBeditor>(), "Command15");
+  EXPECT_EQ(menuNames(), (QStringList{toQString("Master Album"), toQString("Lake")}));
+}
+
+} // namespace
+} // namespace hearthbook
