@@ -22,6 +22,8 @@ constexpr unsigned muLaw = 7;
 constexpr unsigned toldFurtherBehind = 0xFFFE;
 
 constexpr std::int64_t chunkHead = 8;
+/// A wrong size can lead into hours of silence, which reads like empty chunks, one every 8 bytes.
+constexpr int mostChunks = 1000;
 constexpr unsigned formatBytes = 16;
 constexpr unsigned longFormatBytes = 40;
 constexpr int mostChannels = 32;
@@ -131,7 +133,10 @@ WaveInfo readWaveInfo(std::istream& file) {
     throw RunTimeError("it is no wave");
   std::optional<SoundFormat> format;
   std::int64_t place = 12;
-  while (const auto chunk = chunkAt(file, place)) {
+  for (int walked = 0; walked < mostChunks; ++walked) {
+    const auto chunk = chunkAt(file, place);
+    if (!chunk)
+      break;
     if (chunk->name == "fmt ")
       format = formatOf(file, *chunk);
     if (chunk->name == "data" && format) {

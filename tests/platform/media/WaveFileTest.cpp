@@ -70,6 +70,16 @@ TEST(WaveFile, ChunksThatAreNotKnownAreSteppedOver) {
   EXPECT_EQ(info.length(), 200);
 }
 
+TEST(WaveFile, SilenceIntoWhichAWrongSizeLeadsIsNotWalkedThrough) {
+  const std::string wave = test::silentWave(test::highQuality, 100);
+  const auto withSilence = [&](int emptyChunks) {
+    const auto bytes = static_cast<std::size_t>(emptyChunks) * 8;
+    return wave.substr(0, 36) + std::string(bytes, '\0') + wave.substr(36);
+  };
+  EXPECT_EQ(refusal(withSilence(500)), "");
+  EXPECT_EQ(refusal(withSilence(5000)), "there is no sound in it");
+}
+
 TEST(WaveFile, OfAFileThatIsCutOffWhatIsThereCounts) {
   const std::string wave = test::silentWave(test::highQuality, 1000);
   EXPECT_EQ(infoOf(wave.substr(0, 44 + 44'100 + 3)).dataBytes, 44'100);
