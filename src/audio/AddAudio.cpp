@@ -123,7 +123,7 @@ void AddAudio::activated() {
   findAttached();
   showSubject();
   openAttached();
-  if (!attached_ || !sound_->isOpen())
+  if (!attached_)
     return;
   std::error_code unknown;
   const auto bytes = static_cast<std::int64_t>(std::filesystem::file_size(*attached_, unknown));

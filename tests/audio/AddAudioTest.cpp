@@ -82,13 +82,30 @@ TEST_F(AddAudioTest, ADamagedSoundIsToldOnTheFormAndCanBeRemoved) {
     auto& dialog = open();
     EXPECT_NE(textOf(dialog, "soundNote").find("00001.wav"), std::string::npos);
     EXPECT_TRUE(isVisible(dialog, "soundNote"));
-    EXPECT_TRUE(isChosen(dialog, "Option1"));
     EXPECT_EQ(textOf(dialog, "lblLength"), "0 Sec.");
     EXPECT_TRUE(isEnabled(dialog, "Command5"));
     dialog.Unload();
     ++shown;
   }
   EXPECT_EQ(shown, 4);
+}
+
+TEST_F(AddAudioTest, TheQualityOfADamagedSoundFollowsItsBytesAlone) {
+  for (const auto& [bytes, option] : {std::pair(0, "Option1"), std::pair(85, "Option1"),
+                                      std::pair(86, "Option2"), std::pair(5000, "Option2")}) {
+    attach("00001.wav", std::string(static_cast<std::size_t>(bytes), 'x'));
+    auto& dialog = open();
+    EXPECT_TRUE(isChosen(dialog, option)) << bytes;
+    EXPECT_EQ(textOf(dialog, "lblLength"), "0 Sec.");
+    EXPECT_EQ(textOf(dialog, "lblSize"), "0k");
+    dialog.Unload();
+  }
+}
+
+TEST_F(AddAudioTest, NamesThatLookLikeMarkedTextAreShownAsTheyAre) {
+  const auto& dialog = open();
+  for (const char* label : {"ownerName", "soundNote"})
+    EXPECT_EQ(control<QLabel>(dialog, label)->textFormat(), Qt::PlainText) << label;
 }
 
 TEST_F(AddAudioTest, ADamagedTuneIsToldOnTheForm) {
@@ -348,11 +365,24 @@ TEST_F(AddAudioTest, EscapeIsTheCommandToClose) {
 }
 
 TEST_F(AddAudioTest, UnloadingByOtherMeansIsSilentAndAsksNothing) {
+  const ScopedVariable drive("HEARTHBOOK_DISC", makeDisc(source_, {400}, 3).string());
   attach("00001.wav", silentWave(lowQuality, 60'000));
-  auto& dialog = open();
+  auto& dialog = openTab(Disc);
+  ASSERT_TRUE(waitFor([&] { return disc(dialog).isOpen(); }));
   transport(dialog, "play");
+  transport(dialog, "play", "MMControl2");
+  std::vector<Mode> modes;
+  std::vector<Mode> discModes;
+  const auto note = [](MMControl& control, std::vector<Mode>& into) {
+    QObject::connect(&control, &MMControl::modeChanged, &control,
+                     [&control, &into] { into.push_back(control.mode()); });
+  };
+  note(sound(dialog), modes);
+  note(disc(dialog), discModes);
   dialog.close();
   EXPECT_FALSE(isOpen());
+  EXPECT_EQ(modes, (std::vector{Mode::Stopped, Mode::NotOpen}));
+  EXPECT_EQ(discModes, (std::vector{Mode::Stopped, Mode::NotOpen}));
 }
 
 } // namespace hearthbook::test
