@@ -280,7 +280,12 @@ TEST_F(AddAudioRecording, WithoutASoundServiceTheFormTellsSo) {
 TEST_F(AddAudioRecording, UnloadingWhileItRecordsIsSilent) {
   auto& dialog = open();
   startRecording(dialog);
+  std::vector<Mode> modes;
+  MMControl& recorder = sound(dialog);
+  QObject::connect(&recorder, &MMControl::modeChanged, &recorder,
+                   [&] { modes.push_back(recorder.mode()); });
   dialog.Unload();
+  EXPECT_EQ(modes, (std::vector{Mode::Stopped, Mode::NotOpen}));
   EXPECT_TRUE(sounds().empty());
 }
 

@@ -56,6 +56,19 @@ std::string timeCode(int sectors) {
   return text.data();
 }
 
+const char* soxEncoding(SoundFormat::Sample sample) {
+  switch (sample) {
+  case SoundFormat::Sample::Float32:
+    return " -e floating-point";
+  case SoundFormat::Sample::ALaw:
+    return " -e a-law";
+  case SoundFormat::Sample::MuLaw:
+    return " -e mu-law";
+  default:
+    return "";
+  }
+}
+
 } // namespace
 
 std::string silentWave(const SoundFormat& format, std::int64_t milliseconds) {
@@ -70,8 +83,9 @@ void writeTone(const std::filesystem::path& file, int hertz, std::int64_t millis
                const SoundFormat& format) {
   const auto frames = milliseconds * format.rate / 1000;
   run("sox -r " + std::to_string(format.rate) + " -n -c " + std::to_string(format.channels) +
-      " -b " + std::to_string(8 * format.sampleBytes()) + " " + quoted(file) + " synth " +
-      std::to_string(frames) + "s sine " + std::to_string(hertz) + " vol 0.8");
+      " -b " + std::to_string(8 * format.sampleBytes()) + soxEncoding(format.sample) + " " +
+      quoted(file) + " synth " + std::to_string(frames) + "s sine " + std::to_string(hertz) +
+      " vol 0.8");
 }
 
 void writeSpeech(const std::filesystem::path& file, const std::string& words) {

@@ -59,8 +59,12 @@ TEST_F(MMControlSound, AWaveIsHeard) {
 TEST_F(MMControlSound, WavesOfEveryFormatAreHeard) {
   for (const auto& format :
        {test::lowQuality, test::highQuality, SoundFormat{SoundFormat::Sample::S24, 2, 48000},
-        SoundFormat{SoundFormat::Sample::S32, 1, 8000}}) {
+        SoundFormat{SoundFormat::Sample::S32, 1, 8000},
+        SoundFormat{SoundFormat::Sample::Float32, 2, 44100},
+        SoundFormat{SoundFormat::Sample::ALaw, 1, 22050},
+        SoundFormat{SoundFormat::Sample::MuLaw, 2, 16000}}) {
     const Music music(tone("a.wav", 600, 3000, format));
+    ASSERT_EQ(infoOf(at("a.wav")).format, format);
     record(test::highQuality, 600);
     saveAs("heard.wav");
     const test::Heard heard = test::listenTo(at("heard.wav"));
