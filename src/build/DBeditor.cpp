@@ -429,10 +429,13 @@ void DBeditor::rowsChanged(const RowsChanged& change) {
     ComposeRecord(); // its names may be old, and would be written back with the next one
 }
 
+/// Nobody is to be shut in where the album cannot be read any more.
 bool DBeditor::unloading() {
-  photos_.Filter("");
-  openEverybody(album_.data.rsAppearances);
-  Forms::tellRowsChanged({RowsChanged::By::EditorClosed});
+  guarded([this] {
+    photos_.Filter("");
+    openEverybody(album_.data.rsAppearances);
+    Forms::tellRowsChanged({RowsChanged::By::EditorClosed});
+  });
   return true;
 }
 

@@ -230,7 +230,7 @@ void BatchEdit::deleteUnderProgress(const std::vector<std::int64_t>& positions) 
 
 void BatchEdit::refresh(std::int16_t resultRow) {
   Recordset& photos = album_.data.rsPhotoAlbum;
-  guarded([&] {
+  isTroubleTold_ = !guarded([&] {
     photos.Requery(); // on the first row, without the photos that are gone
     openEverybody(album_.data.rsAppearances);
     Forms::tellRowsChanged({RowsChanged::By::BatchEdited, resultRow});
@@ -274,10 +274,17 @@ void BatchEdit::tidyYear() {
   ui->Year->setText(year ? QString::number(*year) : QString());
 }
 
+/// Nobody is to be shut in where the album cannot be read any more.
 bool BatchEdit::unloading() {
-  openEverybody(album_.data.rsAppearances);
-  if (auto* search = Forms::loaded<Search>())
-    search->refillLists();
+  const auto showEverybody = [this] {
+    openEverybody(album_.data.rsAppearances);
+    if (auto* search = Forms::loaded<Search>())
+      search->refillLists();
+  };
+  if (isTroubleTold_)
+    passOver(showEverybody);
+  else
+    guarded(showEverybody);
   return true;
 }
 

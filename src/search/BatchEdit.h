@@ -72,6 +72,7 @@ private:
   std::unique_ptr<PeopleCommands> peopleCommands_;
   std::unique_ptr<NamePicking> picking_;
   SearchCriteria searched_;
+  bool isTroubleTold_ = false; ///< that the album could not be read behind the work
 };
 
 } // namespace hearthbook

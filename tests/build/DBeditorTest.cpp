@@ -397,6 +397,15 @@ TEST_F(DBeditorTest, ClosingTellsTheOtherForms) {
   EXPECT_EQ(listener.heard, std::vector<RowsChanged::By>{RowsChanged::By::EditorClosed});
 }
 
+TEST_F(DBeditorTest, AnAlbumThatCannotBeReadAnyMoreIsToldOnceAndTheEditorCloses) {
+  openEditor();
+  data().AlbumDB.execute("DROP TABLE Appearances");
+  boxes_.expectFailure(toQString("Appearances"));
+  Forms::get<DBeditor>().close();
+  EXPECT_TRUE(boxes_.isDone());
+  EXPECT_EQ(Forms::loaded<DBeditor>(), nullptr);
+}
+
 // ---- adding
 
 TEST_F(DBeditorTest, AddFromFileIsDisabledWhereTheSetIsNotTheWholeAlbum) {

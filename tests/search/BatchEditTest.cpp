@@ -120,6 +120,15 @@ TEST_F(BatchEditForm, EscapeIsCancel) {
   EXPECT_FALSE(isOpen());
 }
 
+TEST_F(BatchEditForm, AnAlbumThatCannotBeReadAnyMoreIsToldAndTheFormCloses) {
+  const auto& batch = openBatch();
+  data().AlbumDB.execute("DROP TABLE Appearances");
+  boxes_.expectFailure(toQString("Appearances"));
+  press(batch, "Command1");
+  EXPECT_TRUE(boxes_.isDone());
+  EXPECT_FALSE(isOpen());
+}
+
 TEST_F(BatchEditForm, LeavesEverybodyInThePeopleWhenItCloses) {
   const auto& batch = openBatch();
   press(batch, "Command1");

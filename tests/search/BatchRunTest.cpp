@@ -51,6 +51,20 @@ TEST_F(BatchRun, UpdatePutsWhatIsEnteredIntoEverySelectedPhoto) {
   EXPECT_FALSE(isOpen());
 }
 
+TEST_F(BatchRun, AnAlbumThatCannotBeReadBehindItIsToldOnceAndTheFormCloses) {
+  select({2});
+  const auto& batch = openBatch();
+  type(batch, "Year", "1985");
+  data().AlbumDB.execute("DROP TABLE Appearances");
+  expectUpdateAsked(1, MsgAnswer::Yes);
+  expectEditAsked(MsgAnswer::No);
+  boxes_.expectFailure(toQString("Appearances"));
+  press(batch, "Command4");
+  EXPECT_TRUE(boxes_.isDone());
+  EXPECT_FALSE(isOpen());
+  EXPECT_EQ(stored("HD00002", "Year"), Value(1985));
+}
+
 TEST_F(BatchRun, WithEverythingEmptyItStillAsksAndChangesNothing) {
   select({1, 2, 3});
   set("HD00002", "PlaceID = 1, EventID = 1, Description = 'old', NamesInPhoto = '001,'");

@@ -380,6 +380,18 @@ TEST_F(MDIForm1Test, ClosingTheWindowClosesTheWorkForms) {
   EXPECT_TRUE(fileExists(backup()));
 }
 
+TEST_F(MDIForm1Test, AnAlbumThatCannotBeReadAnyMoreIsToldOnceAndTheProgramEnds) {
+  openFrame();
+  item("mnuBuildAlbum")->trigger();
+  album().data.AlbumDB.execute("DROP TABLE Appearances");
+  boxes.expectFailure(QStringLiteral("Appearances"));
+
+  EXPECT_TRUE(frame->close());
+
+  EXPECT_TRUE(boxes.isDone());
+  EXPECT_FALSE(frame->isVisible());
+}
+
 /// A form that does not let itself be closed.
 class Stubborn : public Form {
 public:
