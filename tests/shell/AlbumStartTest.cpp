@@ -150,12 +150,18 @@ TEST_F(AlbumStartTest, AMissingHelpDatabaseFailsAndIsNamed) {
   EXPECT_FALSE(fileExists(help));
 }
 
-TEST_F(AlbumStartTest, LeftoversOfAKilledRunAreRemoved) {
+TEST_F(AlbumStartTest, LeftoversOfAKilledRunAreRemovedFromEveryFolder) {
+  const char* const folders[] = {"\\Data", "\\Backup", "\\Photos", "\\Thumbnails", "\\Audio"};
+  const char* const leftover = ".hearthbook-999999999-3.part"; // above the highest process number
+  for (const char* name : folders)
+    test::writeBytes(folder().path(name) / leftover, "half");
   const auto photo = folder().path("\\Photos\\00001.jpg");
   test::writeBytes(photo, "photo");
 
   tidyAlbumFolders(folder());
 
+  for (const char* name : folders)
+    EXPECT_FALSE(fileExists(folder().path(name) / leftover)) << name;
   EXPECT_EQ(test::readBytes(photo), "photo");
 }
 

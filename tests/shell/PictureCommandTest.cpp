@@ -18,7 +18,8 @@ protected:
   QString picture(QColor colour) {
     QImage image(50, 50, QImage::Format_RGB32);
     image.fill(colour);
-    const QString file = toQString((folder.path() / "picture.png").string());
+    const QString file =
+        toQString((folder.path() / (colour.name().mid(1).toStdString() + ".png")).string());
     image.save(file);
     return file;
   }
@@ -37,6 +38,17 @@ TEST_F(PictureCommandTest, ItsPictureFollowsTheFirstPaint) {
   EXPECT_NE(middle(), QColor(Qt::blue));
 
   EXPECT_TRUE(QTest::qWaitFor([this] { return middle() == QColor(Qt::blue); }));
+}
+
+TEST_F(PictureCommandTest, ShowsItsHoverPictureWhileItIsPointedAt) {
+  command.showPictures(pool, picture(Qt::blue), picture(Qt::green));
+  ASSERT_TRUE(QTest::qWaitFor([this] { return middle() == QColor(Qt::blue); }));
+
+  command.setPointedAt(true);
+  EXPECT_TRUE(QTest::qWaitFor([this] { return middle() == QColor(Qt::green); }));
+
+  command.setPointedAt(false);
+  EXPECT_EQ(middle(), QColor(Qt::blue));
 }
 
 } // namespace

@@ -4,6 +4,7 @@
 #include "FileBytes.h"
 #include "Forms.h"
 #include "MDIForm1.h"
+#include "Progress.h"
 #include "ShellFixture.h"
 #include "SingleInstance.h"
 #include "Text.h"
@@ -11,9 +12,14 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QDeadlineTimer>
 #include <QEvent>
+#include <QProgressBar>
 #include <QTest>
 #include <QTimer>
+
+#include <functional>
+#include <future>
 
 namespace hearthbook {
 namespace {
@@ -39,18 +45,36 @@ protected:
     return runHearthbook(early, {});
   }
 
-  /// Runs the program; as soon as its frame is there the frame is closed.
-  int runAndClose() {
-    QTimer whenThere;
-    QObject::connect(&whenThere, &QTimer::timeout, &whenThere, [this] {
+  /// Runs the program; once its frame is there it is looked at again and again, and closed when
+  /// that is done, in a minute at the latest.
+  int runUntil(const std::function<bool(QWidget& frame)>& isDone) {
+    QTimer look;
+    const QDeadlineTimer end(60'000);
+    QObject::connect(&look, &QTimer::timeout, &look, [&] {
       QWidget* frame = Forms::host() ? Forms::host()->window() : nullptr;
       if (!frame || !frame->isVisible())
         return;
       opened = true;
+      if (!isDone(*frame) && !end.hasExpired())
+        return;
+      look.stop();
       frame->close();
     });
-    whenThere.start(1);
+    look.start(1);
     return run();
+  }
+
+  int runAndClose() {
+    return runUntil([](QWidget&) { return true; });
+  }
+
+  /// What a second start asks of the first, beside this thread, in whose loop that one answers.
+  std::future<QByteArray> askToComeForward() {
+    return std::async(std::launch::async,
+                      [root = folder().root()] { return SingleInstance::ask(root, 60'000); });
+  }
+  static bool isThere(const std::future<QByteArray>& reply) {
+    return reply.wait_for(std::chrono::seconds(0)) == std::future_status::ready;
   }
 
   void expectRestoreQuestion(MsgAnswer answer) {
@@ -70,6 +94,68 @@ TEST_F(ProgramTest, StartsAndEndsWithTheClosingBackup) {
   EXPECT_TRUE(opened);
   EXPECT_TRUE(fileExists(backup()));
   EXPECT_TRUE(fileExists(live()));
+}
+
+TEST_F(ProgramTest, ASecondStartBringsTheFirstForwardAndAddsNoWindow) {
+  std::future<QByteArray> reply;
+  bool wasMinimized = false;
+  bool isMinimized = true;
+  qsizetype windows = 0;
+  const auto countWindows = [] { return QGuiApplication::topLevelWindows().size(); };
+
+  runUntil([&](QWidget& frame) {
+    if (!reply.valid()) {
+      frame.showMinimized();
+      wasMinimized = frame.isMinimized();
+      windows = countWindows();
+      reply = askToComeForward();
+      return false;
+    }
+    if (!isThere(reply))
+      return false;
+    isMinimized = frame.isMinimized();
+    windows -= countWindows();
+    return true;
+  });
+
+  EXPECT_EQ(reply.get(), "raised\n");
+  EXPECT_TRUE(wasMinimized);
+  EXPECT_FALSE(isMinimized);
+  EXPECT_EQ(windows, 0);
+}
+
+TEST_F(ProgramTest, ASecondStartIsToldThatTheFirstIsEnding) {
+  std::future<QByteArray> reply;
+  const auto askOnce = [&] {
+    if (reply.valid())
+      return;
+    reply = askToComeForward();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return isThere(reply); }, 60'000));
+  };
+
+  runUntil([&](QWidget&) {
+    Forms::provide<Progress>([&askOnce] {
+      auto* closing = new Progress; // the first that is wanted from here is that of the backup
+      auto* bar = closing->findChild<QProgressBar*>();
+      QObject::connect(bar, &QProgressBar::valueChanged, bar, askOnce);
+      return closing;
+    });
+    return true;
+  });
+
+  ASSERT_TRUE(reply.valid());
+  EXPECT_EQ(reply.get(), "ending\n");
+}
+
+TEST_F(ProgramTest, TheStartRemovesWhatAKilledRunHasLeft) {
+  // Above the highest process number.
+  const auto leftover = folder().path("\\Photos") / ".hearthbook-999999999-3.part";
+  test::writeBytes(leftover, "half");
+
+  runUntil([&leftover](QWidget&) { return !fileExists(leftover); });
+
+  EXPECT_TRUE(opened);
+  EXPECT_FALSE(fileExists(leftover));
 }
 
 TEST_F(ProgramTest, AnUnchangedAlbumIsRewrittenAllTheSame) {

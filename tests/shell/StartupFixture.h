@@ -9,6 +9,8 @@
 #include "Startup.h"
 #include "Text.h"
 
+#include <QColor>
+#include <QImage>
 #include <QLabel>
 #include <QTest>
 
@@ -41,6 +43,20 @@ protected:
   bool isFramed() { return startup->findChild<QFrame*>(QStringLiteral("Shape4"))->isVisible(); }
   FlexGrid& list() { return *startup->findChild<FlexGrid*>(QStringLiteral("MSFlexGrid1")); }
   QLabel& note() { return *label("Text1"); }
+
+  /// Puts a picture of one colour in the place of one of the program's.
+  void putPicture(const char* file, const QColor& colour) {
+    QImage picture(50, 50, QImage::Format_RGB32);
+    picture.fill(colour);
+    const auto media = folder().path("\\Media");
+    std::filesystem::create_directories(media);
+    EXPECT_TRUE(picture.save(toQString((media / file).string())));
+  }
+  /// Of the picture on a command, above its caption.
+  QColor pictureColour(const char* name) {
+    const QImage shown = command(name)->grab().toImage();
+    return shown.pixelColor(shown.width() / 2, shown.height() / 3);
+  }
 
   void moveTo(QWidget* control) { QTest::mouseMove(control); }
   /// To where there is nothing but the picture.
