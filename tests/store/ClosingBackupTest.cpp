@@ -137,14 +137,5 @@ TEST_F(ClosingBackup, AJournalOfALostLiveFileIsNotPlayedIntoTheRestoredOne) {
   EXPECT_FALSE(fs::exists(folder_.at("Data/Photo_Album.mdb-journal")));
 }
 
-TEST_F(ClosingBackup, ARunThatEndsWithoutItLeavesTheBackupOfTheRunBefore) {
-  run();
-  folder_.open();
-  folder_.addPhoto("HD00003");
-  folder_.close();
-  EXPECT_EQ(photosIn(live_), 3);
-  EXPECT_EQ(photosIn(backup_), 2);
-}
-
 } // namespace
 } // namespace hearthbook
