@@ -83,6 +83,7 @@ void AddSubAlbum::load() {
   for (const char* choice : arrangements)
     ui->Combo1->addItem(toQString(choice));
   showProperties(false);
+  ui->listSpace->hide();
   ui->lblWait->clear();
   ui->strip->showOrder();
   modalHelp_->show(QStringLiteral("Sub-Album Editor*Help"));
