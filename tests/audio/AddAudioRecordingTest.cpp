@@ -59,6 +59,7 @@ TEST_F(AddAudioRecording, ADiscIsRecorded) {
   const ScopedVariable drive("HEARTHBOOK_DISC", makeDisc(source_, {500}, 5).string());
   const auto& dialog = openTab(Disc);
   press(dialog, "Option2");
+  ASSERT_TRUE(waitFor([&] { return disc(dialog).isOpen(); }));
   transport(dialog, "play", "MMControl2");
   ASSERT_TRUE(waitFor([&] { return disc(dialog).position() > 200; }));
   record(dialog, 800);
@@ -70,6 +71,7 @@ TEST_F(AddAudioRecording, ADiscIsRecorded) {
 TEST_F(AddAudioRecording, ADiscThatGoesAwayIsToldAndTheRecordingGoesOn) {
   const ScopedVariable drive("HEARTHBOOK_DISC", makeDisc(source_, {500}, 5).string());
   const auto& dialog = openTab(Disc);
+  ASSERT_TRUE(waitFor([&] { return disc(dialog).isOpen(); }));
   transport(dialog, "play", "MMControl2");
   ASSERT_TRUE(waitFor([&] { return disc(dialog).position() > 100; }));
   transport(dialog, "record");

@@ -290,8 +290,8 @@ TEST_F(AddAudioTest, ATabStopsWhatWasPlayedAndOpensTheAttachedSoundAgain) {
 TEST_F(AddAudioTest, TheTabForDiscsTellsWhereThereIsNone) {
   const ScopedVariable drive("HEARTHBOOK_DISC", (source_ / "none.cue").string());
   auto& dialog = openTab(Disc);
+  EXPECT_TRUE(waitFor([&] { return isVisible(dialog, "soundNote"); }));
   EXPECT_FALSE(disc(dialog).isOpen());
-  EXPECT_TRUE(isVisible(dialog, "soundNote"));
   chooseTab(dialog, File);
   EXPECT_FALSE(isVisible(dialog, "soundNote"));
 }
@@ -299,7 +299,7 @@ TEST_F(AddAudioTest, TheTabForDiscsTellsWhereThereIsNone) {
 TEST_F(AddAudioTest, ADiscIsPlayedTrackByTrack) {
   const ScopedVariable drive("HEARTHBOOK_DISC", makeDisc(source_, {400, 500}, 3).string());
   auto& dialog = openTab(Disc);
-  ASSERT_TRUE(disc(dialog).isOpen()) << textOf(dialog, "soundNote");
+  ASSERT_TRUE(waitFor([&] { return disc(dialog).isOpen(); })) << textOf(dialog, "soundNote");
   EXPECT_EQ(textOf(dialog, "discPosition"), "Track 1 of 2");
   transport(dialog, "play", "MMControl2");
   transport(dialog, "toEnd", "MMControl2");

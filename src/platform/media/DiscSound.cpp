@@ -23,9 +23,13 @@ std::int64_t millisecondsOf(int sectors) { return std::int64_t{sectors} * 1000 /
 
 bool isImage(const std::filesystem::path& drive) { return drive.extension() == ".cue"; }
 
-/// What goes wrong is told by what the library returns.
-void silenceTheDiscLog() {
-  cdio_log_set_handler([](cdio_log_level_t, const char*) {});
+/// Once, as more than one thread may use a drive. What goes wrong is told by what the library
+/// returns.
+void useTheDiscLibrary() {
+  [[maybe_unused]] static const bool isReady = [] {
+    cdio_log_set_handler([](cdio_log_level_t, const char*) {});
+    return cdio_init();
+  }();
 }
 
 std::vector<std::filesystem::path> drives() {
@@ -53,7 +57,7 @@ struct DiscSound::Disc {
 };
 
 DiscSound::DiscSound(const std::filesystem::path& drive) : drive_(drive) {
-  silenceTheDiscLog();
+  useTheDiscLibrary();
   disc_ = std::make_unique<Disc>(drive);
   if (disc_->disc)
     addTracks();
@@ -131,13 +135,18 @@ void DiscSound::readSectors() {
   nextSector_ += count;
 }
 
-std::filesystem::path discDrive() {
-  silenceTheDiscLog();
-  if (const char* wanted = std::getenv("HEARTHBOOK_DISC"))
-    return wanted;
-  for (const auto& drive : drives()) {
+std::filesystem::path wantedDrive() {
+  const char* wanted = std::getenv("HEARTHBOOK_DISC");
+  return wanted ? wanted : "";
+}
+
+std::shared_ptr<DiscSound> openDisc(const std::filesystem::path& drive) {
+  useTheDiscLibrary();
+  if (!drive.empty())
+    return std::make_shared<DiscSound>(drive);
+  for (const auto& each : drives()) {
     try {
-      return DiscSound(drive), drive;
+      return std::make_shared<DiscSound>(each);
     } catch (const RunTimeError&) {
       continue; // perhaps the next one has a disc
     }
@@ -146,7 +155,7 @@ std::filesystem::path discDrive() {
 }
 
 void ejectDisc(const std::filesystem::path& drive) {
-  silenceTheDiscLog();
+  useTheDiscLibrary();
   if (cdio_eject_media_drive(drive.c_str()) != DRIVER_OP_SUCCESS)
     throw RunTimeError("The drive " + drive.string() + " cannot be opened.");
 }

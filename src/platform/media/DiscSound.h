@@ -48,9 +48,14 @@ private:
   std::size_t skip_ = 0; ///< bytes of the next sector that lie before the position
 };
 
-/// The drive to play: HEARTHBOOK_DISC if that is set, else the first with an audio disc in it.
-/// Throws RunTimeError where there is none.
-std::filesystem::path discDrive();
+/// The drive to play: HEARTHBOOK_DISC if that is set, else none, for the first with a disc.
+std::filesystem::path wantedDrive();
+
+// What waits for a drive, for many seconds perhaps: not for the window's thread.
+
+/// Opens the disc in the drive; in the first with an audio disc where none is named. Throws
+/// RunTimeError where there is none.
+std::shared_ptr<DiscSound> openDisc(const std::filesystem::path& drive);
 
 /// Opens its tray. Throws RunTimeError where it cannot be opened.
 void ejectDisc(const std::filesystem::path& drive);

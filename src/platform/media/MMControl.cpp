@@ -7,11 +7,15 @@
 #include "RunTimeError.h"
 #include "WaveSound.h"
 
+#include <QFutureWatcher>
+#include <QPromise>
 #include <QTimer>
 
 #include <algorithm>
 #include <cctype>
+#include <mutex>
 #include <string>
+#include <thread>
 #include <utility>
 
 namespace hearthbook {
@@ -34,14 +38,29 @@ namespace {
 /// So soon behind the start of a track "back" means the track before.
 constexpr std::int64_t justBegunMs = 2000;
 
-std::shared_ptr<SoundSource> openSound(DeviceType type, const std::filesystem::path& file) {
-  switch (type) {
-  case DeviceType::Sequencer:
+std::shared_ptr<SoundSource> openFile(DeviceType type, const std::filesystem::path& file) {
+  if (type == DeviceType::Sequencer)
     return std::make_shared<MidiSound>(file);
-  case DeviceType::CDAudio:
-    return std::make_shared<DiscSound>(file.empty() ? discDrive() : file);
-  default:
-    return std::make_shared<WaveSound>(file);
+  return std::make_shared<WaveSound>(file);
+}
+
+/// What came of what a drive was asked for.
+struct DriveAnswer {
+  std::shared_ptr<DiscSound> disc; ///< if one was to be opened
+  std::string failure;
+};
+
+/// Nothing is read of it any more: what is stopped may hang in its drive.
+bool isFree(SoundSource& source) {
+  const std::unique_lock<std::mutex> lock(source.inUse, std::try_to_lock);
+  return lock.owns_lock();
+}
+
+template <class Work> DriveAnswer answerOf(const Work& work) {
+  try {
+    return {work(), {}};
+  } catch (const std::exception& failure) {
+    return {nullptr, failure.what()};
   }
 }
 
@@ -55,6 +74,14 @@ struct MMControl::Impl {
 
   bool attempt(const std::function<void()>& command);
   void open();
+  void close();
+  /// Lets a drive work beside the window's thread. Its answer is dropped if meanwhile something
+  /// else is to be opened.
+  template <class Work> void askDrive(Work work);
+  void take(const DriveAnswer& answer);
+  [[nodiscard]] std::filesystem::path drive() const {
+    return disc() ? disc()->drive() : !file.empty() ? file : wantedDrive();
+  }
   void play(std::int64_t from);
   void record();
   void goToTrack(int track);
@@ -75,7 +102,8 @@ struct MMControl::Impl {
   QString error;
   Mode mode = Mode::NotOpen;
   std::int64_t position = 0;
-  int turn = 0; ///< counts what was played and recorded
+  int turn = 0;     ///< counts what was played and recorded
+  int openings = 0; ///< and what was opened and closed
   std::shared_ptr<SoundSource> source;
   std::unique_ptr<Playback> playback;
   std::unique_ptr<Recording> recording;
@@ -119,13 +147,44 @@ void MMControl::Impl::enter(Mode next) {
   Q_EMIT control.modeChanged();
 }
 
-void MMControl::Impl::open() {
+void MMControl::Impl::close() {
   halt();
+  ++openings;
   source.reset();
-  position = 0;
   enter(Mode::NotOpen);
-  source = openSound(deviceType, file);
+}
+
+void MMControl::Impl::open() {
+  close();
+  position = 0;
+  if (deviceType == DeviceType::CDAudio)
+    return askDrive([drive = drive()] { return openDisc(drive); });
+  source = openFile(deviceType, file);
   enter(Mode::Stopped);
+}
+
+template <class Work> void MMControl::Impl::askDrive(Work work) {
+  auto* answer = new QFutureWatcher<DriveAnswer>(&control);
+  QObject::connect(answer, &QFutureWatcherBase::finished, &control, [=, this, mine = openings] {
+    answer->deleteLater();
+    if (mine == openings)
+      take(answer->result());
+  });
+  QPromise<DriveAnswer> promise;
+  promise.start();
+  answer->setFuture(promise.future());
+  std::thread([promise = std::move(promise), work = std::move(work)]() mutable {
+    promise.addResult(answerOf(work));
+    promise.finish();
+  }).detach();
+}
+
+void MMControl::Impl::take(const DriveAnswer& answer) {
+  if (!answer.failure.empty())
+    return tell(answer.failure);
+  source = answer.disc;
+  if (source)
+    enter(Mode::Stopped);
 }
 
 void MMControl::Impl::play(std::int64_t from) {
@@ -145,6 +204,8 @@ void MMControl::Impl::record() {
   if (!wave())
     throw RunTimeError("There is no wave to record into.");
   halt();
+  if (!isFree(*source))
+    throw RunTimeError("The sound is still being read.");
   recording =
       std::make_unique<Recording>(wave()->format(), wave()->recorded(), wave()->roomToRecord(),
                                   here([this](const std::string& why) { breakOff(why); }));
@@ -209,9 +270,7 @@ bool MMControl::Open() {
 
 void MMControl::Close() {
   impl_->error.clear();
-  impl_->halt();
-  impl_->source.reset();
-  impl_->enter(Mode::NotOpen);
+  impl_->close();
 }
 
 bool MMControl::Play() {
@@ -271,9 +330,12 @@ bool MMControl::Save(const std::function<void(const std::filesystem::path&)>& ke
 
 bool MMControl::Eject() {
   return impl_->attempt([this] {
-    const auto drive = impl_->disc() ? impl_->disc()->drive() : discDrive();
-    Close();
-    ejectDisc(drive);
+    const auto drive = impl_->drive();
+    impl_->close();
+    impl_->askDrive([drive] {
+      ejectDisc(drive.empty() ? openDisc(drive)->drive() : drive);
+      return nullptr;
+    });
   });
 }
 

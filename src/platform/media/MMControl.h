@@ -30,8 +30,10 @@ std::optional<DeviceType> deviceTypeOf(const std::filesystem::path& file);
 ///
 /// Nothing here throws, and nothing of it waits for sound: playing and recording go on beside
 /// the window's thread, signals come in its event loop. What cannot be done is told by
-/// failed() and errorText(). Where no sound can be heard (no device, no sound font) the control
-/// tells so and counts the time all the same, so that what follows the end of a sound follows.
+/// failed() and errorText(). A disc is opened and put out beside it too, as drives take their
+/// time: Open and Eject return at once, modeChanged() or failed() tells how it went. Where no sound
+/// can be heard (no device, no sound font) the control tells so and counts the time all the same,
+/// so that what follows the end of a sound follows.
 class MMControl : public QObject {
   Q_OBJECT
 public:
@@ -58,7 +60,7 @@ public:
 
   // Commands. False where it could not be done.
 
-  bool Open();  ///< reads how long the sound is; closes what was open
+  bool Open();  ///< reads how long the sound is; closes what was open, or was to be opened
   void Close(); ///< stops; what was recorded and not saved is dropped
   bool Play();  ///< from where it stands, from the start if it stands at the end
   bool PlayFrom(std::int64_t position);

@@ -2,17 +2,18 @@
 
 #include "SoundSource.h"
 
-#include <atomic>
 #include <cstdint>
 #include <functional>
 #include <memory>
 #include <string>
-#include <thread>
 
 namespace hearthbook {
 
 /// One sound on its way to the loudspeaker, from a position to its end, on a thread of its own.
-/// It falls silent at once when this object goes.
+/// It falls silent at once when this object goes, and tells nothing from then on.
+///
+/// A thread that hangs in a drive, or in the loading of instruments, is not waited for: it is
+/// left behind and ends when it is let go.
 class Playback {
 public:
   /// What may happen, told on that thread.
@@ -29,20 +30,12 @@ public:
   Playback(const Playback&) = delete;
   Playback& operator=(const Playback&) = delete;
 
-  void pause(bool paused) { paused_ = paused; }
-  [[nodiscard]] std::int64_t position() const { return position_; } ///< milliseconds
+  void pause(bool paused);
+  [[nodiscard]] std::int64_t position() const; ///< milliseconds
 
 private:
-  void run();
-  void playAloud();
-  void countTime();
-
-  std::shared_ptr<SoundSource> source_;
-  Listener listener_;
-  std::atomic<std::int64_t> position_;
-  std::atomic<bool> paused_ = false;
-  std::atomic<bool> stopped_ = false;
-  std::thread thread_; ///< last: it uses all of the above
+  struct Run;
+  std::shared_ptr<Run> run_;
 };
 
 } // namespace hearthbook

@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <mutex>
 
 namespace hearthbook {
 
@@ -24,6 +25,9 @@ public:
   /// The next bytes, whole moments; how many there were, 0 at the end. Throws RunTimeError
   /// where they cannot be read.
   virtual std::size_t read(std::byte* into, std::size_t bytes) = 0;
+
+  /// Held by the thread that plays it: a stopped one may hang in it for a while.
+  std::mutex inUse;
 };
 
 } // namespace hearthbook

@@ -12,7 +12,17 @@ protected:
 
   void insertDisc() {
     player_.setFileName(test::makeDisc(at("disc"), {500, 900, 700}, 4));
-    ASSERT_TRUE(player_.Open()) << toUtf8(player_.errorText());
+    ASSERT_TRUE(openDisc());
+  }
+  /// Why a drive is of no use.
+  std::string refusalOf(const std::filesystem::path& drive) {
+    player_.setFileName(drive);
+    return openDisc() ? std::string() : toUtf8(player_.errorText());
+  }
+  testing::AssertionResult ejectFails() {
+    const auto failures = failed_.size();
+    player_.Eject();
+    return test::waitFor([&] { return failed_.size() > failures; });
   }
 
   test::SoundDaemon daemon_;
@@ -97,36 +107,79 @@ TEST_F(MMControlDisc, ADiscThatGoesAwayAsItPlaysStopsAndIsTold) {
 }
 
 TEST_F(MMControlDisc, NoDriveIsTold) {
-  EXPECT_FALSE(player_.Open());
+  EXPECT_FALSE(openDisc());
   EXPECT_EQ(toUtf8(player_.errorText()), "There is no drive with an audio disc in it.");
-  EXPECT_FALSE(player_.Eject());
+  EXPECT_TRUE(ejectFails());
 }
 
 TEST_F(MMControlDisc, ADriveWithoutADiscIsTold) {
-  EXPECT_EQ(refusal(at("gone.cue")),
+  EXPECT_EQ(refusalOf(at("gone.cue")),
             "There is no audio disc in the drive " + at("gone.cue").string() + ".");
 }
 
 TEST_F(MMControlDisc, WhatIsNoDiscIsRefused) {
   test::writeBytes(at("garbage.cue"), "no disc at all");
   test::writeBytes(at("empty.cue"), "");
-  EXPECT_NE(refusal(at("garbage.cue")), "");
-  EXPECT_NE(refusal(at("empty.cue")), "");
+  EXPECT_NE(refusalOf(at("garbage.cue")), "");
+  EXPECT_NE(refusalOf(at("empty.cue")), "");
   EXPECT_EQ(player_.mode(), Mode::NotOpen);
 }
 
 TEST_F(MMControlDisc, TheDriveCanBeToldFromOutside) {
   const auto disc = test::makeDisc(at("disc"), {500}, 4);
   const test::ScopedVariable drive("HEARTHBOOK_DISC", disc.string());
-  EXPECT_TRUE(player_.Open()) << toUtf8(player_.errorText());
+  EXPECT_TRUE(openDisc());
   EXPECT_EQ(player_.tracks(), 1);
 }
 
 TEST_F(MMControlDisc, ADriveThatDoesNotOpenIsTold) {
   insertDisc();
-  EXPECT_FALSE(player_.Eject());
+  EXPECT_TRUE(ejectFails());
   EXPECT_NE(toUtf8(player_.errorText()).find("cannot be opened"), std::string::npos);
   EXPECT_EQ(player_.mode(), Mode::NotOpen);
+}
+
+TEST_F(MMControlDisc, NobodyWaitsForADriveThatTakesItsTime) {
+  const test::SlowFile drive(at("slow.cue"));
+  player_.setFileName(drive.name());
+  EXPECT_TRUE(player_.Open());
+  EXPECT_EQ(player_.mode(), Mode::NotOpen);
+  EXPECT_FALSE(player_.Play());
+  const auto told = failed_.size();
+  EXPECT_TRUE(test::waitFor([&] { return !drive.letGo() && failed_.size() > told; }));
+  EXPECT_EQ(lastFailure(), "There is no audio disc in the drive " + drive.name().string() + ".");
+}
+
+TEST_F(MMControlDisc, WhatADriveAnswersTooLateIsDropped) {
+  const test::SlowFile drive(at("slow.cue"));
+  player_.setFileName(drive.name());
+  ASSERT_TRUE(player_.Open());
+  insertDisc();
+  EXPECT_TRUE(test::waitFor([&] { return drive.letGo(); }));
+  letPass(100);
+  EXPECT_EQ(player_.tracks(), 3);
+  EXPECT_TRUE(failed_.isEmpty()) << lastFailure();
+}
+
+TEST_F(MMControlDisc, ADiscThatIsClosedBeforeItsDriveAnswersStaysClosed) {
+  player_.setFileName(test::makeDisc(at("disc"), {500}, 1));
+  ASSERT_TRUE(player_.Open());
+  player_.Close();
+  letPass(100);
+  EXPECT_EQ(player_.mode(), Mode::NotOpen);
+  EXPECT_TRUE(modes_.isEmpty());
+}
+
+TEST_F(MMControlDisc, AControlMayGoBeforeItsDriveAnswers) {
+  const test::SlowFile drive(at("slow.cue"));
+  {
+    MMControl other;
+    other.setDeviceType(DeviceType::CDAudio);
+    other.setFileName(drive.name());
+    ASSERT_TRUE(other.Open());
+  }
+  EXPECT_TRUE(test::waitFor([&] { return drive.letGo(); }));
+  letPass(100);
 }
 
 TEST_F(MMControlDisc, ADiscCannotBeRecordedOrSaved) {

@@ -17,6 +17,10 @@
 #include <QSignalSpy>
 #include <QTest>
 
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
 #include <fstream>
 #include <functional>
 #include <memory>
@@ -43,6 +47,16 @@ protected:
   void open(const std::filesystem::path& file) {
     player_.setFile(file);
     ASSERT_TRUE(player_.Open()) << toUtf8(player_.errorText());
+  }
+  /// Opens a disc, and waits for its drive.
+  testing::AssertionResult openDisc() {
+    const auto failures = failed_.size();
+    if (!player_.Open())
+      return testing::AssertionFailure() << toUtf8(player_.errorText());
+    const auto answered = waitFor([&] { return player_.isOpen() || failed_.size() > failures; });
+    if (answered && player_.isOpen())
+      return testing::AssertionSuccess();
+    return testing::AssertionFailure() << toUtf8(player_.errorText());
   }
   static WaveInfo infoOf(const std::filesystem::path& wave) {
     std::ifstream file(wave, std::ios::binary);
@@ -80,6 +94,26 @@ protected:
   QSignalSpy failed_{&player_, &MMControl::failed};
   QSignalSpy modes_{&player_, &MMControl::modeChanged};
   QSignalSpy ticks_{&player_, &MMControl::statusUpdate};
+};
+
+/// A file whose reader is kept waiting until it is let go, as a slow drive does; then it holds
+/// nothing.
+class SlowFile {
+public:
+  explicit SlowFile(std::filesystem::path name) : name_(std::move(name)) {
+    EXPECT_EQ(::mkfifo(name_.c_str(), 0600), 0);
+  }
+  /// Lets a reader go that waits now; whether there was one.
+  [[nodiscard]] bool letGo() const {
+    const int end = ::open(name_.c_str(), O_WRONLY | O_NONBLOCK | O_CLOEXEC);
+    if (end >= 0)
+      ::close(end);
+    return end >= 0;
+  }
+  [[nodiscard]] const std::filesystem::path& name() const { return name_; }
+
+private:
+  std::filesystem::path name_;
 };
 
 /// Hears what is played, and keeps it as a wave that can be measured.
