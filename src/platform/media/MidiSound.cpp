@@ -12,6 +12,8 @@
 #include <cstdlib>
 #include <fstream>
 #include <iterator>
+#include <mutex>
+#include <utility>
 
 namespace hearthbook {
 
@@ -56,13 +58,17 @@ void silenceTheSynthLog() {
     fluid_set_log_function(level, nullptr, nullptr);
 }
 
-} // namespace
+struct DeleteFluid {
+  void operator()(fluid_settings_t* settings) const { delete_fluid_settings(settings); }
+  void operator()(fluid_synth_t* synth) const { delete_fluid_synth(synth); }
+  void operator()(fluid_player_t* player) const { delete_fluid_player(player); }
+};
+template <class Thing> using Fluid = std::unique_ptr<Thing, DeleteFluid>;
 
-/// The instruments with one piece of music on the stand.
-class MidiSound::Synth {
+/// A synthesizer with a sound font in it.
+class Instruments {
 public:
-  Synth(const std::string& font, const std::string& bytes) {
-    settings_.reset(new_fluid_settings());
+  explicit Instruments(const std::string& font) : font_(font), settings_(new_fluid_settings()) {
     fluid_settings_setnum(settings_.get(), "synth.sample-rate", synthFormat.rate);
     fluid_settings_setnum(settings_.get(), "synth.gain", gain);
     fluid_settings_setint(settings_.get(), "synth.lock-memory", 0);
@@ -71,31 +77,76 @@ public:
     if (!synth_ || !isSoundFont(font) ||
         fluid_synth_sfload(synth_.get(), font.c_str(), 1) == FLUID_FAILED)
       throw RunTimeError("Cannot play MIDI with the sound font \"" + font + "\".");
-    player_.reset(new_fluid_player(synth_.get()));
+  }
+  [[nodiscard]] const std::string& font() const { return font_; }
+  [[nodiscard]] fluid_synth_t* synth() const { return synth_.get(); }
+  void silence() { fluid_synth_system_reset(synth_.get()); }
+
+private:
+  std::string font_;
+  Fluid<fluid_settings_t> settings_;
+  Fluid<fluid_synth_t> synth_;
+};
+
+/// The instruments that were put back last. Fonts are large and slow to load, and a sound that
+/// goes round and round must not make a pause for it.
+struct Shelf {
+  std::mutex mutex;
+  std::unique_ptr<Instruments> free;
+};
+
+/// It stays to the very end: a thread that was left behind may still come to it.
+Shelf& shelf() {
+  static auto* const kept = new Shelf;
+  return *kept;
+}
+
+std::unique_ptr<Instruments> takeInstruments(const std::string& font) {
+  {
+    const std::lock_guard<std::mutex> lock(shelf().mutex);
+    if (shelf().free && shelf().free->font() == font)
+      return std::move(shelf().free);
+  }
+  return std::make_unique<Instruments>(font);
+}
+
+void putBack(std::unique_ptr<Instruments> instruments) {
+  instruments->silence();
+  const std::lock_guard<std::mutex> lock(shelf().mutex);
+  shelf().free.swap(instruments);
+}
+
+} // namespace
+
+/// The instruments with one piece of music on the stand.
+class MidiSound::Synth {
+public:
+  Synth(const std::string& font, const std::string& bytes)
+      : instruments_(takeInstruments(font)), player_(new_fluid_player(instruments_->synth())) {
     fluid_player_add_mem(player_.get(), bytes.data(), bytes.size());
   }
+  ~Synth() {
+    player_.reset();
+    putBack(std::move(instruments_));
+  }
+  Synth(const Synth&) = delete;
+  Synth& operator=(const Synth&) = delete;
 
   void playFrom(std::int64_t tick) {
-    fluid_player_seek(player_.get(), static_cast<int>(tick));
-    fluid_player_play(player_.get());
+    if (fluid_player_seek(player_.get(), static_cast<int>(tick)) == FLUID_FAILED ||
+        fluid_player_play(player_.get()) == FLUID_FAILED)
+      throw RunTimeError("The music cannot be played from there.");
   }
   void read(std::byte* into, std::size_t frames) {
-    fluid_synth_write_s16(synth_.get(), static_cast<int>(frames), into, 0, 2, into, 1, 2);
+    fluid_synth_write_s16(instruments_->synth(), static_cast<int>(frames), into, 0, 2, into, 1, 2);
   }
   [[nodiscard]] bool isSilent() const {
-    return fluid_synth_get_active_voice_count(synth_.get()) == 0;
+    return fluid_synth_get_active_voice_count(instruments_->synth()) == 0;
   }
 
 private:
-  struct Delete {
-    void operator()(fluid_settings_t* settings) const { delete_fluid_settings(settings); }
-    void operator()(fluid_synth_t* synth) const { delete_fluid_synth(synth); }
-    void operator()(fluid_player_t* player) const { delete_fluid_player(player); }
-  };
-
-  std::unique_ptr<fluid_settings_t, Delete> settings_;
-  std::unique_ptr<fluid_synth_t, Delete> synth_;
-  std::unique_ptr<fluid_player_t, Delete> player_;
+  std::unique_ptr<Instruments> instruments_;
+  Fluid<fluid_player_t> player_;
 };
 
 MidiSound::MidiSound(const std::filesystem::path& file)
@@ -107,6 +158,7 @@ SoundFormat MidiSound::format() const { return synthFormat; }
 
 void MidiSound::goTo(std::int64_t position) {
   silenceTheSynthLog();
+  synth_.reset(); // its instruments are used again
   synth_ = std::make_unique<Synth>(soundFont().string(), bytes_);
   synth_->playFrom(midi_.tickAt(position));
   next_ = position * synthFormat.rate / 1000;
