@@ -1,0 +1,270 @@
+#include "ZoomFixture.h"
+
+#include "FileBytes.h"
+
+namespace hearthbook::test {
+
+namespace {
+
+/// What one does while the form is modal: each step runs in its loop, the last one leaves.
+class FullScreenView : public ZoomFixture {
+protected:
+  using Step = std::function<void(FullScreen& full)>;
+
+  /// Presses "Full [  ]", runs the steps, and leaves by Escape where none of them has left.
+  void watch(const Zoom& zoom, const Step& steps) {
+    watchAtOnce(zoom, [&](FullScreen& full) {
+      settleZoom();
+      steps(full);
+    });
+  }
+  /// The same, while its photo may still be on its way.
+  static void watchAtOnce(const Zoom& zoom, const Step& steps) {
+    QTimer opened;
+    QObject::connect(&opened, &QTimer::timeout, [&] {
+      auto* full = Forms::loaded<FullScreen>();
+      if (!full || !full->isVisible())
+        return;
+      opened.stop();
+      steps(*full);
+      if (Forms::loaded<FullScreen>())
+        QTest::keyClick(full, Qt::Key_Escape);
+    });
+    opened.start(0);
+    FormControls::press(zoom, "Command8");
+    settleZoom();
+  }
+  static QSize pixels(const FullScreen& full) {
+    return {photo(full).picture().width(), photo(full).picture().height()};
+  }
+  void expectQuestion(MsgAnswer answer) {
+    boxes_.expectQuestion(toQString("No More Records, start over?"), toQString("Next Photo"),
+                          MsgIcon::Question, MsgButtons::YesNo, answer);
+  }
+  void writePhoto(int number, int width, int height) {
+    const auto name = "Photos/" + std::to_string(100000 + number).substr(1) + ".jpg";
+    writeJpeg(at(name), width, height);
+  }
+};
+
+} // namespace
+
+TEST_F(FullScreenView, ShowsThePhotoAtItsOwnSizeInTheMiddleOfBlack) {
+  const auto& zoom = openPhoto(300, 200);
+  watch(zoom, [](FullScreen& full) {
+    EXPECT_TRUE(full.isFullScreen());
+    EXPECT_EQ(photo(full).size(), QSize(300, 200));
+    EXPECT_EQ(pixels(full), QSize(300, 200));
+    EXPECT_EQ(photo(full).x(), full.width() / 2 - 150);
+    EXPECT_EQ(photo(full).y(), full.height() / 2 - 100);
+    EXPECT_EQ(full.place().pointer, DragPointer::None);
+    EXPECT_EQ(full.grab().toImage().pixelColor(1, 1), QColor(Qt::black));
+  });
+}
+
+TEST_F(FullScreenView, StandsInWithThePixelsOfTheZoomViewUntilItsOwnAreThere) {
+  const auto& zoom = openPhoto(2000, 1500);
+  const auto freePool = holdPool();
+  watchAtOnce(zoom, [&](FullScreen& full) {
+    EXPECT_TRUE(photo(full).hasPicture());
+    EXPECT_EQ(photo(full).size(), QSize(2000, 1500));
+    freePool();
+    settleZoom();
+    EXPECT_EQ(pixels(full), QSize(2000, 1500));
+  });
+}
+
+TEST_F(FullScreenView, TheArrowsWalk) {
+  const auto& zoom = openZoomOf(3);
+  watch(zoom, [&](FullScreen& full) {
+    key(full, Qt::Key_Right);
+    EXPECT_EQ(vars().ImagePath.filename(), "00002.jpg");
+    key(full, Qt::Key_Right);
+    EXPECT_EQ(vars().ImagePath.filename(), "00003.jpg");
+    EXPECT_TRUE(slides().atEOF());
+    key(full, Qt::Key_Left);
+    EXPECT_EQ(vars().ImagePath.filename(), "00002.jpg");
+  });
+  EXPECT_EQ(position(zoom), "2 Of 3");
+}
+
+TEST_F(FullScreenView, BehindTheLastPhotoTheUserIsAskedAndNoKeepsThePhoto) {
+  const auto& zoom = openZoomOf(2, 2);
+  watch(zoom, [&](FullScreen& full) {
+    expectQuestion(MsgAnswer::No);
+    key(full, Qt::Key_Right);
+    EXPECT_TRUE(boxes_.isDone());
+    EXPECT_EQ(vars().ImagePath.filename(), "00002.jpg");
+    EXPECT_TRUE(slides().atEOF());
+    expectQuestion(MsgAnswer::Yes);
+    key(full, Qt::Key_Right);
+    EXPECT_EQ(vars().ImagePath.filename(), "00001.jpg");
+    EXPECT_EQ(slides().AbsolutePosition(), 2);
+  });
+  EXPECT_EQ(position(zoom), "1 Of 2");
+}
+
+TEST_F(FullScreenView, BeforeTheFirstPhotoTheUserIsTold) {
+  const auto& zoom = openZoomOf(2);
+  watch(zoom, [&](FullScreen& full) {
+    boxes_.expectMessage(toQString("First Record"), toQString("Previous Photo"),
+                         MsgIcon::Information);
+    key(full, Qt::Key_Left);
+    EXPECT_TRUE(boxes_.isDone());
+  });
+  EXPECT_EQ(position(zoom), "1 Of 2");
+}
+
+TEST_F(FullScreenView, SpaceStartsTheShowAtTheIntervalOfTheZoomViewAndStopsIt) {
+  const auto& zoom = openZoomOf(3);
+  bar(zoom, "VScroll2").setValue(7);
+  watch(zoom, [&](FullScreen& full) {
+    key(full, Qt::Key_Space);
+    EXPECT_TRUE(timer(zoom).isActive());
+    EXPECT_EQ(timer(zoom).interval(), 7000);
+    EXPECT_TRUE(control<QCheckBox>(zoom, "Check1")->isChecked());
+    key(full, Qt::Key_Space);
+    EXPECT_FALSE(timer(zoom).isActive());
+    EXPECT_FALSE(control<QCheckBox>(zoom, "Check1")->isChecked());
+  });
+}
+
+TEST_F(FullScreenView, TheShowOfTheZoomViewPaintsHere) {
+  addPhotosUpTo(3);
+  writePhoto(2, 300, 200);
+  writePhoto(3, 200, 300);
+  const auto& zoom = openZoom();
+  watch(zoom, [&](FullScreen& full) {
+    tick(zoom);
+    EXPECT_EQ(pixels(full), QSize(300, 200));
+    EXPECT_EQ(position(zoom), "1 Of 3"); // behind the screen nothing changes
+    tick(zoom);
+    EXPECT_EQ(pixels(full), QSize(200, 300));
+    tick(zoom);
+    EXPECT_EQ(pixels(full), QSize(200, 300));
+    tick(zoom);
+    EXPECT_EQ(vars().ImagePath.filename(), "00001.jpg");
+  });
+  EXPECT_EQ(position(zoom), "1 Of 3");
+}
+
+TEST_F(FullScreenView, AnyOtherKeyGoesBackToThePhotoThatWasSeen) {
+  for (const auto key : {Qt::Key_Escape, Qt::Key_Return, Qt::Key_A, Qt::Key_Up}) {
+    const auto& zoom = openZoomOf(1);
+    watch(zoom, [&](FullScreen& full) { QTest::keyClick(&full, key); });
+    EXPECT_EQ(Forms::loaded<FullScreen>(), nullptr);
+    EXPECT_FALSE(control<QPushButton>(zoom, "Command8")->isChecked());
+  }
+}
+
+TEST_F(FullScreenView, LeavingOnTheLastPhotoShowsTheLastPhoto) {
+  const auto& zoom = openZoomOf(3, 2);
+  watch(zoom, [&](FullScreen& full) { key(full, Qt::Key_Right); });
+  EXPECT_EQ(position(zoom), "3 Of 3");
+  EXPECT_TRUE(photo(zoom).hasPicture());
+}
+
+TEST_F(FullScreenView, LeavingInTheTickWithoutAChangeShowsTheLastPhoto) {
+  const auto& zoom = openZoomOf(2, 2);
+  watch(zoom, [&](FullScreen&) { tick(zoom); });
+  EXPECT_EQ(position(zoom), "2 Of 2");
+}
+
+TEST_F(FullScreenView, ClosingItsWindowIsLeavingToo) {
+  const auto& zoom = openZoomOf(3);
+  watch(zoom, [&](FullScreen& full) {
+    key(full, Qt::Key_Right);
+    full.close();
+  });
+  EXPECT_EQ(position(zoom), "2 Of 3");
+}
+
+TEST_F(FullScreenView, AKeyThatIsStillHeldDownDoesNotLeave) {
+  const auto& zoom = openZoomOf(2);
+  watch(zoom, [&](FullScreen& full) {
+    QKeyEvent held(QEvent::KeyPress, Qt::Key_Return, {}, QString(), true);
+    QCoreApplication::sendEvent(&full, &held);
+    EXPECT_NE(Forms::loaded<FullScreen>(), nullptr);
+  });
+}
+
+TEST_F(FullScreenView, ARightPressOnThePhotoOrBesideItTellsTheKeys) {
+  const auto& zoom = openPhoto(300, 200);
+  watch(zoom, [&](FullScreen& full) {
+    for (QWidget* place : {static_cast<QWidget*>(&full), static_cast<QWidget*>(&photo(full))}) {
+      boxes_.expectMessage(toQString("Press LEFT ARROW & RIGHT ARROW keys to navigate.\n"
+                                     "Press SPACEBAR key to start/stop slide show\n"
+                                     "Press any other key to exit."),
+                           toQString("Full Screen"), MsgIcon::Information);
+      QTest::mouseClick(place, Qt::RightButton, {}, {2, 2});
+    }
+    EXPECT_TRUE(boxes_.isDone());
+  });
+}
+
+TEST_F(FullScreenView, ALargePhotoIsDraggedWithinItsEdges) {
+  const auto& zoom = openPhoto(2000, 1500);
+  watch(zoom, [&](FullScreen& full) {
+    EXPECT_EQ(full.place().pointer, DragPointer::Both);
+    EXPECT_EQ(photo(full).cursor().shape(), Qt::SizeAllCursor);
+    auto& image = photo(full);
+    QTest::mousePress(&image, Qt::LeftButton, {}, {500, 500});
+    QTest::mouseMove(&image, {450, 480});
+    EXPECT_EQ(image.pos(), QPoint(-50, -20));
+    QTest::mouseMove(&image, {900, 900});
+    EXPECT_EQ(image.pos(), QPoint(0, 0));
+    QTest::mouseMove(&image, {-5000, -5000});
+    EXPECT_EQ(image.pos(), QPoint(full.width() - 2000, full.height() - 1500));
+    QTest::mouseRelease(&image, Qt::LeftButton, {}, {500, 500});
+  });
+}
+
+TEST_F(FullScreenView, APhotoThatFitsIsNotDragged) {
+  const auto& zoom = openPhoto(300, 200);
+  watch(zoom, [&](FullScreen& full) {
+    auto& image = photo(full);
+    const QPoint before = image.pos();
+    QTest::mousePress(&image, Qt::LeftButton, {}, {50, 50});
+    QTest::mouseMove(&image, {80, 90});
+    EXPECT_EQ(image.pos(), before);
+    QTest::mouseRelease(&image, Qt::LeftButton, {}, {80, 90});
+  });
+}
+
+TEST_F(FullScreenView, ThePointerGoesAfterAWhileAndComesBackWithTheMouse) {
+  const auto& zoom = openPhoto(2000, 1500);
+  watch(zoom, [&](FullScreen& full) {
+    auto& image = photo(full);
+    waitUntil([&] { return image.cursor().shape() == Qt::BlankCursor; });
+    EXPECT_EQ(full.cursor().shape(), Qt::BlankCursor);
+    EXPECT_EQ(full.place().pointer, DragPointer::Both);
+    QTest::mouseMove(&image, {40, 40});
+    EXPECT_EQ(image.cursor().shape(), Qt::SizeAllCursor);
+  });
+}
+
+TEST_F(FullScreenView, AMissingPhotoIsStoodInForAndABrokenOneIsToldOnce) {
+  addPhotosUpTo(3);
+  std::filesystem::remove(at("Photos/00002.jpg"));
+  writeBytes(at("Photos/00003.jpg"), "no photo at all");
+  const auto& zoom = openZoom();
+  watch(zoom, [&](FullScreen& full) {
+    key(full, Qt::Key_Right);
+    EXPECT_FALSE(vars().ImagePicture.found);
+    EXPECT_TRUE(photo(full).hasPicture());
+    expectTryAgain();
+    key(full, Qt::Key_Right);
+    EXPECT_TRUE(boxes_.isDone());
+    key(full, Qt::Key_Left);
+  });
+  EXPECT_EQ(position(zoom), "2 Of 3");
+}
+
+TEST_F(FullScreenView, TheZoomViewMayBeUnloadedBehindIt) {
+  auto& zoom = openZoomOf(2);
+  watch(zoom, [&](FullScreen&) { zoom.Unload(); });
+  EXPECT_EQ(Forms::loaded<FullScreen>(), nullptr);
+  EXPECT_EQ(Forms::loaded<Zoom>(), nullptr);
+}
+
+} // namespace hearthbook::test

@@ -1,0 +1,103 @@
+#include "ControlChecks.h"
+#include "ZoomFixture.h"
+
+namespace hearthbook::test {
+
+namespace {
+
+const Control zoomControls[] = {
+    {"Picture2", "hearthbook::ZoomPanel"},
+    {"Image1", "hearthbook::LargePhoto"},
+    {"HScroll1", "QScrollBar"},
+    {"VScroll1", "QScrollBar"},
+    {"Picture1", "QLabel"},
+    {"Info(0)", "hearthbook::FactsPanel"},
+    {"txtYear(0)", "QLabel"},
+    {"txtPlace(0)", "QLabel"},
+    {"BGpaper(0)", "hearthbook::PaperPanel"},
+    {"Image2(0)", "QToolButton"},
+    {"Image3(0)", "QToolButton"},
+    {"CommentsBox", "hearthbook::CommentsBox"},
+    {"lblComments", "QLabel"},
+    {"Command10", "QPushButton", "X"},
+    {"Label3", "QLabel", "Click To Close"},
+    {"Check1", "QCheckBox", "Slide", "Slide"},
+    {"VScroll2", "QScrollBar"},
+    {"Label2", "QLabel", "2 Sec.", "Slide"},
+    {"Command4", "QPushButton", "Zoom +", "Zoom In"},
+    {"Command5", "QPushButton", "Zoom -", "Zoom Out"},
+    {"Command8", "QPushButton", "Full [  ]"},
+    {"Command2", "QPushButton", ">>", "Navigation Buttons"},
+    {"Command3", "QPushButton", "<<", "Navigation Buttons"},
+    {"Command6", "QPushButton", "|<<", "Navigation Buttons"},
+    {"Command7", "QPushButton", ">>|", "Navigation Buttons"},
+    {"Command1", "QPushButton", "Done"},
+};
+
+class ZoomControls : public ZoomFixture {
+protected:
+  static void expectDrawnAt(const Zoom& zoom, const char* name, TwipsRect place) {
+    auto* child = control<QWidget>(zoom, name);
+    expectPlace(dynamic_cast<Stage*>(child->parentWidget())->rect(child), place);
+  }
+};
+
+} // namespace
+
+TEST_F(ZoomControls, TheFormHasEachOfItsControlsOnce) {
+  expectControls(openZoom(), "Zoom", zoomControls);
+  const auto& zoom = Forms::get<Zoom>();
+  EXPECT_EQ(zoom.findChildren<QTimer*>(toQString("Timer1")).size(), 1);
+  EXPECT_EQ(zoom.findChildren<MMControl*>(toQString("MMControl1")).size(), 1);
+  EXPECT_TRUE(control<QPushButton>(zoom, "Command8")->isCheckable());
+}
+
+TEST_F(ZoomControls, ThePanelsStandWhereTheyAreTold) {
+  const auto& zoom = openZoom();
+  expectDrawnAt(zoom, "Picture2", {3120, 120, 8535, 7215});
+  expectDrawnAt(zoom, "Info(0)", {120, 120, 2865, 5355});
+  expectDrawnAt(zoom, "BGpaper(0)", {0, 0, 2865, 1855});
+  expectDrawnAt(zoom, "gridNames(0)", {0, 1855, 2865, 3500});
+  expectDrawnAt(zoom, "VScroll1", {8220, 0, 255, 6885});
+  expectDrawnAt(zoom, "HScroll1", {0, 6900, 5865, 255}); // 5870 in whole pixels
+  EXPECT_EQ(rectOf(zoom, "VScroll2").left, 1920);
+  EXPECT_EQ(rectOf(zoom, "VScroll2").top, 6840);
+}
+
+TEST_F(ZoomControls, EveryHelpKeyHasItsRow) {
+  for (const QWidget* control : openZoom().findChildren<QWidget*>()) {
+    const std::string key = toUtf8(control->property("helpKey").toString());
+    if (key.empty())
+      continue;
+    vars().rsHelp->Find("HelpID = '" + key + "'", Recordset::Start::First);
+    EXPECT_FALSE(vars().rsHelp->atEOF()) << key;
+  }
+}
+
+TEST_F(ZoomControls, TabReachesEveryControlBothWays) {
+  set("HD00001", "Description = 'By the boat'");
+  auto& zoom = openPhoto(1200, 900);
+  press(zoom, "Command4");
+  expectTabReachesAll(zoom, &photo(zoom), 15);
+}
+
+TEST_F(ZoomControls, EveryCaptionFitsItsControl) {
+  auto& zoom = openZoomOf(2);
+  control<QLabel>(zoom, "Label1")->setText(toQString("199985 Of 200000"));
+  control<QLabel>(zoom, "Label2")->setText(toQString("10 Sec."));
+  for (const QSize size : {QSize(790, 522), QSize(1012, 669), QSize(3000, 1982)}) {
+    zoom.resize(size);
+    settleZoom();
+    for (const QAbstractButton* button : zoom.findChildren<QPushButton*>())
+      EXPECT_LE(button->fontMetrics().horizontalAdvance(button->text()), button->width() - 8)
+          << toUtf8(button->text());
+    for (const char* label : {"Label1", "Label2", "Label3"})
+      EXPECT_LE(control(zoom, label)
+                    ->fontMetrics()
+                    .horizontalAdvance(control<QLabel>(zoom, label)->text()),
+                control(zoom, label)->width())
+          << label;
+  }
+}
+
+} // namespace hearthbook::test
