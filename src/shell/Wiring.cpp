@@ -7,6 +7,7 @@
 #include "DBeditor.h"
 #include "Forms.h"
 #include "FrameCommands.h"
+#include "FullScreen.h"
 #include "Help.h"
 #include "MDIForm1.h"
 #include "NamesManager.h"
@@ -15,6 +16,8 @@
 #include "Search.h"
 #include "Startup.h"
 #include "YearWizard.h"
+#include "Zoom.h"
+#include "ZoomWindow.h"
 #include "frmAbout.h"
 
 #include <QApplication>
@@ -37,6 +40,7 @@ StartupCommands startupCommands(FrameCommands& commands) {
 
 SearchWindows searchWindows() {
   SearchWindows windows;
+  windows.showZoom = showZoom;
   windows.addToSubAlbum = addResultToSubAlbum;
   return windows;
 }
@@ -52,11 +56,14 @@ PictureLoader::Deliver deliverHere() {
 /// little enough for a hundred thousand to go by.
 constexpr std::size_t thumbnailBytes = 12u << 20;
 
+/// The photo on the full screen and its neighbours, of 12 megapixels each.
+constexpr std::size_t largePhotoBytes = 192u << 20;
+
 } // namespace
 
 Wiring::Wiring(Album& album, MDIForm1& frame)
     : loader_(pool_, deliverHere()), thumbnails_(pool_, deliverHere(), thumbnailBytes),
-      help_(album.vars, frame) {
+      largePhotos_(pool_, deliverHere(), largePhotoBytes), help_(album.vars, frame) {
   Forms::provide<Startup>([this, &album, &frame] {
     auto* start = new Startup(album, pool_, loader_, startupCommands(frame.commands()));
     QObject::connect(start, &Startup::cameToFront, &help_, &FrameHelp::startScreenActive);
@@ -71,6 +78,8 @@ Wiring::Wiring(Album& album, MDIForm1& frame)
       [this, &album, &frame] { return new DBeditor(album, loader_, pool_, frame, help_); });
   Forms::provide<Search>(
       [this, &album] { return new Search(album, thumbnails_, pool_, help_, searchWindows()); });
+  Forms::provide<Zoom>([this, &album] { return new Zoom(album, largePhotos_, pool_, help_); });
+  Forms::provide<FullScreen>([this, &album] { return new FullScreen(album, largePhotos_, pool_); });
   Forms::provide<BatchEdit>([&album] { return new BatchEdit(album); });
   Forms::provide<PickaPic>([this, &album] { return new PickaPic(album, pool_); });
   Forms::provide<AddAudio>([this, &album] { return new AddAudio(album, pool_); });

@@ -19,7 +19,8 @@ public:
 private:
   WorkPool pool_;
   PictureLoader loader_;
-  PictureLoader thumbnails_; ///< for pages of them
+  PictureLoader thumbnails_;  ///< for pages of them
+  PictureLoader largePhotos_; ///< one by one
   FrameHelp help_;
 };
 

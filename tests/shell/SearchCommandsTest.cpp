@@ -4,11 +4,13 @@
 #include "Forms.h"
 #include "FrameMenu.h"
 #include "MDIForm1.h"
+#include "ResultCell.h"
 #include "Search.h"
 #include "ShellFixture.h"
 #include "Startup.h"
 #include "Text.h"
 #include "Wiring.h"
+#include "Zoom.h"
 
 #include <gtest/gtest.h>
 
@@ -75,6 +77,20 @@ TEST_F(SearchCommandsTest, FindPhotoOpensItOverTheEditorWhichKeepsTheWorkingSet)
   EXPECT_EQ(result().AbsolutePosition(), 1);
   press(Forms::get<Search>(), "Command9");
   EXPECT_EQ(frame->activeForm(), Forms::loaded<DBeditor>());
+}
+
+TEST_F(SearchCommandsTest, ADoubleClickOnAPhotoThatWasFoundOpensItInTheZoomView) {
+  choose("mnuSearch");
+  auto& search = Forms::get<Search>();
+  press(search, "Command1");
+  EXPECT_TRUE(QTest::qWaitFor([&] { return !search.isWaitingForPictures(); }));
+  auto* third = search.findChildren<ResultCell*>(QStringLiteral("Image1")).at(2);
+  QTest::mouseDClick(third, Qt::LeftButton);
+  EXPECT_EQ(frame->activeForm(), Forms::loaded<Zoom>());
+  EXPECT_EQ(album().vars.rsZoom->AbsolutePosition(), 4); // behind the photo
+  EXPECT_TRUE(Forms::get<Zoom>().caption().startsWith(QStringLiteral("Full Size Results For: ")));
+  press(Forms::get<Zoom>(), "Command1");
+  EXPECT_EQ(frame->activeForm(), &search);
 }
 
 TEST_F(SearchCommandsTest, FindPhotoFromAnEditedResultStartsOver) {
