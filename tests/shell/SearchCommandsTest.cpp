@@ -85,7 +85,10 @@ TEST_F(SearchCommandsTest, ADoubleClickOnAPhotoThatWasFoundOpensItInTheZoomView)
   press(search, "Command1");
   EXPECT_TRUE(QTest::qWaitFor([&] { return !search.isWaitingForPictures(); }));
   auto* third = search.findChildren<ResultCell*>(QStringLiteral("Image1")).at(2);
+  QTest::mouseClick(third, Qt::LeftButton);
   QTest::mouseDClick(third, Qt::LeftButton);
+  QTest::mouseRelease(third, Qt::LeftButton);
+  ASSERT_NE(Forms::loaded<Zoom>(), nullptr);
   EXPECT_EQ(frame->activeForm(), Forms::loaded<Zoom>());
   EXPECT_EQ(album().vars.rsZoom->AbsolutePosition(), 4); // behind the photo
   EXPECT_TRUE(Forms::get<Zoom>().caption().startsWith(QStringLiteral("Full Size Results For: ")));
