@@ -219,6 +219,38 @@ TEST_F(MMControlSound, ATuneIsHeardForAsLongAsItsTempoTells) {
   EXPECT_GT(listener.heard().loudest, 0.05);
 }
 
+TEST_F(MMControlSound, ATuneGoesRoundAndRound) {
+  test::writeBytes(at("tune.mid"), test::midiTune(2, 0));
+  QObject::connect(&player_, &MMControl::done, &player_, [this] {
+    player_.Prev();
+    player_.Play();
+  });
+  open(at("tune.mid"));
+  player_.Play();
+  ASSERT_TRUE(waitUntilDone(2));
+  test::Listener listener(at("heard.wav"));
+  ASSERT_TRUE(waitUntilDone(3));
+  EXPECT_GT(listener.heard().loudest, 0.05);
+  EXPECT_TRUE(failed_.isEmpty()) << lastFailure();
+}
+
+TEST_F(MMControlSound, ATuneThatWasClosedGoesOnWhereItStopped) {
+  test::writeBytes(at("tune.mid"), test::midiTune(8, 8));
+  open(at("tune.mid"));
+  player_.Play();
+  ASSERT_TRUE(waitUntilPosition(300));
+  player_.Close();
+  const auto stopped = player_.position();
+  ASSERT_GE(stopped, 300);
+  ASSERT_TRUE(player_.Open());
+  ASSERT_TRUE(player_.PlayFrom(stopped));
+  EXPECT_GE(player_.position(), stopped);
+  test::Listener listener(at("heard.wav"));
+  ASSERT_TRUE(waitUntilPosition(stopped + 600));
+  EXPECT_GT(listener.heard().loudest, 0.05);
+  EXPECT_TRUE(failed_.isEmpty()) << lastFailure();
+}
+
 TEST_F(MMControlSound, ATuneWithoutASoundFontIsSilentAndTold) {
   const test::ScopedVariable noFont("HEARTHBOOK_SOUNDFONT", "/nowhere/font.sf2");
   test::writeBytes(at("tune.mid"), test::midiTune(2, 0));
