@@ -5,6 +5,7 @@
 #include "Beside.h"
 #include "ButtonFace.h"
 #include "Command.h"
+#include "FilesBeside.h"
 #include "Forms.h"
 #include "Guard.h"
 #include "HelpKeys.h"
@@ -41,19 +42,6 @@
 #include <utility>
 
 namespace hearthbook {
-
-namespace {
-
-std::vector<std::filesystem::path> imageFiles(const Album& album,
-                                              const std::vector<std::string>& ids) {
-  std::vector<std::filesystem::path> files;
-  for (const std::string& id : ids)
-    if (const auto file = imagePath(album, id))
-      files.push_back(*file);
-  return files;
-}
-
-} // namespace
 
 DBeditor::DBeditor(Album& album, PictureLoader& loader, WorkPool& pool, Navigator& navigator,
                    HoverHelp& help)
@@ -284,15 +272,10 @@ void DBeditor::showNameFilter() {
   people_->setFilter(nameFilterEntries(people), chosen.empty() ? familyMembersEntry : chosen);
 }
 
-/// Looking for the photo disc of a neighbour may wait for its drive.
 void DBeditor::decodeNeighbours() {
   passOver([&] {
-    runBeside(
-        pool_, this,
-        [&album = std::as_const(album_), ids = neighbourIds(photos_)] {
-          return imageFiles(album, ids);
-        },
-        [this](const auto& files) { picture_->decodeAhead(files); });
+    findFilesBeside(pool_, this, album_, neighbourIds(photos_), imagePath,
+                    [this](const auto& files) { picture_->decodeAhead(files); });
   });
 }
 

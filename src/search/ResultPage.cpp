@@ -1,9 +1,11 @@
 #include "ResultPage.h"
 
+#include "PassOver.h"
 #include "PhotoFiles.h"
 #include "ResultPaging.h"
 
 #include <algorithm>
+#include <optional>
 
 namespace hearthbook {
 
@@ -19,28 +21,40 @@ std::string nameBehindDash(const Value& id, Recordset& names, const std::string&
 }
 
 std::string toolTipOf(const Recordset& photos, AlbumData& data) {
-  return photos.Collect("Year").toText() +
-         nameBehindDash(photos.Collect("PlaceID"), data.rsPlaces, "PlaceID", "PlaceName") +
-         nameBehindDash(photos.Collect("EventID"), data.rsEvents, "EventID", "EventName");
+  std::string tip;
+  passOver([&] { tip += photos.Collect("Year").toText(); });
+  passOver([&] {
+    tip += nameBehindDash(photos.Collect("PlaceID"), data.rsPlaces, "PlaceID", "PlaceName");
+  });
+  passOver([&] {
+    tip += nameBehindDash(photos.Collect("EventID"), data.rsEvents, "EventID", "EventName");
+  });
+  return tip;
+}
+
+PictureSource pictureOf(const Recordset& photos, Album& album) {
+  std::optional<PictureSource> picture;
+  passOver([&] {
+    resolveThumbnail(album, photos.Collect("PictureID").toText());
+    picture = album.vars.ImagePicture;
+  });
+  return picture ? *picture : PictureSource{notFoundPicture(album), false};
 }
 
 ResultPhoto readPhoto(Album& album) {
   const Recordset& photos = *album.vars.rsSearch;
-  resolveThumbnail(album, photos.Collect("PictureID").toText());
-  ResultPhoto photo{photos.AbsolutePosition(), album.vars.ImagePicture, {}, false};
-  photo.toolTip = toolTipOf(photos, album.data);
-  photo.isSelected = album.vars.selection.contains(photo.position);
-  return photo;
+  const std::int64_t position = photos.AbsolutePosition();
+  return {position, pictureOf(photos, album), toolTipOf(photos, album.data),
+          album.vars.selection.contains(position)};
 }
 
-void addThumbnails(const Album& album, std::int64_t first, std::int64_t last,
-                   std::vector<std::filesystem::path>& files) {
-  const auto walker = album.vars.rsSearch->Clone();
+void addIds(const Recordset& result, std::int64_t first, std::int64_t last,
+            std::vector<std::string>& ids) {
+  const auto walker = result.Clone();
   const std::int64_t end = std::min(last, walker->RecordCount());
   for (std::int64_t position = std::max<std::int64_t>(1, first); position <= end; ++position) {
     walker->Move(position - 1, Recordset::Start::First);
-    if (const auto file = thumbnailPath(album, walker->Collect("PictureID").toText()))
-      files.push_back(*file);
+    ids.push_back(walker->Collect("PictureID").toText());
   }
 }
 
@@ -49,23 +63,26 @@ void addThumbnails(const Album& album, std::int64_t first, std::int64_t last,
 std::vector<ResultPhoto> readResultPage(Album& album, const std::function<void(int)>& filled) {
   std::vector<ResultPhoto> page;
   PublicVar& vars = album.vars;
-  while (page.size() < resultsPerPage && !vars.rsSearch->atEOF()) {
-    page.push_back(readPhoto(album));
-    vars.PagePositions[page.size() - 1] = page.back().position;
-    vars.rsSearch->MoveNext();
-    vars.PageThumbCount = static_cast<std::int16_t>(page.size());
-    filled(vars.PageThumbCount);
-  }
+  // Where it cannot go on, the page ends with the photos whose positions are noted.
+  passOver([&] {
+    while (page.size() < resultsPerPage && !vars.rsSearch->atEOF()) {
+      page.push_back(readPhoto(album));
+      vars.PagePositions[page.size() - 1] = page.back().position;
+      vars.PageThumbCount = static_cast<std::int16_t>(page.size());
+      vars.rsSearch->MoveNext();
+      filled(vars.PageThumbCount);
+    }
+  });
   return page;
 }
 
-std::vector<std::filesystem::path> neighbourThumbnails(const Album& album) {
-  std::vector<std::filesystem::path> files;
-  const std::int64_t first = album.vars.PagePositions[0].toInteger();
-  const std::int64_t behind = first + album.vars.PageThumbCount;
-  addThumbnails(album, behind, behind + resultsPerPage - 1, files);
-  addThumbnails(album, first - resultsPerPage, first - 1, files);
-  return files;
+std::vector<std::string> neighbourIdsOfPage(const PublicVar& vars) {
+  std::vector<std::string> ids;
+  const std::int64_t first = vars.PagePositions[0].toInteger();
+  const std::int64_t behind = first + vars.PageThumbCount;
+  addIds(*vars.rsSearch, behind, behind + resultsPerPage - 1, ids);
+  addIds(*vars.rsSearch, first - resultsPerPage, first - 1, ids);
+  return ids;
 }
 
 } // namespace hearthbook

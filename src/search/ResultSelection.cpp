@@ -51,7 +51,7 @@ void ResultSelection::clear() {
 void ResultSelection::show() {
   const int count = vars_.selection.SelectedCount;
   showFrames();
-  showBatchEdit();
+  enableBatchEdit();
   commands_.addToSubAlbum->setText(count > 0 ? QStringLiteral("Add To Sub-Album")
                                              : QStringLiteral("Add All To Sub-Album"));
   commands_.clear->setEnabled(count > 0);
@@ -63,7 +63,7 @@ void ResultSelection::showFrames() {
     grid_.setSelected(cell, grid_.hasPhoto(cell) && vars_.selection.contains(positionIn(cell)));
 }
 
-void ResultSelection::showBatchEdit() {
+void ResultSelection::enableBatchEdit() {
   commands_.batchEdit->setEnabled(vars_.selection.SelectedCount > 0);
 }
 

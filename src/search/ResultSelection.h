@@ -33,7 +33,7 @@ public:
   void clear();
 
   /// Another page is on the screen.
-  void showBatchEdit();
+  void enableBatchEdit();
   /// There is nothing that could be cleared: of the selection a new result has none, and one
   /// without records keeps the former unseen.
   void disableClear();

@@ -5,12 +5,14 @@
 #include "Command.h"
 #include "CriteriaLists.h"
 #include "EditResults.h"
+#include "FilesBeside.h"
 #include "Forms.h"
 #include "Guard.h"
 #include "HelpKeys.h"
 #include "Look.h"
 #include "MsgBox.h"
 #include "Numbers.h"
+#include "PassOver.h"
 #include "People.h"
 #include "PhotoFiles.h"
 #include "Pointer.h"
@@ -42,7 +44,7 @@ void tellNoMoreRecords() { MsgBox(QStringLiteral("No More Records!")); }
 
 Search::Search(Album& album, PictureLoader& loader, WorkPool& pool, HoverHelp& help,
                SearchWindows windows)
-    : Form(QStringLiteral("Search"), Kind::Work), album_(album), help_(help),
+    : Form(QStringLiteral("Search"), Kind::Work), album_(album), pool_(pool), help_(help),
       windows_(std::move(windows)), stage_(new Stage(workFormSize, this)),
       ui(std::make_unique<Ui::Search>()) {
   ui->setupUi(this);
@@ -155,7 +157,7 @@ void Search::RunSearch() {
 }
 
 void Search::noteSearch(const SearchCriteria& criteria, const std::string& summary) {
-  last_ = criteria;
+  searched_ = criteria;
   Tag = toQString(summary);
   album_.vars.SearchSummary = summary;
 }
@@ -212,10 +214,12 @@ void Search::ComposeResultPage() { composePage(searchInProgress); }
 
 void Search::composePage(const QString& progressCaption) {
   const Hourglass hourglass;
-  showPage(readPage(progressCaption));
-  enableResultCommands(album_.vars.rsSearch->RecordCount() > 0);
-  selection_->showBatchEdit();
-  ui->PosLabel->setText(toQString(resultPaging(*album_.vars.rsSearch, album_.vars).label()));
+  passOver([&] { showPage(readPage(progressCaption)); });
+  passOver([&] { enableResultCommands(album_.vars.rsSearch->RecordCount() > 0); });
+  passOver([&] { selection_->enableBatchEdit(); });
+  passOver([&] {
+    ui->PosLabel->setText(toQString(resultPaging(*album_.vars.rsSearch, album_.vars).label()));
+  });
   // What is on the screen comes first; its neighbours can wait for the next idle moment.
   QTimer::singleShot(0, this, &Search::decodeNeighbours);
 }
@@ -242,7 +246,10 @@ void Search::showPage(const std::vector<ResultPhoto>& page) {
 }
 
 void Search::decodeNeighbours() {
-  passOver([&] { ui->resultGrid->decodeAhead(neighbourThumbnails(album_)); });
+  passOver([&] {
+    findFilesBeside(pool_, this, album_, neighbourIdsOfPage(album_.vars), thumbnailPath,
+                    [this](const auto& files) { ui->resultGrid->decodeAhead(files); });
+  });
 }
 
 bool Search::isWaitingForPictures() const { return ui->resultGrid->isWaiting(); }
@@ -301,8 +308,11 @@ void Search::rowsChanged(const RowsChanged& change) {
 void Search::returnToPage(std::int64_t row) {
   Recordset& result = *album_.vars.rsSearch;
   result.Requery();
-  if (result.RecordCount() < 1)
+  const QString updating = QStringLiteral("Updating Search Results, Please Wait");
+  if (result.RecordCount() < 1) {
+    composePage(updating);
     return showNothingFound();
+  }
   if (result.RecordCount() == 1) {
     result.MoveFirst();
     composePage(searchInProgress);
@@ -312,7 +322,7 @@ void Search::returnToPage(std::int64_t row) {
     result.Move(row, Recordset::Start::First);
     if (result.atEOF())
       result.MoveFirst();
-    composePage(QStringLiteral("Updating Search Results, Please Wait"));
+    composePage(updating);
   }
   selection_->disableClear();
 }
@@ -331,7 +341,7 @@ void Search::edit() {
 
 void Search::batchEdit() {
   auto& batch = Forms::get<BatchEdit>();
-  batch.workOn(last_);
+  batch.workOn(searched_);
   batch.ShowModal();
 }
 

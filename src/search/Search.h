@@ -98,12 +98,13 @@ private:
   void zoom(int cell);
 
   Album& album_;
+  WorkPool& pool_;
   HoverHelp& help_;
   SearchWindows windows_;
   Stage* stage_;
   std::unique_ptr<Ui::Search> ui;
   ResultSelection* selection_;
-  SearchCriteria last_; ///< of the search whose result rsSearch is
+  SearchCriteria searched_; ///< of the search whose result rsSearch is
 };
 
 } // namespace hearthbook

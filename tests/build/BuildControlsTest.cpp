@@ -1,7 +1,7 @@
 #include "ControlChecks.h"
 #include "EditorControls.h"
 #include "EditorFixture.h"
-#include "TestPictures.h"
+#include "FaceChecks.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -10,9 +10,7 @@
 #include <QPlainTextEdit>
 #include <QProgressBar>
 
-#include <map>
 #include <string>
-#include <utility>
 #include <vector>
 
 namespace hearthbook::test {
@@ -43,8 +41,7 @@ const Control pickerControls[] = {
     {"Text1", "QPlainTextEdit"},
 };
 
-/// The editor's buttons by the picture of their face.
-const std::pair<const char*, std::vector<const char*>> editorFaces[] = {
+const Faces editorFaces = {
     {"Btn_Gry.jpg",
      {"FindPhoto", "Command18", "Command7", "Command6", "Command8", "PrevPhoto", "NextPhoto"}},
     {"Btn_Org.jpg", {"Command1", "Command5", "Command13", "Command14", "Command15"}},
@@ -54,14 +51,7 @@ const std::pair<const char*, std::vector<const char*>> editorFaces[] = {
     {"Btn_Ylw.jpg", {"markName", "Command12"}},
 };
 
-class BuildControls : public EditorFixture {
-protected:
-  /// The colour of a button beside its caption.
-  static QColor faceOf(QWidget& button) {
-    button.setEnabled(true);
-    return button.grab().toImage().pixelColor(button.width() / 2, 4);
-  }
-};
+class BuildControls : public EditorFixture {};
 
 } // namespace
 
@@ -76,19 +66,8 @@ TEST_F(BuildControls, AddFromFileHasEachOfItsControlsOnce) {
 }
 
 TEST_F(BuildControls, EachButtonOfTheEditorTakesItsFaceFromMedia) {
-  unsigned colour = 0xd0a060;
-  std::map<std::string, unsigned> colours;
-  for (const auto& [file, buttons] : editorFaces) {
-    colours[file] = colour;
-    test::writeJpeg(at("Media") / file, 32, 16, colour);
-    colour += 0x040c14;
-  }
-  const auto& editor = openEditor();
-  for (const auto& [file, buttons] : editorFaces)
-    for (const char* name : buttons) {
-      const QColor face = faceOf(*control<QWidget>(editor, name));
-      EXPECT_LT(distance(face.rgb(), 0xff000000U | colours[file]), 4) << name;
-    }
+  paintFaces(at("Media"), editorFaces);
+  expectFaces(openEditor(), editorFaces);
 }
 
 TEST_F(BuildControls, EveryHelpKeyHasItsRow) {

@@ -22,6 +22,7 @@
 
 #include <functional>
 #include <future>
+#include <latch>
 #include <memory>
 
 namespace hearthbook::test {
@@ -100,6 +101,21 @@ protected:
     for (int thread = 0; thread < pool_.threads(); ++thread)
       pool_.post([isFree] { isFree.wait(); }, true);
     return [free] { free->set_value(); };
+  }
+
+  /// Lets all be done that is only done ahead: one picture to each turn.
+  void awaitPicturesAhead() {
+    for (int turn = 0; turn < 30; ++turn) {
+      QCoreApplication::processEvents();
+      awaitPool();
+    }
+  }
+  /// When all of its threads have met, nothing that was begun before is still running.
+  void awaitPool() {
+    const auto met = std::make_shared<std::latch>(pool_.threads() + 1);
+    for (int thread = 0; thread < pool_.threads(); ++thread)
+      pool_.post([met] { met->arrive_and_wait(); });
+    met->arrive_and_wait();
   }
 
   Recordset& photos() { return data().rsPhotoAlbum; }

@@ -65,6 +65,52 @@ TEST_F(BatchOverSearch, DeletingAllPhotosOfAResultLeavesSearchWithoutRecords) {
   EXPECT_EQ(photos().RecordCount(), 1);
 }
 
+TEST_F(BatchOverSearch, WhereNoPhotoIsLeftTheUpdateIsSeenBeforeItIsSaid) {
+  const auto& search = searchHolidays(1);
+  QStringList captions;
+  Forms::provide<Progress>([&] {
+    auto* progress = new Progress;
+    QObject::connect(progress, &QWidget::windowTitleChanged, progress,
+                     [&](const QString& caption) { captions << caption; });
+    return progress;
+  });
+  click(search, 0);
+  expectDeletionAnswered(1);
+  boxes_.expectMessage(toQString("No Records Found!"));
+  inBatch([](const BatchEdit& batch) { EditorFixture::press(batch, "Command5"); });
+  press(search, "Command11");
+  ASSERT_FALSE(captions.isEmpty());
+  EXPECT_EQ(captions.back(), toQString("Updating Search Results, Please Wait"));
+  EXPECT_EQ(labelOf(search, "PosLabel"), "No Records");
+  Forms::provide<Progress>([] { return new Progress; });
+}
+
+TEST_F(BatchOverSearch, BehindThePagesThatANumberCanTellItReportsThatAndChangesNothing) {
+  data().AlbumDB.execute(
+      "WITH RECURSIVE n(i) AS (SELECT 2 UNION ALL SELECT i + 1 FROM n WHERE i < 33000) "
+      "INSERT INTO PhotoAlbum (PictureID) SELECT printf('HD%05d', i) FROM n");
+  const auto& search = searchAmong(1);
+  press(search, "Command13");
+  EXPECT_EQ(labelOf(search, "PosLabel"), "32977 to 33000 of 33000");
+  click(search, 0);
+  inBatch([&](const BatchEdit& batch) {
+    control<QLineEdit>(batch, "Year")->setText(toQString("1991"));
+    boxes_.expectQuestion(toQString("Are you sure you want to Update 1 selected records?"), {},
+                          MsgIcon::None, MsgButtons::YesNo, MsgAnswer::Yes);
+    boxes_.expectFailure(toQString("too large"));
+    EditorFixture::press(batch, "Command4");
+    boxes_.expectQuestion(toQString("Are you sure you want to delete 1 selected records?\n"
+                                    "The files will be deleted as well!"),
+                          {}, MsgIcon::Exclamation, MsgButtons::YesNo, MsgAnswer::Yes);
+    boxes_.expectFailure(toQString("too large"));
+    EditorFixture::press(batch, "Command5");
+  });
+  press(search, "Command11");
+  EXPECT_TRUE(boxes_.isDone());
+  EXPECT_TRUE(stored("HD32977", "Year").isNull());
+  EXPECT_EQ(labelOf(search, "PosLabel"), "32977 to 33000 of 33000");
+}
+
 TEST_F(BatchOverSearch, DeletedPhotosLeaveThePageOnWhichTheyStood) {
   const auto& search = searchHolidays(30);
   press(search, "Command2");

@@ -1,4 +1,5 @@
 #include "ControlChecks.h"
+#include "FaceChecks.h"
 #include "SearchFixture.h"
 
 namespace hearthbook::test {
@@ -38,12 +39,24 @@ const Control searchControls[] = {
     {"Command9", "QPushButton", "Done", "Done"},
 };
 
+const Faces searchFaces = {
+    {"Btn_Grn.jpg", {"Command1"}},
+    {"Btn_Gry.jpg", {"Command2", "Command3", "Command12", "Command13"}},
+    {"Btn_Org.jpg", {"Command4", "Command5", "Command10", "Command11", "Command14"}},
+    {"Btn_Brn.jpg", {"Command9"}},
+};
+
 class SearchControls : public SearchFixture {};
 
 } // namespace
 
 TEST_F(SearchControls, TheFormHasEachOfItsControlsOnce) {
   expectControls(openSearch(), "Search Album", searchControls);
+}
+
+TEST_F(SearchControls, EachButtonTakesItsFaceFromMedia) {
+  paintFaces(at("Media"), searchFaces);
+  expectFaces(openSearch(), searchFaces);
 }
 
 TEST_F(SearchControls, The24ThumbnailsHaveTheirFramesAndOneHelp) {

@@ -125,6 +125,17 @@ protected:
       filled += cell(search, index).hasPhoto() ? 1 : 0;
     return filled;
   }
+  /// The colour in the middle of a cell's picture.
+  static QRgb colourOf(const Search& search, int index) {
+    const Picture& picture = cell(search, index).picture();
+    if (picture.isNull())
+      return 0;
+    return picture.row(picture.size().height / 2)[picture.size().width / 2];
+  }
+  static std::string tipOf(const Search& search, int index) {
+    return toUtf8(cell(search, index).toolTip());
+  }
+  static std::string position(const Search& search) { return labelOf(search, "PosLabel"); }
   static void choose(const Search& search, const char* list, const char* entry) {
     auto* items = control<QListWidget>(search, list);
     for (auto* item : items->findItems(toQString(entry), Qt::MatchExactly))

@@ -124,6 +124,8 @@ TEST_F(SearchForm, ClearSelectionChoosesNothingInItsListAlone) {
   EXPECT_EQ(chosen(search, "List1"), 0);
   EXPECT_EQ(chosen(search, "List2"), 1);
   press(search, "Command6"); // with nothing chosen
+  EXPECT_EQ(chosen(search, "List1"), 0);
+  EXPECT_EQ(chosen(search, "List2"), 1);
   press(search, "Command7");
   EXPECT_EQ(chosen(search, "List2"), 0);
   EXPECT_EQ(chosen(search, "List3"), 1);
@@ -238,6 +240,9 @@ TEST_F(SearchForm, SaysWhereNothingIsFound) {
   EXPECT_EQ(search.caption(), toQString("No Results For: From 2000 To 1990"));
   EXPECT_EQ(labelOf(search, "PosLabel"), "No Records");
   EXPECT_EQ(filledCells(search), 0);
+  for (int index = 0; index < resultsPerPage; ++index)
+    EXPECT_FALSE(cell(search, index).hasPicture()) << index;
+  EXPECT_EQ(vars().PageThumbCount, 24); // as the page before left it
   for (const char* command : {"Command2", "Command3", "Command12", "Command13", "Command4",
                               "Command5", "Command10", "Command14"})
     EXPECT_FALSE(isEnabled(search, command)) << command;
@@ -295,6 +300,30 @@ TEST_F(SearchForm, ReportsASearchThatTheDatabaseRefusesAndKeepsTheResultThatWasT
   type(search, "FromYear", "");
   press(search, "Command1");
   EXPECT_EQ(labelOf(search, "PosLabel"), "1 to 24 of 60");
+}
+
+TEST_F(SearchForm, ARefusedSearchLeavesTheSummaryAndTheGuardsOfTheResultThatIsThere) {
+  const auto lake = folder_.addPlace("Lake");
+  folder_.addPhoto("HD00002", {{"PlaceID", lake}});
+  auto& search = openSearch();
+  choose(search, "List1", "Lake");
+  press(search, "Command1");
+  press(search, "Command6");
+  type(search, "FromYear", "1,990");
+  boxes_.expectFailure(toQString("1,990"));
+  press(search, "Command1");
+  EXPECT_EQ(search.Tag, toQString("Lake, "));
+  EXPECT_EQ(vars().SearchSummary, "Lake, ");
+
+  click(search, 0);
+  inBatch([this](const BatchEdit& batch) {
+    control<DataCombo>(batch, "PlacesDrp")->setText(toQString("Lake"));
+    boxes_.expectMessage(toQString("Can't delete Place that is in the search criteria"),
+                         toQString("Delete Event"));
+    EditorFixture::press(batch, "Command7");
+  });
+  press(search, "Command11");
+  EXPECT_TRUE(boxes_.isDone());
 }
 
 TEST_F(SearchForm, ReportsARefusalBeforeTheFirstSearchToo) {

@@ -10,7 +10,6 @@
 #include <QFrame>
 #include <QPushButton>
 
-#include <latch>
 #include <memory>
 #include <string>
 #include <vector>
@@ -85,20 +84,6 @@ protected:
   }
   static void clickIcon(const Viewer& viewer, const char* family, int cell) {
     FormControls::press(viewer, toUtf8(familyName(family, cell)).c_str());
-  }
-  /// Lets all be done that is only done ahead: one picture to each turn.
-  void awaitPicturesAhead() {
-    for (int turn = 0; turn < 30; ++turn) {
-      QCoreApplication::processEvents();
-      awaitPool();
-    }
-  }
-  /// When all of its threads have met, nothing that was begun before is still running.
-  void awaitPool() {
-    const auto met = std::make_shared<std::latch>(pool_.threads() + 1);
-    for (int thread = 0; thread < pool_.threads(); ++thread)
-      pool_.post([met] { met->arrive_and_wait(); });
-    met->arrive_and_wait();
   }
 
   void execute(const std::string& statement) { data().AlbumDB.execute(statement); }
