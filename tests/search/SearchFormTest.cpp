@@ -1,5 +1,6 @@
 #include "SearchFixture.h"
 
+#include "BoundControls.h"
 #include "ProgressNote.h"
 
 namespace hearthbook::test {
@@ -320,7 +321,7 @@ TEST_F(SearchForm, ARefusedSearchLeavesTheSummaryAndTheGuardsOfTheResultThatIsTh
     control<DataCombo>(batch, "PlacesDrp")->setText(toQString("Lake"));
     boxes_.expectMessage(toQString("Can't delete Place that is in the search criteria"),
                          toQString("Delete Event"));
-    EditorFixture::press(batch, "Command7");
+    EditorFixture::press(batch, "Command13");
   });
   press(search, "Command11");
   EXPECT_TRUE(boxes_.isDone());
