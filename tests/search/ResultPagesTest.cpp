@@ -233,7 +233,8 @@ TEST_F(ResultPages, ComposingStartsFromTheRowOnWhichTheResultStands) {
 TEST_F(ResultPages, TheLastPageOfAHundredThousandResultsIsThere) {
   data().AlbumDB.execute(
       "WITH RECURSIVE n(i) AS (SELECT 2 UNION ALL SELECT i + 1 FROM n WHERE i < 100000) "
-      "INSERT INTO PhotoAlbum (PictureID) SELECT printf('HD%05d', i) FROM n");
+      "INSERT INTO PhotoAlbum (PictureID) "
+      "SELECT CASE i WHEN 100000 THEN 'CD00001' ELSE printf('HD%05d', i) END FROM n");
   const auto& search = searchAmong(1);
   EXPECT_EQ(position(search), "1 to 24 of 100000");
   press(search, "Command13");
