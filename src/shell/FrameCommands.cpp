@@ -1,6 +1,7 @@
 #include "FrameCommands.h"
 
 #include "AddSubAlbum.h"
+#include "AlbumPages.h"
 #include "BuildAlbum.h"
 #include "DBeditor.h"
 #include "Forms.h"
@@ -92,7 +93,7 @@ void FrameCommands::viewAlbum(int albumId, const QString& name) {
   if (!closed)
     return;
   if (opened)
-    show(*opened);
+    showAlbumPages(*opened);
   else
     tellEmptyAlbum();
 }
@@ -100,17 +101,13 @@ void FrameCommands::viewAlbum(int albumId, const QString& name) {
 void FrameCommands::viewFromStart(int albumId, const QString& name,
                                   const std::function<void()>& aboutToShow) {
   std::optional<OpenedAlbum> opened;
+  closeAlbumPages();
   underAlbumProgress([&] { opened = openAlbumInSight(albumId, toUtf8(name)); });
   if (!opened)
     return tellEmptyAlbum();
   opened->caption = "Viewing Album: " + toUtf8(name);
   aboutToShow();
-  show(*opened);
-}
-
-void FrameCommands::show(const OpenedAlbum& opened) {
-  if (services_.albumView)
-    services_.albumView->show(opened);
+  showAlbumPages(*opened);
 }
 
 std::optional<OpenedAlbum> FrameCommands::openAlbumInSight(int albumId, const std::string& name) {

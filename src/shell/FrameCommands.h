@@ -14,18 +14,10 @@ class QMainWindow;
 
 namespace hearthbook {
 
-/// The album pages, as the frame opens them.
-class AlbumView {
-public:
-  virtual ~AlbumView() = default;
-  virtual void show(const OpenedAlbum& album) = 0; ///< rsViewer stands on its photos
-};
-
 /// What the shell is given from outside. An empty member means that the program does not have
 /// it: the commands that need it are there and disabled.
 struct ShellServices {
   std::function<bool(const std::filesystem::path&)> openDocument; ///< in the desktop's viewer
-  AlbumView* albumView = nullptr;
 };
 
 /// The commands of the menu and of the start screen.
@@ -33,8 +25,6 @@ class FrameCommands : public QObject {
   Q_OBJECT
 public:
   FrameCommands(Album& album, ShellServices services, QMainWindow& frame);
-
-  [[nodiscard]] bool canViewAlbums() const { return services_.albumView != nullptr; }
 
   void quit();
   void buildFromMenu();  ///< on the first photo without a year
@@ -56,7 +46,6 @@ Q_SIGNALS:
   void helpSwitched();
 
 private:
-  void show(const OpenedAlbum& opened);
   std::optional<OpenedAlbum> openAlbumInSight(int albumId, const std::string& name);
 
   Album& album_;

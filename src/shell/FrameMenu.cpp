@@ -86,7 +86,6 @@ void FrameMenu::addAlbum(int albumId, const QString& name) {
   entry->setObjectName(QStringLiteral("mnuSubAlbums"));
   entry->setData(albumId);
   entry->setIconText(name);
-  entry->setEnabled(commands_.canViewAlbums());
   onCommand(entry, &commands_,
             [this, entry] { commands_.viewAlbum(idOf(*entry), entry->iconText()); });
   insertAlbum(entry);

@@ -3,6 +3,7 @@
 #include "AddAudio.h"
 #include "AddSubAlbum.h"
 #include "Album.h"
+#include "AlbumPages.h"
 #include "BatchEdit.h"
 #include "DBeditor.h"
 #include "Forms.h"
@@ -15,6 +16,7 @@
 #include "Progress.h"
 #include "Search.h"
 #include "Startup.h"
+#include "Viewer.h"
 #include "YearWizard.h"
 #include "Zoom.h"
 #include "ZoomWindow.h"
@@ -30,10 +32,9 @@ StartupCommands startupCommands(FrameCommands& commands) {
   StartupCommands start;
   start.build = [&commands] { commands.buildFromStart(); };
   start.search = [&commands] { commands.searchFromStart(); };
-  if (commands.canViewAlbums())
-    start.viewAlbum = [&commands](int albumId, const QString& name, const auto& aboutToShow) {
-      commands.viewFromStart(albumId, name, aboutToShow);
-    };
+  start.viewAlbum = [&commands](int albumId, const QString& name, const auto& aboutToShow) {
+    commands.viewFromStart(albumId, name, aboutToShow);
+  };
   start.exit = [&commands] { commands.quit(); };
   return start;
 }
@@ -42,6 +43,8 @@ SearchWindows searchWindows() {
   SearchWindows windows;
   windows.showZoom = showZoom;
   windows.addToSubAlbum = addResultToSubAlbum;
+  windows.unloadViewer = closeAlbumPages;
+  windows.showViewer = showResultPages;
   return windows;
 }
 
@@ -78,6 +81,8 @@ Wiring::Wiring(Album& album, MDIForm1& frame)
       [this, &album, &frame] { return new DBeditor(album, loader_, pool_, frame, help_); });
   Forms::provide<Search>(
       [this, &album] { return new Search(album, thumbnails_, pool_, help_, searchWindows()); });
+  Forms::provide<Viewer>(
+      [this, &album] { return new Viewer(album, loader_, pool_, help_, ViewerWindows()); });
   Forms::provide<Zoom>([this, &album] { return new Zoom(album, largePhotos_, pool_, help_); });
   Forms::provide<FullScreen>([this, &album] { return new FullScreen(album, largePhotos_, pool_); });
   Forms::provide<BatchEdit>([&album] { return new BatchEdit(album); });

@@ -148,12 +148,5 @@ TEST_F(FrameMenuTest, AnAmpersandInAnAlbumsNameIsShown) {
   EXPECT_EQ(menu.album(7)->text(), QStringLiteral("Tom && Anna"));
 }
 
-TEST_F(FrameMenuTest, AlbumsAreDisabledWhereThereIsNothingToShowThem) {
-  menu.addAlbum(7, QStringLiteral("Lake"));
-
-  EXPECT_FALSE(menu.album(0)->isEnabled());
-  EXPECT_FALSE(menu.album(7)->isEnabled());
-}
-
 } // namespace
 } // namespace hearthbook

@@ -12,6 +12,7 @@
 #include "ShellFixture.h"
 #include "Startup.h"
 #include "Text.h"
+#include "Viewer.h"
 #include "Wiring.h"
 #include "frmAbout.h"
 
@@ -25,13 +26,6 @@
 
 namespace hearthbook {
 namespace {
-
-/// Notes what it is asked to show.
-class NotedAlbumView : public AlbumView {
-public:
-  void show(const OpenedAlbum& album) override { shown.push_back(album); }
-  std::vector<OpenedAlbum> shown;
-};
 
 /// Answers messages and notes whether Progress was there then.
 class LookBehindTheMessage : public BoxPlayer {
@@ -67,11 +61,17 @@ protected:
       documents.push_back(document);
       return desktopAnswers;
     };
-    services.albumView = albumView;
     frame = std::make_unique<MDIForm1>(album(), services);
     wiring = std::make_unique<Wiring>(album(), *frame);
     frame->open();
     ASSERT_TRUE(QTest::qWaitForWindowExposed(frame.get()));
+  }
+
+  /// Caption and Tag of the album pages; empty where there are none.
+  static QStringList shownPages() {
+    const auto* viewer = Forms::loaded<Viewer>();
+    return viewer && viewer->isShown() ? QStringList{viewer->caption(), viewer->Tag}
+                                       : QStringList();
   }
 
   QAction* item(const char* name) { return frame->menu().item(name); }
@@ -84,8 +84,6 @@ protected:
   }
 
   ShellServices services;
-  NotedAlbumView view;
-  AlbumView* albumView = &view;
   std::vector<std::filesystem::path> documents;
   bool desktopAnswers = true;
   std::unique_ptr<MDIForm1> frame;
@@ -158,7 +156,9 @@ TEST_F(MDIForm1Test, AnAlbumIsShownAsOpened) {
 
   frame->menu().album(7)->trigger();
 
-  EXPECT_EQ(view.shown, (std::vector<OpenedAlbum>{{"Viewing Album: Lake", "7", true}}));
+  EXPECT_EQ(shownPages(),
+            (QStringList{QStringLiteral("Viewing Album: Lake"), QStringLiteral("7")}));
+  EXPECT_EQ(frame->activeForm(), Forms::loaded<Viewer>());
   EXPECT_EQ(album().vars.chosenAlbum.id, 7);
   EXPECT_EQ(album().vars.chosenAlbum.name, "Lake");
   EXPECT_FALSE(Forms::loaded<Progress>());
@@ -173,7 +173,8 @@ TEST_F(MDIForm1Test, TheStartScreenOpensAnAlbumUnderTheTextOfItsRow) {
   albums.setRow(1);
   QTest::keyClick(&albums, Qt::Key_Return);
 
-  EXPECT_EQ(view.shown, (std::vector<OpenedAlbum>{{"Viewing Album: Master Album", "0", false}}));
+  EXPECT_EQ(shownPages(),
+            (QStringList{QStringLiteral("Viewing Album: Master Album"), QStringLiteral("0")}));
   EXPECT_EQ(album().vars.chosenAlbum.name, "Master Album");
   EXPECT_FALSE(albums.isVisible());
   EXPECT_FALSE(Forms::loaded<Progress>());
@@ -192,17 +193,9 @@ TEST_F(MDIForm1Test, AnEmptyAlbumLeavesThePickerOfTheStartScreenOpen) {
   QTest::keyClick(&albums, Qt::Key_Return);
 
   EXPECT_TRUE(boxes.isDone());
-  EXPECT_TRUE(view.shown.empty());
+  EXPECT_TRUE(shownPages().isEmpty());
   EXPECT_TRUE(albums.isVisible());
   EXPECT_EQ(album().vars.chosenAlbum.id, 3);
-}
-
-TEST_F(MDIForm1Test, WithoutAlbumPagesTheStartScreenOffersNone) {
-  albumView = nullptr;
-  openFrame();
-
-  EXPECT_FALSE(
-      Forms::get<Startup>().findChild<PictureCommand*>(QStringLiteral("Image5"))->isEnabled());
 }
 
 TEST_F(MDIForm1Test, AnEmptyAlbumLeavesTheStartScreenWithEveryWorkFormClosed) {
@@ -215,7 +208,7 @@ TEST_F(MDIForm1Test, AnEmptyAlbumLeavesTheStartScreenWithEveryWorkFormClosed) {
   frame->menu().album(3)->trigger();
 
   EXPECT_TRUE(boxes.isDone());
-  EXPECT_TRUE(view.shown.empty());
+  EXPECT_TRUE(shownPages().isEmpty());
   EXPECT_EQ(openForms(), QStringList{QStringLiteral("Startup")});
   EXPECT_EQ(frame->activeForm(), &Forms::get<Startup>());
 }
@@ -269,7 +262,7 @@ TEST_F(MDIForm1Test, TheProgressOfAnAlbumIsThereBeforeTheWorkFormsClose) {
   frame->menu().album(7)->trigger();
 
   EXPECT_EQ(seen, QStringLiteral("Processing Album, Please Wait"));
-  EXPECT_EQ(view.shown.size(), 1U);
+  EXPECT_FALSE(shownPages().isEmpty());
   EXPECT_FALSE(Forms::loaded<Progress>());
 }
 
@@ -299,12 +292,24 @@ TEST_F(MDIForm1Test, ASecondStartBringsTheMinimisedFrameForward) {
   EXPECT_TRUE(QTest::qWaitForWindowActive(frame.get()));
 }
 
-TEST_F(MDIForm1Test, WithoutAlbumPagesTheEntriesAreThereAndDisabled) {
-  albumView = nullptr;
+TEST_F(MDIForm1Test, TheMasterAlbumHasACaptionOfItsOwnInTheMenu) {
   openFrame();
 
-  EXPECT_FALSE(frame->menu().album(0)->isEnabled());
-  EXPECT_FALSE(frame->menu().album(7)->isEnabled());
+  frame->menu().album(0)->trigger();
+
+  EXPECT_EQ(shownPages(),
+            (QStringList{QStringLiteral("Viewing Master Album"), QStringLiteral("0")}));
+}
+
+TEST_F(MDIForm1Test, AnotherAlbumTakesThePlaceOfTheOneBefore) {
+  openFrame();
+  frame->menu().album(0)->trigger();
+  const QPointer<Viewer> former(&Forms::get<Viewer>());
+
+  frame->commands().viewFromStart(7, QStringLiteral("Lake"), [] {});
+
+  EXPECT_NE(Forms::loaded<Viewer>(), former.data());
+  EXPECT_EQ(shownPages().value(0), QStringLiteral("Viewing Album: Lake"));
 }
 
 TEST_F(MDIForm1Test, GettingStartedOpensTheGuide) {
@@ -408,7 +413,7 @@ TEST_F(MDIForm1Test, AFormThatRefusesKeepsTheProgramOpen) {
   Forms::get<Stubborn>().Show();
 
   frame->menu().album(7)->trigger();
-  EXPECT_TRUE(view.shown.empty());
+  EXPECT_TRUE(shownPages().isEmpty());
   EXPECT_FALSE(Forms::loaded<Progress>());
 
   EXPECT_FALSE(frame->close());

@@ -9,6 +9,7 @@
 #include "ShellFixture.h"
 #include "Startup.h"
 #include "Text.h"
+#include "Viewer.h"
 #include "Wiring.h"
 #include "Zoom.h"
 
@@ -119,6 +120,46 @@ TEST_F(SearchCommandsTest, EditComesToTheFrontAndGoesBackToTheResult) {
   EXPECT_EQ(frame->activeForm(), &search);
 }
 
+TEST_F(SearchCommandsTest, ViewShowsTheResultPageByPageOverIt) {
+  choose("mnuSearch");
+  auto& search = Forms::get<Search>();
+  press(search, "Command1");
+  press(search, "Command4");
+  auto& viewer = Forms::get<Viewer>();
+  EXPECT_EQ(frame->activeForm(), &viewer);
+  EXPECT_EQ(viewer.caption(), QStringLiteral("Viewing Search Results For: ") + search.Tag);
+  EXPECT_EQ(album().vars.CallerForm, "Search");
+  EXPECT_EQ(album().vars.rsViewer->RecordCount(), 5);
+  EXPECT_EQ(album().vars.ViewPageCount, 4);
+  press(viewer, "Command4");
+  EXPECT_EQ(frame->activeForm(), &search);
+}
+
+TEST_F(SearchCommandsTest, ViewBeginsWithThePageOfTheSelectedPhoto) {
+  choose("mnuSearch");
+  auto& search = Forms::get<Search>();
+  press(search, "Command1");
+  album().vars.selection.select(5);
+  press(search, "Command4");
+  EXPECT_EQ(album().vars.ViewPageCount, 1);
+  press(search, "Command4"); // once more: of what is selected now
+  EXPECT_EQ(album().vars.ViewPageCount, 1);
+}
+
+TEST_F(SearchCommandsTest, EditedFromThePagesBothThePagesAndTheResultAreReadAgain) {
+  choose("mnuSearch");
+  auto& search = Forms::get<Search>();
+  press(search, "Command1");
+  press(search, "Command4");
+  press(Forms::get<Viewer>(), "Command3");
+  auto& editor = Forms::get<DBeditor>();
+  album().data.AlbumDB.execute("DELETE FROM PhotoAlbum WHERE PictureID = 'HD00003'");
+  press(editor, "Command4");
+  EXPECT_EQ(frame->activeForm(), Forms::loaded<Viewer>());
+  EXPECT_EQ(album().vars.rsViewer->RecordCount(), 4);
+  EXPECT_EQ(result().RecordCount(), 4);
+}
+
 TEST_F(SearchCommandsTest, NoShortcutOfAFormIsTakenByTheMenu) {
   QStringList taken;
   for (const MenuRow& row : menuTree())
@@ -127,8 +168,10 @@ TEST_F(SearchCommandsTest, NoShortcutOfAFormIsTakenByTheMenu) {
   choose("mnuSearch");
   press(Forms::get<Search>(), "Command1");
   press(Forms::get<Search>(), "Command5");
-  for (const Form* form :
-       {static_cast<Form*>(&Forms::get<Search>()), static_cast<Form*>(&Forms::get<DBeditor>())})
+  Forms::get<DBeditor>().Hide();
+  press(Forms::get<Search>(), "Command4");
+  for (const Form* form : std::initializer_list<Form*>{
+           &Forms::get<Search>(), &Forms::get<DBeditor>(), &Forms::get<Viewer>()})
     for (const auto* button : form->findChildren<QAbstractButton*>())
       EXPECT_FALSE(taken.contains(button->shortcut().toString()))
           << toUtf8(button->text()) << toUtf8(button->shortcut().toString());

@@ -1,0 +1,18 @@
+#pragma once
+
+#include "OpenAlbum.h"
+
+class QString;
+
+namespace hearthbook {
+
+/// Closes the album pages if they are open, before rsViewer becomes another set.
+void closeAlbumPages();
+
+/// Opens them on the album that was opened.
+void showAlbumPages(const OpenedAlbum& opened);
+
+/// Opens them on what Search has found.
+void showResultPages(const QString& caption);
+
+} // namespace hearthbook
