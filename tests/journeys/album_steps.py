@@ -9,6 +9,7 @@ from person import MENU_ITEMS, Person
 
 POSITION = re.compile(r"^-?\d+ of \d+$")
 THUMBNAIL = re.compile(r"^Photo \d+")
+ON_PAGE = re.compile(r"^Photo [1-4]\b")
 
 
 class Home:
@@ -300,6 +301,25 @@ def attach_recording(person, dialog):
     person.click(person.find("push button", "Attach Recording", within=dialog))
     say(person, person.box("Add Audio"), "OK")
     person.closed(dialog)
+
+
+def open_album(person, name, pages):
+    """Opens the pages of an album from the menu, and waits for the first of them."""
+    person.menu("Tools", "View Albums", name)
+    person.find("label", f"Page 1 of {pages}")
+
+
+def turn_page(person, button, expected):
+    person.click(person.find("push button", button))
+    person.find("label", expected)
+
+
+def photos_on_page(person):
+    return [photo.name for photo in person.all("image", ON_PAGE)]
+
+
+def photo_on_page(person, number):
+    return person.find("image", re.compile(rf"^Photo {number}\b"))
 
 
 def quit_program(person):
