@@ -6,6 +6,7 @@
 #include "Guard.h"
 #include "Look.h"
 #include "MDIForm1.h"
+#include "PaintWatch.h"
 #include "PictureBox.h"
 #include "RecordPicture.h"
 #include "StallWatch.h"
@@ -14,8 +15,6 @@
 #include <benchmark/benchmark.h>
 
 #include <QAbstractButton>
-#include <QElapsedTimer>
-#include <QEvent>
 
 #include <fstream>
 #include <memory>
@@ -55,24 +54,6 @@ void writePhotos(const std::filesystem::path& folder) {
     std::ofstream file(folder / (stem + ".jpg"), std::ios::binary);
     writeJpeg(file, landscape(static_cast<unsigned>(number)), 5);
   }
-}
-
-/// Sees when a widget has been painted.
-class PaintWatch : public QObject {
-public:
-  explicit PaintWatch(QObject* watched) { watched->installEventFilter(this); }
-  bool painted = false;
-  bool eventFilter(QObject* /*watched*/, QEvent* event) override {
-    painted = painted || event->type() == QEvent::Paint;
-    return false;
-  }
-};
-
-void runLoop(int milliseconds) {
-  QElapsedTimer passed;
-  passed.start();
-  while (!passed.hasExpired(milliseconds))
-    QCoreApplication::processEvents(QEventLoop::AllEvents, 5);
 }
 
 /// The program with its editor open on the first photo.
