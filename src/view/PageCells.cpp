@@ -96,9 +96,13 @@ void PageCells::select(int cell) {
   for (int other = 0; other < photosOnPage; ++other)
     rest(other);
   cells_[cell].frame->select();
+  cells_[cell].photo->setAccessibleDescription(QStringLiteral("Selected"));
 }
 
-void PageCells::rest(int cell) { cells_[cell].frame->rest(); }
+void PageCells::rest(int cell) {
+  cells_[cell].frame->rest();
+  cells_[cell].photo->setAccessibleDescription({});
+}
 
 std::optional<int> PageCells::selected() const {
   for (int cell = 0; cell < photosOnPage; ++cell)

@@ -229,7 +229,9 @@ TEST_F(ViewerCells, AClickSelectsThePhotoAndAnotherOneLetsItGo) {
   EXPECT_EQ(frame(viewer, 1).borderColour(), QColor(255, 0, 0));
   EXPECT_EQ(frame(viewer, 1).fillColour(), QColor(255, 255, 0));
   EXPECT_EQ(caption(viewer, "Command3"), "Edit Selected");
+  EXPECT_EQ(viewer.cells().at(1).photo->accessibleDescription(), toQString("Selected"));
   clickPhoto(viewer, 1);
+  EXPECT_EQ(viewer.cells().at(1).photo->accessibleDescription(), QString());
   EXPECT_EQ(frame(viewer, 1).borderWidth(), 1);
   EXPECT_EQ(frame(viewer, 1).borderColour(), QColor(Qt::black));
   EXPECT_EQ(caption(viewer, "Command3"), "Edit All");
