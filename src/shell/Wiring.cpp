@@ -48,6 +48,13 @@ SearchWindows searchWindows() {
   return windows;
 }
 
+ViewerWindows viewerWindows() {
+  ViewerWindows windows;
+  windows.showZoom = showZoom;
+  windows.editSubAlbum = editSubAlbum;
+  return windows;
+}
+
 /// Hands finished pictures over in the window's event loop.
 PictureLoader::Deliver deliverHere() {
   return [](std::function<void()> work) {
@@ -82,7 +89,7 @@ Wiring::Wiring(Album& album, MDIForm1& frame)
   Forms::provide<Search>(
       [this, &album] { return new Search(album, thumbnails_, pool_, help_, searchWindows()); });
   Forms::provide<Viewer>(
-      [this, &album] { return new Viewer(album, loader_, pool_, help_, ViewerWindows()); });
+      [this, &album] { return new Viewer(album, loader_, pool_, help_, viewerWindows()); });
   Forms::provide<Zoom>([this, &album] { return new Zoom(album, largePhotos_, pool_, help_); });
   Forms::provide<FullScreen>([this, &album] { return new FullScreen(album, largePhotos_, pool_); });
   Forms::provide<BatchEdit>([&album] { return new BatchEdit(album); });

@@ -379,7 +379,7 @@ void Viewer::edit() {
 void Viewer::editSubAlbum() {
   clip_->close();
   background_->close();
-  windows_.editSubAlbum();
+  windows_.editSubAlbum(Tag);
 }
 
 bool Viewer::standZoomOn(const std::string& id) {

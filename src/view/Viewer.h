@@ -32,7 +32,7 @@ class Stage;
 struct ViewerWindows {
   std::function<void(const QString& caption)> showZoom; ///< on rsZoom
   std::function<void()> sendMail;                       ///< with the photos of the page
-  std::function<void()> editSubAlbum;                   ///< the one that the Tag names
+  std::function<void(const QString& albumId)> editSubAlbum;
 };
 
 /// View Albums: the album as a book, four photos to the page, each with what is known of it.

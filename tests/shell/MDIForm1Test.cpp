@@ -1,5 +1,6 @@
 #include "MDIForm1.h"
 
+#include "AddSubAlbum.h"
 #include "AlbumStart.h"
 #include "BoxScript.h"
 #include "DBeditor.h"
@@ -14,6 +15,7 @@
 #include "Text.h"
 #include "Viewer.h"
 #include "Wiring.h"
+#include "Zoom.h"
 #include "frmAbout.h"
 
 #include <gtest/gtest.h>
@@ -290,6 +292,35 @@ TEST_F(MDIForm1Test, ASecondStartBringsTheMinimisedFrameForward) {
   EXPECT_FALSE(frame->isMinimized());
   EXPECT_TRUE(frame->isMaximized());
   EXPECT_TRUE(QTest::qWaitForWindowActive(frame.get()));
+}
+
+TEST_F(MDIForm1Test, OnlyASubAlbumIsEditedAsOneFromItsPages) {
+  openFrame();
+  const auto edit = [] {
+    return Forms::get<Viewer>().findChild<QPushButton*>(QStringLiteral("Command5"));
+  };
+  frame->menu().album(0)->trigger();
+  EXPECT_FALSE(edit()->isEnabled());
+  frame->menu().album(7)->trigger();
+  EXPECT_TRUE(edit()->isEnabled());
+  QString task;
+  QTimer::singleShot(0, frame.get(), [&task] {
+    task = Forms::get<AddSubAlbum>().Tag;
+    Forms::get<AddSubAlbum>().Unload();
+  });
+  edit()->click();
+  EXPECT_EQ(task, QStringLiteral("Viewer"));
+  EXPECT_EQ(frame->activeForm(), Forms::loaded<Viewer>());
+}
+
+TEST_F(MDIForm1Test, AnAlbumsPhotoIsShownLargeUnderTheAlbumsName) {
+  openFrame();
+  frame->menu().album(7)->trigger();
+
+  Forms::get<Viewer>().findChild<QPushButton*>(QStringLiteral("Command6"))->click();
+
+  EXPECT_EQ(frame->activeForm(), Forms::loaded<Zoom>());
+  EXPECT_EQ(Forms::get<Zoom>().caption(), QStringLiteral("Full Size View: Lake"));
 }
 
 TEST_F(MDIForm1Test, TheMasterAlbumHasACaptionOfItsOwnInTheMenu) {

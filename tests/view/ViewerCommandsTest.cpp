@@ -233,9 +233,10 @@ TEST_F(ViewerCommands, OnlyASubAlbumIsEditedAsOne) {
   auto& viewer = openAlbumOf(2);
   EXPECT_FALSE(isEnabled(viewer, "Command5"));
   viewer.allowSubAlbumEdit(true);
+  viewer.Tag = toQString("7");
   EXPECT_TRUE(isEnabled(viewer, "Command5"));
   press(viewer, "Command5");
-  EXPECT_EQ(windows_.calls, QStringList{toQString("sub-album")});
+  EXPECT_EQ(windows_.calls, QStringList{toQString("sub-album 7")});
 }
 
 TEST_F(ViewerCommands, ThePageIsMailed) {

@@ -22,7 +22,9 @@ struct FakeViewerWindows {
     ViewerWindows windows;
     windows.showZoom = [this](const QString& caption) { calls << caption; };
     windows.sendMail = [this] { calls << QStringLiteral("mail"); };
-    windows.editSubAlbum = [this] { calls << QStringLiteral("sub-album"); };
+    windows.editSubAlbum = [this](const QString& albumId) {
+      calls << QStringLiteral("sub-album ") + albumId;
+    };
     return windows;
   }
 
