@@ -42,6 +42,8 @@ public:
     return !canBeReached() || run();
   }
 
+  void drop() { dropped_ = true; }
+
   bool eventFilter(QObject*, QEvent* event) override {
     switch (event->type()) {
     case QEvent::FocusIn:
@@ -78,7 +80,7 @@ private:
   }
 
   bool run() {
-    if (running_)
+    if (running_ || dropped_)
       return true;
     running_ = true;
     bool done = true;
@@ -91,6 +93,7 @@ private:
   std::function<bool()> rule_;
   bool running_ = false;
   bool refused_ = false;
+  bool dropped_ = false;
 };
 
 /// Runs the command of a button or an action; one that may not run now leaves no check behind.
@@ -112,6 +115,12 @@ void commitPreedit() {
 
 void setLostFocusRule(QWidget* field, std::function<bool()> rule) {
   new EntryWatch(field, std::move(rule));
+}
+
+void dropLostFocusRules(const QWidget& form) {
+  for (QObject* inside : form.findChildren<QObject*>())
+    if (auto* watch = dynamic_cast<EntryWatch*>(inside))
+      watch->drop();
 }
 
 bool endEntry() {

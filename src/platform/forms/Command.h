@@ -15,6 +15,9 @@ namespace hearthbook {
 /// not for menus, boxes and other programs' windows.
 void setLostFocusRule(QWidget* field, std::function<bool()> rule);
 
+/// The form has ended: its fields may still lose the focus, but there is nobody to tidy up.
+void dropLostFocusRules(const QWidget& form);
+
 /// Ends the entry of the focused field; false where its rule keeps the focus.
 [[nodiscard]] bool endEntry();
 

@@ -160,6 +160,7 @@ bool Form::Unload() {
     Forms::host()->removeForm(*this);
   else
     unmapWindow();
+  dropLostFocusRules(*this);
   NestedLoop::deleteLater(this, madeAtDepth_);
   Forms::updateFrontSoon();
   return true;

@@ -6,6 +6,7 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QCloseEvent>
+#include <QFocusEvent>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTest>
@@ -53,6 +54,14 @@ TEST_F(CommandTest, TheRuleRunsWhenTheFocusGoesToAnotherField) {
   QTest::keyClick(year, Qt::Key_Tab);
   EXPECT_EQ(ruleRuns, 1);
   EXPECT_TRUE(place->hasFocus());
+}
+
+TEST_F(CommandTest, ARuleOfAFormThatHasEndedDoesNotRun) {
+  form.Unload();
+  const int before = ruleRuns;
+  QFocusEvent lost(QEvent::FocusOut, Qt::OtherFocusReason); // as its destruction takes it
+  QApplication::sendEvent(year, &lost);
+  EXPECT_EQ(ruleRuns, before);
 }
 
 TEST_F(CommandTest, ARuleCanKeepTheFocus) {
