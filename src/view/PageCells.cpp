@@ -90,6 +90,7 @@ void PageCells::empty(int cell) {
     part->hide();
   shown.photo->setSource(false);
   shown.photo->setToolTip({});
+  shown.photo->setAccessibleName({});
 }
 
 void PageCells::select(int cell) {

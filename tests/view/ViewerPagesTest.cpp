@@ -69,6 +69,8 @@ TEST_F(ViewerPages, CellsWithoutAPhotoAreHidden) {
   for (int cell = 0; cell < 3; ++cell)
     EXPECT_TRUE(hasPhotoIn(viewer, cell)) << cell;
   EXPECT_TRUE(isEmpty(viewer, 3));
+  EXPECT_EQ(viewer.cells().at(2).photo->accessibleName(), toQString("Photo 3"));
+  EXPECT_EQ(viewer.cells().at(3).photo->accessibleName(), QString());
 }
 
 TEST_F(ViewerPages, UpToThreePhotosAreOnePageWithNothingBesideIt) {
