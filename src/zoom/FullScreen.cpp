@@ -175,8 +175,8 @@ void FullScreen::mousePressEvent(QMouseEvent* event) {
 void FullScreen::mouseMoveEvent(QMouseEvent*) { showPointer(); }
 
 void FullScreen::takePress(QPointF position, Qt::MouseButton button) {
-  LastX_ = qRound(position.x() * twipsPerPixel);
-  LastY_ = qRound(position.y() * twipsPerPixel);
+  lastX_ = qRound(position.x() * twipsPerPixel);
+  lastY_ = qRound(position.y() * twipsPerPixel);
   if (button == Qt::RightButton)
     runCommand([this] { tellKeys(); });
 }
@@ -185,7 +185,7 @@ void FullScreen::drag(QPointF position, bool leftDown) {
   showPointer();
   if (!leftDown)
     return;
-  place_.drag({position.x() * twipsPerPixel - LastX_, position.y() * twipsPerPixel - LastY_},
+  place_.drag({position.x() * twipsPerPixel - lastX_, position.y() * twipsPerPixel - lastY_},
               screenInTwips());
   showPlace();
 }

@@ -77,8 +77,8 @@ private:
 
   Album& album_;
   FullScreenPlace place_;
-  int LastX_ = 0;
-  int LastY_ = 0;
+  int lastX_ = 0;
+  int lastY_ = 0;
   std::unique_ptr<Ui::FullScreen> ui;
   ZoomPicture* picture_;
   QTimer* rest_; ///< of the mouse, until its pointer goes
