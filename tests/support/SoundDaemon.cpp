@@ -9,6 +9,7 @@
 #include <vector>
 
 #include <fcntl.h>
+#include <spawn.h>
 #include <sys/socket.h>
 #include <sys/un.h>
 #include <sys/wait.h>
@@ -22,24 +23,38 @@ const char* nameOf(SoundFormat::Sample sample) {
   return sample == SoundFormat::Sample::U8 ? "u8" : "s16le";
 }
 
-[[noreturn]] void become(const std::vector<std::string>& command, const std::string& folder) {
-  const int nowhere = ::open("/dev/null", O_RDWR);
-  for (const int stream : {0, 1, 2})
-    ::dup2(nowhere, stream);
-  for (const char* own : {"HOME", "XDG_RUNTIME_DIR", "XDG_CONFIG_HOME", "PULSE_RUNTIME_PATH"})
-    ::setenv(own, folder.c_str(), 1);
-  std::vector<char*> words;
-  for (const std::string& word : command)
-    words.push_back(const_cast<char*>(word.c_str()));
-  words.push_back(nullptr);
-  ::execvp(words[0], words.data());
-  ::_exit(127);
+std::vector<char*> pointersTo(std::vector<std::string>& texts) {
+  std::vector<char*> pointers;
+  for (std::string& text : texts)
+    pointers.push_back(text.data());
+  pointers.push_back(nullptr);
+  return pointers;
 }
 
-pid_t startProcess(const std::vector<std::string>& command, const std::string& folder) {
-  const pid_t process = ::fork();
-  if (process == 0)
-    become(command, folder);
+/// Ours, but with all that is the user's own in the folder.
+std::vector<std::string> environmentWithin(const std::string& folder) {
+  std::vector<std::string> variables;
+  for (const char* own : {"HOME", "XDG_RUNTIME_DIR", "XDG_CONFIG_HOME", "PULSE_RUNTIME_PATH"})
+    variables.push_back(std::string(own) + '=' + folder);
+  for (char** variable = environ; *variable; ++variable)
+    variables.emplace_back(*variable); // the first of a name counts
+  return variables;
+}
+
+/// Nothing of this process may run in the new one: a lock that another thread holds at a fork
+/// would never open there.
+pid_t startProcess(std::vector<std::string> command, const std::string& folder) {
+  std::vector<std::string> environment = environmentWithin(folder);
+  posix_spawn_file_actions_t streams;
+  ::posix_spawn_file_actions_init(&streams);
+  for (const int stream : {0, 1, 2})
+    ::posix_spawn_file_actions_addopen(&streams, stream, "/dev/null", O_RDWR, 0);
+  pid_t process = 0;
+  const int failed = ::posix_spawnp(&process, command.front().c_str(), &streams, nullptr,
+                                    pointersTo(command).data(), pointersTo(environment).data());
+  ::posix_spawn_file_actions_destroy(&streams);
+  if (failed)
+    throw std::runtime_error(command.front() + " does not start: is it installed?");
   return process;
 }
 
