@@ -2,9 +2,8 @@
 
 #include "ApplicationFolder.h"
 #include "FileError.h"
+#include "FluidLibrary.h"
 #include "RunTimeError.h"
-
-#include <fluidsynth.h>
 
 #include <algorithm>
 #include <array>
@@ -52,35 +51,29 @@ bool isSoundFont(const std::string& name) {
   return text.starts_with("RIFF") && text.ends_with("sfbk");
 }
 
-/// What goes wrong is told by what the library returns.
-void silenceTheSynthLog() {
-  for (const int level : {FLUID_PANIC, FLUID_ERR, FLUID_WARN, FLUID_INFO, FLUID_DBG})
-    fluid_set_log_function(level, nullptr, nullptr);
-}
-
 struct DeleteFluid {
-  void operator()(fluid_settings_t* settings) const { delete_fluid_settings(settings); }
-  void operator()(fluid_synth_t* synth) const { delete_fluid_synth(synth); }
-  void operator()(fluid_player_t* player) const { delete_fluid_player(player); }
+  void operator()(fluid_settings_t* settings) const { fluid().deleteSettings(settings); }
+  void operator()(fluid_synth_t* synth) const { fluid().deleteSynth(synth); }
+  void operator()(fluid_player_t* player) const { fluid().deletePlayer(player); }
 };
 template <class Thing> using Fluid = std::unique_ptr<Thing, DeleteFluid>;
 
 /// A synthesizer with a sound font in it.
 class Instruments {
 public:
-  explicit Instruments(const std::string& font) : font_(font), settings_(new_fluid_settings()) {
-    fluid_settings_setnum(settings_.get(), "synth.sample-rate", synthFormat.rate);
-    fluid_settings_setnum(settings_.get(), "synth.gain", gain);
-    fluid_settings_setint(settings_.get(), "synth.lock-memory", 0);
-    fluid_settings_setstr(settings_.get(), "player.timing-source", "sample");
-    synth_.reset(new_fluid_synth(settings_.get()));
+  explicit Instruments(const std::string& font) : font_(font), settings_(fluid().newSettings()) {
+    fluid().setNumber(settings_.get(), "synth.sample-rate", synthFormat.rate);
+    fluid().setNumber(settings_.get(), "synth.gain", gain);
+    fluid().setInteger(settings_.get(), "synth.lock-memory", 0);
+    fluid().setText(settings_.get(), "player.timing-source", "sample");
+    synth_.reset(fluid().newSynth(settings_.get()));
     if (!synth_ || !isSoundFont(font) ||
-        fluid_synth_sfload(synth_.get(), font.c_str(), 1) == FLUID_FAILED)
+        fluid().loadFont(synth_.get(), font.c_str(), 1) == FLUID_FAILED)
       throw RunTimeError("Cannot play MIDI with the sound font \"" + font + "\".");
   }
   [[nodiscard]] const std::string& font() const { return font_; }
   [[nodiscard]] fluid_synth_t* synth() const { return synth_.get(); }
-  void silence() { fluid_synth_system_reset(synth_.get()); }
+  void silence() { fluid().resetSynth(synth_.get()); }
 
 private:
   std::string font_;
@@ -122,8 +115,8 @@ void putBack(std::unique_ptr<Instruments> instruments) {
 class MidiSound::Synth {
 public:
   Synth(const std::string& font, const std::string& bytes)
-      : instruments_(takeInstruments(font)), player_(new_fluid_player(instruments_->synth())) {
-    fluid_player_add_mem(player_.get(), bytes.data(), bytes.size());
+      : instruments_(takeInstruments(font)), player_(fluid().newPlayer(instruments_->synth())) {
+    fluid().addMusic(player_.get(), bytes.data(), bytes.size());
   }
   ~Synth() {
     player_.reset();
@@ -133,16 +126,14 @@ public:
   Synth& operator=(const Synth&) = delete;
 
   void playFrom(std::int64_t tick) {
-    if (fluid_player_seek(player_.get(), static_cast<int>(tick)) == FLUID_FAILED ||
-        fluid_player_play(player_.get()) == FLUID_FAILED)
+    if (fluid().seek(player_.get(), static_cast<int>(tick)) == FLUID_FAILED ||
+        fluid().play(player_.get()) == FLUID_FAILED)
       throw RunTimeError("The music cannot be played from there.");
   }
   void read(std::byte* into, std::size_t frames) {
-    fluid_synth_write_s16(instruments_->synth(), static_cast<int>(frames), into, 0, 2, into, 1, 2);
+    fluid().write(instruments_->synth(), static_cast<int>(frames), into, 0, 2, into, 1, 2);
   }
-  [[nodiscard]] bool isSilent() const {
-    return fluid_synth_get_active_voice_count(instruments_->synth()) == 0;
-  }
+  [[nodiscard]] bool isSilent() const { return fluid().activeVoices(instruments_->synth()) == 0; }
 
 private:
   std::unique_ptr<Instruments> instruments_;
@@ -157,7 +148,6 @@ MidiSound::~MidiSound() = default;
 SoundFormat MidiSound::format() const { return synthFormat; }
 
 void MidiSound::goTo(std::int64_t position) {
-  silenceTheSynthLog();
   synth_.reset(); // its instruments are used again
   synth_ = std::make_unique<Synth>(soundFont().string(), bytes_);
   synth_->playFrom(midi_.tickAt(position));
