@@ -7,6 +7,7 @@
 #include "JetSql.h"
 #include "Look.h"
 #include "MDIForm1.h"
+#include "PaintWatch.h"
 #include "PhotoFiles.h"
 #include "PictureBox.h"
 #include "ResultGrid.h"
@@ -98,27 +99,9 @@ std::size_t residentBytes() {
   return resident * static_cast<std::size_t>(sysconf(_SC_PAGESIZE));
 }
 
-void runLoop(int milliseconds) {
-  QElapsedTimer passed;
-  passed.start();
-  while (!passed.hasExpired(milliseconds))
-    QCoreApplication::processEvents(QEventLoop::AllEvents, 5);
-}
-
 double seconds(const QElapsedTimer& passed) {
   return static_cast<double>(passed.nsecsElapsed()) * 1e-9;
 }
-
-/// Sees when the photos of a page have been painted.
-class PaintWatch : public QObject {
-public:
-  explicit PaintWatch(QObject* watched) { watched->installEventFilter(this); }
-  bool painted = false;
-  bool eventFilter(QObject* /*watched*/, QEvent* event) override {
-    painted = painted || event->type() == QEvent::Paint;
-    return false;
-  }
-};
 
 /// The program with its search open.
 class OpenSearch {

@@ -1,5 +1,6 @@
 #include "SubAlbumStrip.h"
 
+#include "GridWalk.h"
 #include "Look.h"
 #include "PhotoOrder.h"
 #include "StripCell.h"
@@ -44,26 +45,6 @@ QWidget* makeDragIcon(const char* name, Qt::CursorShape shape, QWidget* parent) 
   icon->setCursor(shape);
   icon->hide();
   return icon;
-}
-
-/// Where an arrow or Home and End lead; nothing for another key.
-std::optional<std::size_t> steppedTo(std::size_t from, std::size_t last, int key) {
-  switch (key) {
-  case Qt::Key_Left:
-    return from - std::min<std::size_t>(from, 1);
-  case Qt::Key_Right:
-    return std::min(last, from + 1);
-  case Qt::Key_Up:
-    return from < stripColumns ? from : from - stripColumns;
-  case Qt::Key_Down:
-    return from + stripColumns > last ? from : from + stripColumns;
-  case Qt::Key_Home:
-    return 0;
-  case Qt::Key_End:
-    return last;
-  default:
-    return std::nullopt;
-  }
 }
 
 } // namespace
@@ -288,13 +269,15 @@ bool SubAlbumStrip::act(const QKeyEvent& event) {
     Q_EMIT removeAsked(*at);
     return true;
   }
-  const auto target = steppedTo(*at, count() - 1, event.key());
-  if (!target)
+  const auto walked = walkedTo(static_cast<int>(*at), static_cast<int>(count()) - 1,
+                               static_cast<int>(stripColumns), event.key());
+  if (!walked)
     return false;
+  const auto target = static_cast<std::size_t>(*walked);
   if (event.modifiers().testFlag(Qt::ControlModifier))
-    moveByKey(*at, *target);
+    moveByKey(*at, target);
   else
-    focusOn(*target);
+    focusOn(target);
   return true;
 }
 

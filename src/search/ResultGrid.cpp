@@ -1,5 +1,6 @@
 #include "ResultGrid.h"
 
+#include "GridWalk.h"
 #include "Look.h"
 #include "ResultCell.h"
 #include "Text.h"
@@ -30,26 +31,6 @@ TwipsRect cellRect(int index) {
 QString spokenName(const ResultPhoto& photo) {
   const QString number = QStringLiteral("Photo %1").arg(photo.position);
   return photo.toolTip.empty() ? number : number + QStringLiteral(", ") + toQString(photo.toolTip);
-}
-
-/// Where an arrow or Home and End lead; nothing for another key.
-std::optional<int> walkedTo(int from, int last, int key) {
-  switch (key) {
-  case Qt::Key_Left:
-    return std::max(0, from - 1);
-  case Qt::Key_Right:
-    return std::min(last, from + 1);
-  case Qt::Key_Up:
-    return from < resultColumns ? from : from - resultColumns;
-  case Qt::Key_Down:
-    return from + resultColumns > last ? from : from + resultColumns;
-  case Qt::Key_Home:
-    return 0;
-  case Qt::Key_End:
-    return last;
-  default:
-    return std::nullopt;
-  }
 }
 
 } // namespace
@@ -170,7 +151,7 @@ void ResultGrid::keyPressEvent(QKeyEvent* event) {
 }
 
 bool ResultGrid::walk(QKeyEvent& event) {
-  const auto target = walkedTo(current_, lastFilled(), event.key());
+  const auto target = walkedTo(current_, lastFilled(), resultColumns, event.key());
   if (!target || event.modifiers().testFlag(Qt::ControlModifier))
     return false;
   if (event.modifiers().testFlag(Qt::ShiftModifier))

@@ -4,14 +4,9 @@
 add_photographs.py BUILD KEEP: BUILD is a build folder; what the screen showed when something went wrong
 is kept in KEEP.
 """
-import pathlib
-import sys
-import tempfile
-import traceback
-
 import album_steps as steps
 import photographs
-from hidden_desktop import Failure, HiddenDesktop
+from journey import expect, run
 
 NAMES = sorted(["Garden.jpg", "YellowFlower.jpg", "Aqua.png", "Storm.tif", "Picnic in May.bmp", "Lake.pcx",
                 "Dog.tga", "Cake.ico", "Großmutter's garden.jpg", "Wedding.jpg"], key=str.lower)
@@ -20,11 +15,6 @@ STORIES = {
     5: ("2001", "Two lines\nof a story, with 'quotes' and 100%."),
     11: ("1989", "Clara and Henry"),
 }
-
-
-def expect(truth, what):
-    if not truth:
-        raise Failure(what)
 
 
 def add_and_describe(person, home):
@@ -66,27 +56,14 @@ def find_again(person):
     expect(steps.quit_program(person) == 0, "the program ends in order the second time")
 
 
-def journey(build, keep):
-    with tempfile.TemporaryDirectory(prefix="hearthbook-journey-") as folder, HiddenDesktop() as desktop:
-        home = steps.Home(build, folder)
-        photographs.lay_out(home.pictures, home.samples, NAMES)
-        log = pathlib.Path(keep, "program.log")
-        for part in (lambda p: add_and_describe(p, home), find_again):
-            with home.start(desktop, log) as person:
-                try:
-                    part(person)
-                except BaseException:
-                    desktop.photograph(pathlib.Path(keep, "add_photographs.png"))
-                    raise
-            check_the_disk(home)
+def tell(journey):
+    home = journey.home
+    photographs.lay_out(home.pictures, home.samples, NAMES)
+    for part in (lambda p: add_and_describe(p, home), find_again):
+        with journey.evening() as person:
+            part(person)
+        check_the_disk(home)
 
 
 if __name__ == "__main__":
-    build_folder, keep_folder = sys.argv[1:]
-    pathlib.Path(keep_folder).mkdir(parents=True, exist_ok=True)
-    try:
-        journey(build_folder, keep_folder)
-    except Failure:
-        traceback.print_exc()
-        print(f"The screen as it was: {keep_folder}/add_photographs.png", file=sys.stderr)
-        sys.exit(1)
+    run(tell)

@@ -4,22 +4,13 @@
 attach_sounds.py BUILD KEEP: BUILD is a build folder; what the screen showed when something went wrong
 is kept in KEEP.
 """
-import pathlib
-import sys
-import tempfile
-import traceback
 import wave
 
 import album_steps as steps
-from hidden_desktop import Failure, HiddenDesktop
+from journey import expect, run
 from sound_service import SoundService
 
 STORY = "This is our garden, in the summer of two thousand and eleven."
-
-
-def expect(truth, what):
-    if not truth:
-        raise Failure(what)
 
 
 def tell_a_story(person, home, sound):
@@ -57,29 +48,16 @@ def hear_it_and_take_it_off(person, home):
     expect(steps.quit_program(person) == 0, "the program ends in order the second time")
 
 
-def journey(build, keep):
-    with (tempfile.TemporaryDirectory(prefix="hearthbook-journey-") as folder, HiddenDesktop() as desktop,
-          SoundService() as sound):
-        desktop.environment.update(sound.environment)
-        home = steps.Home(build, folder)
-        log = pathlib.Path(keep, "sounds.log")
-        for part, afterwards in ((lambda p: tell_a_story(p, home, sound), check_the_recording),
-                                 (lambda p: hear_it_and_take_it_off(p, home), lambda h: None)):
-            with home.start(desktop, log) as person:
-                try:
-                    part(person)
-                except BaseException:
-                    desktop.photograph(pathlib.Path(keep, "attach_sounds.png"))
-                    raise
-            afterwards(home)
+def tell(journey):
+    home = journey.home
+    with SoundService() as sound:
+        journey.desktop.environment.update(sound.environment)
+        with journey.evening() as person:
+            tell_a_story(person, home, sound)
+        check_the_recording(home)
+        with journey.evening() as person:
+            hear_it_and_take_it_off(person, home)
 
 
 if __name__ == "__main__":
-    build_folder, keep_folder = sys.argv[1:]
-    pathlib.Path(keep_folder).mkdir(parents=True, exist_ok=True)
-    try:
-        journey(build_folder, keep_folder)
-    except Failure:
-        traceback.print_exc()
-        print(f"The screen as it was: {keep_folder}/attach_sounds.png", file=sys.stderr)
-        sys.exit(1)
+    run(tell)

@@ -5,22 +5,12 @@ evening.
 change_many.py BUILD KEEP: BUILD is a build folder; what the screen showed when something went wrong
 is kept in KEEP.
 """
-import pathlib
-import sys
-import tempfile
-import traceback
-
 import album_steps as steps
 import photographs
-from hidden_desktop import Failure, HiddenDesktop
+from journey import expect, run
 
 NAMES = sorted(["Beach.jpg", "Dune.jpg", "School.jpg", "Storm.tif", "Wedding.jpg"], key=str.lower)
 YEAR, PLACE, STORY = "2003", "The sea", "We all were there."
-
-
-def expect(truth, what):
-    if not truth:
-        raise Failure(what)
 
 
 def changed(person):
@@ -79,26 +69,13 @@ def second_evening(person, _):
     expect(steps.quit_program(person) == 0, "the program ends in order the second time")
 
 
-def journey(build, keep):
-    with tempfile.TemporaryDirectory(prefix="hearthbook-journey-") as folder, HiddenDesktop() as desktop:
-        home = steps.Home(build, folder)
-        photographs.lay_out(home.pictures, home.samples, NAMES)
-        for evening in (first_evening, second_evening):
-            with home.start(desktop, pathlib.Path(keep, "program.log")) as person:
-                try:
-                    evening(person, home)
-                except BaseException:
-                    desktop.photograph(pathlib.Path(keep, "change_many.png"))
-                    raise
-            look_at_the_disk(home)
+def tell(journey):
+    photographs.lay_out(journey.home.pictures, journey.home.samples, NAMES)
+    for evening in (first_evening, second_evening):
+        with journey.evening() as person:
+            evening(person, journey.home)
+        look_at_the_disk(journey.home)
 
 
 if __name__ == "__main__":
-    build_folder, keep_folder = sys.argv[1:]
-    pathlib.Path(keep_folder).mkdir(parents=True, exist_ok=True)
-    try:
-        journey(build_folder, keep_folder)
-    except Failure:
-        traceback.print_exc()
-        print(f"The screen as it was: {keep_folder}/change_many.png", file=sys.stderr)
-        sys.exit(1)
+    run(tell)

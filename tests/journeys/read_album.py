@@ -4,22 +4,12 @@
 read_album.py BUILD KEEP: BUILD is a build folder; what the screen showed when something went wrong
 is kept in KEEP.
 """
-import pathlib
-import sys
-import tempfile
-import traceback
-
 import album_steps as steps
 import photographs
-from hidden_desktop import Failure, HiddenDesktop
+from journey import expect, run
 
 NAMES = sorted(["Beach.jpg", "Dune.jpg", "School.jpg", "Storm.tif", "Wedding.jpg"], key=str.lower)
 STORY = "Nobody remembers whose umbrella that was."
-
-
-def expect(truth, what):
-    if not truth:
-        raise Failure(what)
 
 
 def bring_photographs(person, home):
@@ -59,28 +49,16 @@ def read_it(person):
     person.until(lambda: not person.all("label", STORY), "the description put away")
 
 
-def journey(build, keep):
-    with tempfile.TemporaryDirectory(prefix="hearthbook-journey-") as folder, HiddenDesktop() as desktop:
-        home = steps.Home(build, folder)
-        photographs.lay_out(home.pictures, home.samples, NAMES)
-        with home.start(desktop, pathlib.Path(keep, "program.log")) as person:
-            try:
-                bring_photographs(person, home)
-                turn_the_pages(person)
-                write_what_one_sees(person)
-                read_it(person)
-                expect(steps.quit_program(person) == 0, "the program ends in order")
-            except BaseException:
-                desktop.photograph(pathlib.Path(keep, "read_album.png"))
-                raise
+def tell(journey):
+    home = journey.home
+    photographs.lay_out(home.pictures, home.samples, NAMES)
+    with journey.evening() as person:
+        bring_photographs(person, home)
+        turn_the_pages(person)
+        write_what_one_sees(person)
+        read_it(person)
+        expect(steps.quit_program(person) == 0, "the program ends in order")
 
 
 if __name__ == "__main__":
-    build_folder, keep_folder = sys.argv[1:]
-    pathlib.Path(keep_folder).mkdir(parents=True, exist_ok=True)
-    try:
-        journey(build_folder, keep_folder)
-    except Failure:
-        traceback.print_exc()
-        print(f"The screen as it was: {keep_folder}/read_album.png", file=sys.stderr)
-        sys.exit(1)
+    run(tell)

@@ -4,22 +4,12 @@ pages and edits these.
 
 search_photographs.py BUILD KEEP: as the other journeys.
 """
-import pathlib
-import sys
-import tempfile
-import traceback
-
 import album_steps as steps
 import family_album
 import search_steps
-from hidden_desktop import Failure, HiddenDesktop
+from journey import expect, run
 
 PHOTOS = 60
-
-
-def expect(truth, what):
-    if not truth:
-        raise Failure(what)
 
 
 def by_mouse(person):
@@ -63,25 +53,12 @@ def edit_them(person):
     expect(steps.quit_program(person) == 0, "the program ends in order")
 
 
-def journey(build, keep):
-    with tempfile.TemporaryDirectory(prefix="hearthbook-journey-") as folder, HiddenDesktop() as desktop:
-        home = steps.Home(build, folder)
-        family_album.fill(home, PHOTOS)
-        with home.start(desktop, pathlib.Path(keep, "program.log")) as person:
-            try:
-                for part in (by_mouse, by_keyboard, select_over_pages, edit_them):
-                    part(person)
-            except BaseException:
-                desktop.photograph(pathlib.Path(keep, "search_photographs.png"))
-                raise
+def tell(journey):
+    family_album.fill(journey.home, PHOTOS)
+    with journey.evening() as person:
+        for part in (by_mouse, by_keyboard, select_over_pages, edit_them):
+            part(person)
 
 
 if __name__ == "__main__":
-    build_folder, keep_folder = sys.argv[1:]
-    pathlib.Path(keep_folder).mkdir(parents=True, exist_ok=True)
-    try:
-        journey(build_folder, keep_folder)
-    except Failure:
-        traceback.print_exc()
-        print(f"The screen as it was: {keep_folder}/search_photographs.png", file=sys.stderr)
-        sys.exit(1)
+    run(tell)
