@@ -1,7 +1,7 @@
 #include "PhotoOrder.h"
 
 #include "Connection.h"
-#include "Words.h"
+#include "RepeatedStatement.h"
 
 #include <algorithm>
 #include <utility>
@@ -15,10 +15,8 @@ std::string captionOf(const Recordset& member) {
          member.Collect("PlaceName").toText();
 }
 
-std::string numbering(std::size_t index, std::string_view photoId) {
-  return "UPDATE SubAlbumPhotos SET SubAlbumPhotos.[Index] = " + std::to_string(index) +
-         " WHERE SubAlbumPhotos.PhotoID = " + "'" + doubled(photoId, '\'') + "'";
-}
+constexpr const char* numbering =
+    "UPDATE SubAlbumPhotos SET SubAlbumPhotos.[Index] = ? WHERE SubAlbumPhotos.PhotoID = ?";
 
 } // namespace
 
@@ -60,9 +58,10 @@ void PhotoOrder::writeBack(Recordset& members) const {
   members.Close();
   try {
     members.connection().transaction([&] {
-      std::size_t index = 0;
+      RepeatedStatement number(members.connection(), numbering);
+      std::int64_t index = 0;
       for (const OrderedPhoto& photo : photos_)
-        members.Open(numbering(index++, photo.id));
+        number.run({index++, photo.id});
     });
   } catch (...) {
     members.Open(source);

@@ -2,6 +2,7 @@
 
 #include "AudioFiles.h"
 #include "Connection.h"
+#include "RepeatedStatement.h"
 #include "Words.h"
 
 #include <set>
@@ -15,6 +16,9 @@ constexpr const char* stripText =
     "((SubAlbumPhotos LEFT JOIN PhotoAlbum ON SubAlbumPhotos.PhotoID = PhotoAlbum.PictureID) LEFT "
     "JOIN Events ON PhotoAlbum.EventID = Events.EventID) LEFT JOIN Places ON PhotoAlbum.PlaceID = "
     "Places.PlaceID WHERE SubAlbumPhotos.AlbumID = ";
+
+constexpr const char* appending =
+    "INSERT INTO SubAlbumPhotos (PhotoID, AlbumID, [Index]) VALUES (?, ?, ?)";
 
 struct Arrangement {
   const char* choice;
@@ -126,19 +130,15 @@ bool addMember(Recordset& members, std::string_view albumId, const std::string& 
 void addMembers(Recordset& members, std::string_view albumId,
                 const std::vector<std::string>& photoIds) {
   std::set<std::string> keys = memberKeys(members);
-  try {
-    members.connection().transaction([&] {
-      for (const std::string& id : photoIds)
-        if (keys.insert(asciiLower(id)).second)
-          appendMember(members, albumId, id);
-    });
-  } catch (...) {
-    if (members.isPending())
-      members.CancelUpdate();
-    members.Requery(); // without what was taken back
-    throw;
-  }
-  standOnFirst(members);
+  members.connection().transaction([&] {
+    RepeatedStatement append(members.connection(), appending);
+    const std::int64_t album = std::stoll(std::string(albumId));
+    std::int64_t place = members.RecordCount();
+    for (const std::string& id : photoIds)
+      if (keys.insert(asciiLower(id)).second)
+        append.run({id, album, place++});
+  });
+  members.Requery();
 }
 
 void removeMember(Recordset& members, std::string_view albumId, std::string_view photoId) {
