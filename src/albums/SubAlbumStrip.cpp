@@ -23,6 +23,19 @@ constexpr double zoneHeight = 300;
 constexpr double scrollWidth = 285;
 constexpr TwipsSize wholeStrip{stripWidth + stripGap / 2 + scrollWidth,
                                stripViewHeight + 2 * zoneHeight};
+/// The tip without the gaps that it has for what is not known.
+QString spokenName(std::size_t position, QString tip) {
+  if (tip.startsWith(QStringLiteral(", ")))
+    tip.remove(0, 2);
+  if (tip.endsWith(QStringLiteral(" in ")))
+    tip.chop(4);
+  tip = tip.simplified();
+  if (tip.endsWith(QLatin1Char(',')))
+    tip.chop(1);
+  const QString number = QStringLiteral("Photo %1").arg(position + 1);
+  return tip.isEmpty() ? number : number + QStringLiteral(", ") + tip;
+}
+
 const QString dragKey = QStringLiteral("Sub-Album Editor*DragDrop");
 
 /// A mark between two cells, thin and upright.
@@ -69,8 +82,10 @@ void SubAlbumStrip::makeParts() {
   page_->setProperty("helpKey", dragKey);
   above_ = new StripZone(StripZone::Way::Up, this);
   above_->setObjectName(QStringLiteral("Picture3"));
+  above_->setAccessibleName(QStringLiteral("Photos above"));
   below_ = new StripZone(StripZone::Way::Down, this);
   below_->setObjectName(QStringLiteral("Picture4"));
+  below_->setAccessibleName(QStringLiteral("Photos below"));
   scroll_ = new QScrollBar(Qt::Vertical, this);
   scroll_->setObjectName(QStringLiteral("VScroll1"));
   scroll_->setAccessibleName(QStringLiteral("Rows of the sub-album"));
@@ -204,7 +219,7 @@ void SubAlbumStrip::showCell(std::size_t cell) {
   }
   const QString caption = toQString(order_->photos()[position].caption);
   image.setToolTip(caption);
-  image.setAccessibleName(QStringLiteral("Photo %1, %2").arg(position + 1).arg(caption));
+  image.setAccessibleName(spokenName(position, caption));
   showPicture(position);
   image.show();
 }

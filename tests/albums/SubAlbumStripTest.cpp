@@ -312,6 +312,19 @@ TEST_F(SubAlbumStripForm, ATipTellsWhatIsKnownOfAPhoto) {
   EXPECT_EQ(cell(form, 0).accessibleName(), toQString("Photo 1, 1987, Wedding in Lake"));
 }
 
+TEST_F(SubAlbumStripForm, WhatIsNotKnownOfAPhotoIsNotReadOut) {
+  folder_.addPhoto("HD00002", {{"PlaceID", folder_.addPlace("Lake")}});
+  folder_.addPhoto("HD00003", {{"Year", 1987}});
+  folder_.addPhoto("HD00004", {{"EventID", folder_.addEvent("Wedding")}});
+  album_ = addSubAlbum(folder_, "Lake", {1, 2, 3, 4});
+  auto& form = openForEditor();
+  choose(form, album_);
+  const char* spoken[] = {"Photo 1", "Photo 2, in Lake", "Photo 3, 1987", "Photo 4, Wedding"};
+  for (int position = 0; position < 4; ++position)
+    EXPECT_EQ(cell(form, position).accessibleName(), toQString(spoken[position]));
+  EXPECT_EQ(cell(form, 0).toolTip(), toQString(",  in "));
+}
+
 TEST_F(SubAlbumStripForm, FourPhotosOfAPageShareAGrey) {
   auto& form = openAlbum(10);
   const QImage picture = page(form).grab().toImage();
