@@ -2,9 +2,11 @@
 
 #include "RunTimeError.h"
 
+#include <algorithm>
 #include <atomic>
 #include <new>
 #include <string>
+#include <utility>
 
 namespace hearthbook {
 
@@ -24,22 +26,32 @@ std::size_t pixelCount(PixelSize size) {
 
 } // namespace
 
-Picture::Picture(PixelSize size) : size_(size) {
+Picture Picture::unpainted(PixelSize size) {
   const std::size_t count = pixelCount(size);
+  Picture picture;
+  picture.size_ = size;
   try {
-    pixels_ = std::make_shared<std::vector<std::uint32_t>>(count, blackPixel);
+    picture.pixels_ = std::make_shared_for_overwrite<std::uint32_t[]>(count);
   } catch (const std::bad_alloc&) {
     throw RunTimeError("There is not enough memory for a picture of " + std::to_string(size.width) +
                        " by " + std::to_string(size.height) + " pixels.");
   }
+  return picture;
+}
+
+Picture::Picture(PixelSize size) : Picture(unpainted(size)) {
+  std::fill_n(pixels_.get(), startOf(size.height), blackPixel);
 }
 
 std::uint32_t* Picture::writableRow(int y) {
-  if (pixels_.use_count() != 1)
-    pixels_ = std::make_shared<std::vector<std::uint32_t>>(*pixels_);
+  if (pixels_.use_count() != 1) {
+    Picture copy = unpainted(size_);
+    std::copy_n(pixels_.get(), startOf(size_.height), copy.pixels_.get());
+    *this = std::move(copy);
+  }
   // The last other holder may have read the pixels on another thread just before it let go.
   std::atomic_thread_fence(std::memory_order_acquire);
-  return pixels_->data() + static_cast<std::size_t>(y) * static_cast<std::size_t>(size_.width);
+  return pixels_.get() + startOf(y);
 }
 
 } // namespace hearthbook

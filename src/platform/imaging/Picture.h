@@ -3,7 +3,6 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
-#include <vector>
 
 namespace hearthbook {
 
@@ -24,21 +23,25 @@ public:
   Picture() = default; ///< no picture
   /// Black. Throws RunTimeError where a side is below 1, over maxPixels, or memory is short.
   explicit Picture(PixelSize size);
+  /// For those who write every pixel at once: what they hold until then is not told.
+  static Picture unpainted(PixelSize size);
 
   [[nodiscard]] bool isNull() const { return !pixels_; }
   [[nodiscard]] PixelSize size() const { return size_; }
   [[nodiscard]] int width() const { return size_.width; }
   [[nodiscard]] int height() const { return size_.height; }
-  [[nodiscard]] const std::uint32_t* row(int y) const {
-    return pixels_->data() + static_cast<std::size_t>(y) * static_cast<std::size_t>(size_.width);
-  }
+  [[nodiscard]] const std::uint32_t* row(int y) const { return pixels_.get() + startOf(y); }
   [[nodiscard]] std::uint32_t* writableRow(int y);
   /// Keeps the pixels alive for others that look at them.
-  [[nodiscard]] std::shared_ptr<const std::vector<std::uint32_t>> share() const { return pixels_; }
+  [[nodiscard]] std::shared_ptr<const std::uint32_t[]> share() const { return pixels_; }
 
 private:
+  [[nodiscard]] std::size_t startOf(int y) const {
+    return static_cast<std::size_t>(y) * static_cast<std::size_t>(size_.width);
+  }
+
   PixelSize size_;
-  std::shared_ptr<std::vector<std::uint32_t>> pixels_;
+  std::shared_ptr<std::uint32_t[]> pixels_;
 };
 
 } // namespace hearthbook

@@ -10,15 +10,13 @@ namespace hearthbook {
 inline QImage toImage(const Picture& picture) {
   if (picture.isNull())
     return {};
-  auto* keeper = new std::shared_ptr<const std::vector<std::uint32_t>>(picture.share());
-  return {reinterpret_cast<const uchar*>((*keeper)->data()),
+  auto* keeper = new std::shared_ptr<const std::uint32_t[]>(picture.share());
+  return {reinterpret_cast<const uchar*>(keeper->get()),
           picture.width(),
           picture.height(),
           static_cast<qsizetype>(picture.width()) * 4,
           QImage::Format_RGB32,
-          [](void* kept) {
-            delete static_cast<std::shared_ptr<const std::vector<std::uint32_t>>*>(kept);
-          },
+          [](void* kept) { delete static_cast<std::shared_ptr<const std::uint32_t[]>*>(kept); },
           keeper};
 }
 

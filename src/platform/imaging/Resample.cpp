@@ -1,11 +1,15 @@
 #include "Resample.h"
 
 #include "AxisWeights.h"
+#include "Bands.h"
 #include "Numbers.h"
+#include "PixelRect.h"
 #include "RunTimeError.h"
 
 #include <algorithm>
 #include <array>
+#include <cstddef>
+#include <vector>
 
 namespace hearthbook {
 
@@ -66,18 +70,30 @@ constexpr std::array<Turn, 9> turns{{
     {true, true, false},
 }};
 
-void turnTile(const Picture& stored, const Turn& turn, Picture& upright, int left, int top) {
-  const int right = std::min(left + tileSide, upright.width());
-  const int bottom = std::min(top + tileSide, upright.height());
-  for (int y = top; y < bottom; ++y) {
-    std::uint32_t* row = upright.writableRow(y);
-    for (int x = left; x < right; ++x) {
-      const int column = turn.swapsSides ? y : x;
-      const int line = turn.swapsSides ? x : y;
-      row[x] =
-          stored.row(turn.fromBottom ? stored.height() - 1 - line
-                                     : line)[turn.fromRight ? stored.width() - 1 - column : column];
-    }
+/// How an upright picture goes through the stored pixels.
+struct Walk {
+  Walk(const Picture& stored, const Turn& turn) {
+    const std::ptrdiff_t column = turn.fromRight ? -1 : 1;
+    const std::ptrdiff_t line = turn.fromBottom ? -stored.width() : stored.width();
+    start = stored.row(turn.fromBottom ? stored.height() - 1 : 0) +
+            (turn.fromRight ? stored.width() - 1 : 0);
+    right = turn.swapsSides ? line : column;
+    down = turn.swapsSides ? column : line;
+  }
+
+  [[nodiscard]] const std::uint32_t* at(int x, int y) const { return start + x * right + y * down; }
+
+  const std::uint32_t* start;
+  std::ptrdiff_t right; ///< from a pixel to its right neighbour
+  std::ptrdiff_t down;  ///< and to the one below
+};
+
+void turnTile(const Walk& walk, const PixelRect& tile, std::uint32_t* rows, int width) {
+  for (int y = tile.top; y < tile.top + tile.height; ++y) {
+    const std::uint32_t* from = walk.at(tile.left, y);
+    std::uint32_t* to = rows + std::ptrdiff_t{y} * width + tile.left;
+    for (int x = 0; x < tile.width; ++x)
+      to[x] = from[x * walk.right];
   }
 }
 
@@ -112,14 +128,18 @@ PixelSize uprightSize(PixelSize stored, int orientation) {
   return orientation >= 5 && orientation <= 8 ? PixelSize{stored.height, stored.width} : stored;
 }
 
-Picture uprighted(const Picture& picture, int orientation) {
+Picture uprighted(const Picture& picture, int orientation, WorkPool* pool) {
   if (orientation < 2 || orientation > 8)
     return picture;
-  const Turn& turn = turns[static_cast<std::size_t>(orientation)];
-  Picture upright(uprightSize(picture.size(), orientation));
-  for (int top = 0; top < upright.height(); top += tileSide)
-    for (int left = 0; left < upright.width(); left += tileSide)
-      turnTile(picture, turn, upright, left, top);
+  const PixelSize size = uprightSize(picture.size(), orientation);
+  Picture upright = Picture::unpainted(size);
+  const Walk walk(picture, turns[static_cast<std::size_t>(orientation)]);
+  std::uint32_t* rows = upright.writableRow(0);
+  inBands(pool, size.height, tileSide, [&](int top, int bottom) {
+    for (int left = 0; left < size.width; left += tileSide)
+      turnTile(walk, {left, top, std::min(tileSide, size.width - left), bottom - top}, rows,
+               size.width);
+  });
   return upright;
 }
 

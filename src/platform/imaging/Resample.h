@@ -4,13 +4,16 @@
 
 namespace hearthbook {
 
+class WorkPool;
+
 /// The picture at another size: exact area average when shrinking, bilinear when enlarging.
 /// Throws RunTimeError if there is no picture, a side is below 1 or the result would be over
 /// maxPixels.
 Picture resample(const Picture& picture, PixelSize size);
 
-/// The picture put upright: `orientation` is the camera's, 1 to 8.
-Picture uprighted(const Picture& picture, int orientation);
+/// The picture put upright: `orientation` is the camera's, 1 to 8. With a pool, its free threads
+/// help.
+Picture uprighted(const Picture& picture, int orientation, WorkPool* pool = nullptr);
 
 /// The size that fits a picture into a square of `longerSide` pixels: its longer side exactly
 /// that, the other in proportion, rounded half to even and at least 1.
