@@ -25,8 +25,9 @@ public:
 
   /// `rowAt(i)` is the row i below the one that is made, -radius to radius.
   template <class RowAt> void soften(RowAt rowAt, std::uint8_t* result) {
+    auto place = places_.begin();
     for (int i = -bell_.radius(); i <= bell_.radius(); ++i)
-      places_[static_cast<std::size_t>(i + bell_.radius())] = rowAt(i);
+      *place++ = rowAt(i);
     bell_.weigh(places_.data(), line_.data() + padding_, count_);
     repeatEnds();
     for (std::size_t i = 0; i < places_.size(); ++i)
