@@ -13,6 +13,7 @@
 #include <optional>
 #include <string>
 #include <system_error>
+#include <utility>
 #include <vector>
 
 #include <fcntl.h>
@@ -177,38 +178,70 @@ bool moveToFreeName(const fs::path& file, const fs::path& target) {
   return ::rename(file.c_str(), target.c_str()) == 0;
 }
 
+/// A second name for the file, which what takes its place later leaves alone; else a copy.
+bool copyToFreeName(const fs::path& file, const fs::path& target) {
+  if (::link(file.c_str(), target.c_str()) == 0)
+    return true;
+  if (errno == EEXIST || statusOf(target)) {
+    errno = EEXIST;
+    return false;
+  }
+  copyFileSafely(file, target);
+  return true;
+}
+
+/// Brings a file to a name that nothing has; false, with errno, where it cannot.
+using Bring = bool (*)(const fs::path& file, const fs::path& target);
+
+/// The note of a file that is not in the trash goes with the attempt.
+class TrashNote {
+public:
+  explicit TrashNote(fs::path info) : info_(std::move(info)) {}
+  ~TrashNote() {
+    if (!isKept_)
+      ::unlink(info_.c_str());
+  }
+  TrashNote(const TrashNote&) = delete;
+  TrashNote& operator=(const TrashNote&) = delete;
+  void keep() { isKept_ = true; }
+
+private:
+  fs::path info_;
+  bool isKept_ = false;
+};
+
 /// One try under one name; false if the name is taken.
-bool putInto(const TrashCan& can, const fs::path& file, const std::string& name) {
+bool putInto(const TrashCan& can, const fs::path& file, const std::string& name, Bring bring) {
   const fs::path info = can.folder / "info" / (name + std::string(infoSuffix));
   if (!makeInfo(info, infoText(can, file)))
     return false;
+  TrashNote note(info);
   flushToDisk(info.parent_path());
-  if (moveToFreeName(file, can.folder / "files" / name)) {
+  if (bring(file, can.folder / "files" / name)) {
+    note.keep();
     flushToDisk(can.folder / "files");
     flushToDisk(file.parent_path());
     return true;
   }
-  const int cause = errno;
-  ::unlink(info.c_str());
-  if (cause == EEXIST)
+  if (errno == EEXIST)
     return false;
-  throwFileError("move to the trash", file, cause);
+  throwFileError("move to the trash", file, errno);
 }
 
-bool tryTrash(const TrashCan& can, const fs::path& file) {
+bool tryTrash(const TrashCan& can, const fs::path& file, Bring bring) {
   if (!prepare(can))
     return false;
   for (int number = 1;; ++number) {
-    if (putInto(can, file, numberedName(file, number, infoSuffix.size())))
+    if (putInto(can, file, numberedName(file, number, infoSuffix.size()), bring))
       return true;
   }
 }
 
 /// A trash that refuses is passed over: the file is then kept elsewhere.
-bool tryTrashes(const fs::path& file) {
+bool tryTrashes(const fs::path& file, Bring bring) {
   for (const TrashCan& can : cansFor(file)) {
     try {
-      if (tryTrash(can, file))
+      if (tryTrash(can, file, bring))
         return true;
     } catch (const std::runtime_error&) {
       if (!statusOf(file))
@@ -226,31 +259,47 @@ fs::path freeName(const fs::path& file, const fs::path& folder) {
   }
 }
 
-void keepIn(const fs::path& folder, const fs::path& file) {
+bool moveOverDisks(const fs::path& file, const fs::path& target) {
+  if (moveToFreeName(file, target))
+    return true;
+  if (errno != EXDEV)
+    return false;
+  copyFileSafely(file, target);
+  deleteFile(file);
+  return true;
+}
+
+void keepIn(const fs::path& folder, const fs::path& file, Bring bring) {
   std::error_code error;
   fs::create_directories(folder, error);
-  const fs::path target = freeName(file, folder);
-  if (moveToFreeName(file, target)) {
-    flushToDisk(folder);
-    flushToDisk(file.parent_path());
-  } else if (errno == EXDEV) {
-    copyFileSafely(file, target);
-    deleteFile(file);
-  } else {
+  if (!bring(file, freeName(file, folder)))
     throwFileError("keep a copy of", file, errno);
-  }
+  flushToDisk(folder);
+  flushToDisk(file.parent_path());
+}
+
+/// The file by the true name of its folder; throws where it is not there.
+fs::path trueName(const fs::path& file) {
+  std::error_code error;
+  const fs::path folder = fs::canonical(fs::absolute(file).parent_path(), error);
+  fs::path place = folder / file.filename();
+  if (error || !statusOf(place))
+    throwFileError("delete", file, ENOENT);
+  return place;
 }
 
 } // namespace
 
 void moveToTrash(const fs::path& file, const fs::path& fallbackFolder) {
-  std::error_code error;
-  const fs::path folder = fs::canonical(fs::absolute(file).parent_path(), error);
-  const fs::path place = folder / file.filename();
-  if (error || !statusOf(place))
-    throwFileError("delete", file, ENOENT);
-  if (!tryTrashes(place))
-    keepIn(fallbackFolder, place);
+  const fs::path place = trueName(file);
+  if (!tryTrashes(place, moveToFreeName))
+    keepIn(fallbackFolder, place, moveOverDisks);
+}
+
+void copyToTrash(const fs::path& file, const fs::path& fallbackFolder) {
+  const fs::path place = trueName(file);
+  if (!tryTrashes(place, copyToFreeName))
+    keepIn(fallbackFolder, place, copyToFreeName);
 }
 
 } // namespace hearthbook

@@ -10,4 +10,8 @@ namespace hearthbook {
 /// leaves the file where it is if neither can be done.
 void moveToTrash(const std::filesystem::path& file, const std::filesystem::path& fallbackFolder);
 
+/// Keeps a copy of a file in the same manner, while the file stays in its place until another is
+/// put there: at no moment is it in neither. Throws RunTimeError if the copy can be kept nowhere.
+void copyToTrash(const std::filesystem::path& file, const std::filesystem::path& fallbackFolder);
+
 } // namespace hearthbook

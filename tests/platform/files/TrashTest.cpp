@@ -2,6 +2,7 @@
 #include "FileBytes.h"
 #include "PrivateMount.h"
 #include "RunTimeError.h"
+#include "SafeFile.h"
 #include "ScopedVariable.h"
 #include "TemporaryFolder.h"
 
@@ -9,6 +10,7 @@
 #include <gtest/gtest.h>
 
 #include <optional>
+#include <ostream>
 
 #include <sys/stat.h>
 #include <unistd.h>
@@ -186,6 +188,32 @@ TEST_F(TrashOnAnotherDisk, WithoutATrashThereTheFileIsCopiedAndThenRemoved) {
   trashOne();
   EXPECT_EQ(readBytes(at("Backup/00012.jpg")), "photo");
   EXPECT_FALSE(fs::exists(at("Photos/sub/00012.jpg")));
+}
+
+TEST_F(TrashTest, ACopyLiesInTheTrashAndTheFileStaysUntilAnotherTakesItsPlace) {
+  writeBytes(at("Photos/00012.jpg"), "the old one");
+  copyToTrash(at("Photos/00012.jpg"), at("Backup"));
+  EXPECT_EQ(readBytes(at("Photos/00012.jpg")), "the old one");
+  replaceFile(at("Photos/00012.jpg"), [](std::ostream& out) { out << "the new one"; });
+  EXPECT_EQ(readBytes(at("data/Trash/files/00012.jpg")), "the old one");
+  EXPECT_EQ(readBytes(at("Photos/00012.jpg")), "the new one");
+  copyToTrash(at("Photos/00012.jpg"), at("Backup"));
+  EXPECT_EQ(readBytes(at("data/Trash/files/00012 (2).jpg")), "the new one");
+  EXPECT_THAT(namesIn(at("data/Trash/info")),
+              ElementsAre("00012 (2).jpg.trashinfo", "00012.jpg.trashinfo"));
+}
+
+TEST_F(TrashTest, ACopyIsKeptInTheBackupWhereThereIsNoTrash) {
+  writeBytes(at("data"), "no folder can be made here");
+  writeBytes(at("Photos/00012.jpg"), "photo");
+  copyToTrash(at("Photos/00012.jpg"), at("Backup"));
+  copyToTrash(at("Photos/00012.jpg"), at("Backup"));
+  EXPECT_EQ(readBytes(at("Photos/00012.jpg")), "photo");
+  EXPECT_THAT(namesIn(at("Backup")), ElementsAre("00012 (2).jpg", "00012.jpg"));
+}
+
+TEST_F(TrashTest, ACopyOfAFileThatIsNotThereIsRefused) {
+  EXPECT_THROW(copyToTrash(at("Photos/00012.jpg"), at("Backup")), RunTimeError);
 }
 
 } // namespace
