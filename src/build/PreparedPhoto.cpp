@@ -6,7 +6,6 @@
 #include "ThumbnailSize.h"
 
 #include <algorithm>
-#include <sstream>
 
 namespace hearthbook {
 
@@ -80,12 +79,6 @@ EncodedPicture encodeReduced(const std::filesystem::path& source, PixelSize size
   return EncodedPicture([&] {
     return jpegBytes(decodePictureAt(source, reducedSize(size, length)).picture, photoFactor);
   });
-}
-
-std::string jpegBytes(const Picture& picture, int factor) {
-  std::ostringstream stream;
-  writeJpeg(stream, picture, factor);
-  return std::move(stream).str();
 }
 
 } // namespace hearthbook

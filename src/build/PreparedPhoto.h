@@ -47,7 +47,4 @@ PreparedPhoto preparePhoto(const std::filesystem::path& source, bool reduce);
 EncodedPicture encodeReduced(const std::filesystem::path& source, PixelSize size,
                              std::uintmax_t length);
 
-/// The picture as a JPEG in memory.
-std::string jpegBytes(const Picture& picture, int factor);
-
 } // namespace hearthbook

@@ -1,5 +1,6 @@
 #include "ThumbnailSize.h"
 
+#include "Encode.h"
 #include "Numbers.h"
 #include "Resample.h"
 

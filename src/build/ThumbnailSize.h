@@ -6,7 +6,6 @@
 
 namespace hearthbook {
 
-inline constexpr int thumbnailSide = 73; ///< pixels of a thumbnail's longer side
 inline constexpr std::uintmax_t reductionLimit =
     300000; ///< bytes; larger photos are reduced on wish
 

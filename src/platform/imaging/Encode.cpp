@@ -7,6 +7,8 @@
 #include <array>
 #include <bit>
 #include <ostream>
+#include <sstream>
+#include <utility>
 
 namespace hearthbook {
 
@@ -116,6 +118,12 @@ void writeJpeg(std::ostream& out, const Picture& picture, int factor) {
                        " pixels on a side.");
   if (!JpegEncoder(out).write(picture, factor))
     throw RunTimeError("The picture could not be written.");
+}
+
+std::string jpegBytes(const Picture& picture, int factor) {
+  std::ostringstream stream;
+  writeJpeg(stream, picture, factor);
+  return std::move(stream).str();
 }
 
 } // namespace hearthbook
