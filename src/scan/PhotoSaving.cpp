@@ -1,0 +1,80 @@
+#include "PhotoSaving.h"
+
+#include "Encode.h"
+#include "PhotoFiles.h"
+#include "PhotoIdentity.h"
+#include "Resample.h"
+#include "RunTimeError.h"
+#include "SafeFile.h"
+#include "Trash.h"
+
+#include <ostream>
+#include <string_view>
+
+namespace hearthbook {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr const char* backupFolder = "\\Backup";
+constexpr std::size_t thumbnailName = 9; ///< characters of "00012.jpg"
+
+void replaceWith(const fs::path& target, std::string_view bytes) {
+  fs::create_directories(target.parent_path());
+  replaceFile(target, [&](std::ostream& out) { out << bytes; });
+}
+
+fs::path thumbnailOf(const Album& album, const fs::path& photo) {
+  const std::string name = photo.string();
+  return album.folder.path("\\Thumbnails\\" + name.substr(name.size() - thumbnailName));
+}
+
+} // namespace
+
+PhotoPlaces addPhotoRow(Album& album, Recordset& photos) {
+  album.vars.NextPhotoNumber = nextPhotoNumber(photos);
+  const std::string id = hardDiskId(album.vars.NextPhotoNumber);
+  photos.AddNew({"PictureID"}, {Value(id)});
+  return {*imagePath(album, id), *ownThumbnailPath(album, id), album.folder.path(backupFolder)};
+}
+
+PhotoPlaces placesOfCurrentPhoto(Album& album) {
+  const Recordset& photos = album.data.rsPhotoAlbum;
+  if (!standsOnRow(photos))
+    throw RunTimeError("There is no photo to update.");
+  const std::string id = photos.Collect("PictureID").toText();
+  if (originOf(id) != PhotoOrigin::HardDisk)
+    throw RunTimeError("The photo " + id + " does not lie on the hard disk.");
+  resolveImage(album, id);
+  const fs::path photo = album.vars.ImagePath;
+  return {photo, thumbnailOf(album, photo), album.folder.path(backupFolder)};
+}
+
+void writePhoto(const Picture& picture, const PhotoPlaces& places) {
+  const std::string photo = jpegBytes(picture, photoFactor);
+  const PixelSize small = sizeWithin(picture.size(), thumbnailSide);
+  const std::string thumbnail = jpegBytes(resample(picture, small), thumbnailFactor);
+  if (fileExists(places.photo))
+    copyToTrash(places.photo, places.backup);
+  replaceWith(places.photo, photo);
+  replaceWith(places.thumbnail, thumbnail);
+}
+
+KeptPage::KeptPage(const ApplicationFolder& folder)
+    : file_(folder.path(backupFolder) / "Scanned page.jpg") {}
+
+void KeptPage::keep(const Picture& page) {
+  const std::string bytes = jpegBytes(page, photoFactor);
+  const std::scoped_lock lock(turn_);
+  if (!isForgotten_)
+    replaceWith(file_, bytes);
+}
+
+void KeptPage::forget() {
+  const std::scoped_lock lock(turn_);
+  isForgotten_ = true;
+  deleteFile(file_);
+}
+
+} // namespace hearthbook
