@@ -2,9 +2,11 @@
 
 #include "Ascii.h"
 
+#include <unicode/locid.h>
 #include <unicode/normalizer2.h>
 #include <unicode/uchar.h>
 #include <unicode/ucol.h>
+#include <unicode/unistr.h>
 #include <unicode/utf8.h>
 
 #include <algorithm>
@@ -160,6 +162,13 @@ std::optional<std::string> foldedPlain(std::string_view text) {
     c = asciiLower(c);
   }
   return folded;
+}
+
+std::string lowerCase(std::string_view text) {
+  icu::UnicodeString wide = icu::UnicodeString::fromUTF8({text.data(), length(text)});
+  wide.toLower(icu::Locale::getRoot());
+  std::string lowered;
+  return wide.toUTF8String(lowered);
 }
 
 std::string textSortKey(std::string_view text) {

@@ -22,6 +22,9 @@ bool sameText(std::string_view left, std::string_view right);
 /// their folded bytes are. Nothing for other texts.
 std::optional<std::string> foldedPlain(std::string_view text);
 
+/// The text in small letters of every alphabet.
+std::string lowerCase(std::string_view text);
+
 /// Bytes that compare as the texts do; for sorting many.
 std::string textSortKey(std::string_view text);
 

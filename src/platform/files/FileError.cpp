@@ -1,7 +1,5 @@
 #include "FileError.h"
 
-#include "RunTimeError.h"
-
 #include <cerrno>
 #include <system_error>
 
@@ -32,8 +30,20 @@ std::string causeOf(int error) {
   }
 }
 
+namespace {
+
+std::string failureText(const std::string& action, const std::filesystem::path& file, int error) {
+  return "Cannot " + action + " \"" + file.string() + "\": " + causeOf(error) + ".";
+}
+
+} // namespace
+
 void throwFileError(const std::string& action, const std::filesystem::path& file, int error) {
-  throw RunTimeError("Cannot " + action + " \"" + file.string() + "\": " + causeOf(error) + ".");
+  throw RunTimeError(failureText(action, file, error));
+}
+
+void throwUnreadable(const std::filesystem::path& file, int error) {
+  throw UnreadableFile(failureText("read", file, error));
 }
 
 } // namespace hearthbook

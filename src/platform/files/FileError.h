@@ -1,5 +1,7 @@
 #pragma once
 
+#include "RunTimeError.h"
+
 #include <filesystem>
 #include <string>
 
@@ -11,5 +13,14 @@ std::string causeOf(int error);
 /// Throws RunTimeError: `Cannot write "/home/ann/00012.jpg": the disk is full.`
 [[noreturn]] void throwFileError(const std::string& action, const std::filesystem::path& file,
                                  int error);
+
+/// A file that was to be copied cannot be read: for those who go on without it.
+class UnreadableFile : public RunTimeError {
+public:
+  using RunTimeError::RunTimeError;
+};
+
+/// Throws UnreadableFile.
+[[noreturn]] void throwUnreadable(const std::filesystem::path& file, int error);
 
 } // namespace hearthbook

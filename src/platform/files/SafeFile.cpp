@@ -1,5 +1,6 @@
 #include "SafeFile.h"
 
+#include "CopyBytes.h"
 #include "FileDescriptor.h"
 #include "FileError.h"
 
@@ -24,20 +25,6 @@ namespace {
 
 constexpr std::string_view partStart = ".hearthbook-";
 constexpr std::string_view partEnd = ".part";
-
-/// All bytes, however the system cuts them; false with errno set if it refuses.
-bool writeAll(int file, const char* bytes, std::size_t count) {
-  while (count > 0) {
-    const ssize_t written = ::write(file, bytes, count);
-    if (written < 0 && errno == EINTR)
-      continue;
-    if (written < 0)
-      return false;
-    bytes += written;
-    count -= static_cast<std::size_t>(written);
-  }
-  return true;
-}
 
 /// Lets a std::ostream write to an open file and remembers why the system refused.
 class FileBuffer : public std::streambuf {
@@ -89,28 +76,6 @@ fs::path nextPartName(const fs::path& folder) {
   static std::atomic<unsigned> count{0};
   return folder / (std::string(partStart) + std::to_string(getpid()) + "-" +
                    std::to_string(++count) + std::string(partEnd));
-}
-
-/// Lets the kernel copy as far as it can; what is left is for copyRest().
-void copyInKernel(int source, int target) {
-  constexpr std::size_t piece = std::size_t{1} << 30;
-  while (::copy_file_range(source, nullptr, target, nullptr, piece, 0) > 0) {
-  }
-}
-
-void copyRest(int source, const fs::path& sourceName, int target, const fs::path& targetName) {
-  std::array<char, 65536> bytes;
-  for (;;) {
-    const ssize_t count = ::read(source, bytes.data(), bytes.size());
-    if (count == 0)
-      return;
-    if (count < 0 && errno == EINTR)
-      continue;
-    if (count < 0)
-      throwFileError("read", sourceName, errno);
-    if (!writeAll(target, bytes.data(), static_cast<std::size_t>(count)))
-      throwFileError("write", targetName, errno);
-  }
 }
 
 /// The process that a temporary name belongs to; 0 if the name is not one of ours.
@@ -176,11 +141,8 @@ private:
 };
 
 void PartFile::copyFrom(const fs::path& source) {
-  const FileDescriptor from(::open(source.c_str(), O_RDONLY | O_CLOEXEC));
-  if (!from.isOpen())
-    throwFileError("read", source, errno);
-  copyInKernel(from.number(), number());
-  copyRest(from.number(), source, number(), target_);
+  const FileDescriptor from = openToRead(source);
+  copyBytes(from.number(), source, number(), target_);
 }
 
 void replaceFile(const fs::path& target, const std::function<void(std::ostream&)>& write,

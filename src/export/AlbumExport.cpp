@@ -1,0 +1,292 @@
+#include "AlbumExport.h"
+
+#include "AudioFiles.h"
+#include "ExportPages.h"
+#include "ExportRows.h"
+#include "ExportTarget.h"
+#include "FileError.h"
+#include "PhotoExport.h"
+#include "PhotoFiles.h"
+#include "PhotoIdentity.h"
+#include "PlainFile.h"
+#include "SoundShelf.h"
+
+#include <chrono>
+#include <deque>
+#include <future>
+#include <sstream>
+
+namespace hearthbook {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+/// The folders from which the photos of one origin and their sounds come.
+struct PhotoPlaces {
+  fs::path photos;
+  fs::path thumbnails;
+};
+
+/// Where all that goes out is found. Reading the folders may wait for a disc.
+struct ExportSources {
+  explicit ExportSources(const Album& album)
+      : drives(album.drives.enumerate()),
+        disc(findPhotoDrive(drives)), hardDisk{album.folder.path("\\Photos"),
+                                               album.folder.path("\\thumbnails")},
+        onDisc{realPath(drives, disc + ":\\Photos"), realPath(drives, disc + ":\\thumbnails")},
+        sounds(album.folder.path("\\Audio")), soundsOnDisc(realPath(drives, disc + ":\\Audio")) {}
+
+  [[nodiscard]] const PhotoPlaces& placesOf(std::string_view pictureId) const {
+    return originOf(pictureId) == PhotoOrigin::HardDisk ? hardDisk : onDisc;
+  }
+  [[nodiscard]] std::optional<fs::path> soundOf(std::string_view owner) const {
+    auto sound = sounds.find(owner);
+    return sound ? sound : soundsOnDisc.find(owner);
+  }
+
+  std::vector<Drive> drives;
+  std::string disc;
+  PhotoPlaces hardDisk;
+  PhotoPlaces onDisc;
+  SoundShelf sounds;
+  SoundShelf soundsOnDisc;
+};
+
+/// A name that no page of the template has already.
+ExportNames freeNames(const ExportRequest& request, const fs::path& exportTemplate) {
+  ExportNames names = exportNames(request.albumName, request.albumId);
+  while (names.lcname != "master" &&
+         fileExists(exportFolder(exportTemplate, names.lcname + ".htm")))
+    names = renamed(names, names.name + "_");
+  return names;
+}
+
+class AlbumExporter {
+public:
+  AlbumExporter(const Album& album, WorkPool& pool, const ExportRequest& request,
+                const ExportListener& listener)
+      : album_(album), pool_(pool), request_(request), listener_(listener),
+        optimization_(optimizations()[request.optimization]),
+        template_(templateFolder(album.folder)), names_(freeNames(request, template_)),
+        target_(exportFolder(request.base, names_.name)), rows_(album.folder, request.albumId) {}
+  ~AlbumExporter() {
+    for (const auto& photo : inWork_)
+      photo.result.wait();
+  }
+  AlbumExporter(const AlbumExporter&) = delete;
+  AlbumExporter& operator=(const AlbumExporter&) = delete;
+
+  std::optional<ExportOutcome> run();
+
+private:
+  struct PhotoInWork {
+    std::int64_t number;
+    std::string file;
+    bool isShown;
+    std::future<ExportedPhoto> result;
+  };
+
+  void refuse() const;
+  [[nodiscard]] bool mayReplace();
+  void prepareTree();
+  void writePageCount() const;
+  void exportPhotos();
+  void beginPhoto();
+  void finishPhoto();
+  [[nodiscard]] PhotoExportOrder orderFor(const SidePage& page, const std::string& pictureId);
+  [[nodiscard]] bool wantsPreview() const;
+  std::string sidePage(const SidePage& page);
+  void writeStartPage() const;
+  void writeAutorunFile() const;
+
+  [[nodiscard]] fs::path startPage() const { return target_ / (names_.lcname + ".htm"); }
+
+  template <class Work> auto beside(Work work) {
+    auto answer = pool_.run(std::move(work), listener_.wake, true);
+    await(answer);
+    return answer.get();
+  }
+  template <class Answer> void await(std::future<Answer>& answer) const {
+    using namespace std::chrono_literals;
+    if (listener_.wait)
+      listener_.wait([&] { return answer.wait_for(0s) == std::future_status::ready; });
+    answer.wait();
+  }
+
+  const Album& album_;
+  WorkPool& pool_;
+  const ExportRequest& request_;
+  const ExportListener& listener_;
+  const Optimization& optimization_;
+  fs::path template_;
+  ExportNames names_;
+  fs::path target_;
+  ExportRows rows_;
+  std::optional<ExportSources> sources_;
+  std::deque<PhotoInWork> inWork_;
+  std::chrono::steady_clock::time_point lastShown_;
+  ExportOutcome outcome_;
+};
+
+std::optional<ExportOutcome> AlbumExporter::run() {
+  refuse();
+  sources_.emplace(beside([this] { return ExportSources(album_); }));
+  if (!mayReplace())
+    return std::nullopt;
+  beside([this] {
+    prepareTree();
+    return 0;
+  });
+  exportPhotos();
+  writeStartPage();
+  writeAutorunFile();
+  outcome_.name = names_.name;
+  outcome_.folder = target_;
+  outcome_.startPage = startPage();
+  return std::move(outcome_);
+}
+
+void AlbumExporter::refuse() const {
+  if (!hasTemplate(album_.folder))
+    throw RunTimeError(noExportSource);
+  if (belongsToProgram(album_.folder, target_))
+    throw RunTimeError("An album cannot be exported to \"" + target_.string() +
+                       "\": the folder belongs to the program. Please select another one.");
+}
+
+bool AlbumExporter::mayReplace() {
+  const auto strangers = beside([this] { return strangersIn(target_, template_, names_); });
+  return strangers.empty() || (listener_.mayDelete && listener_.mayDelete(target_, strangers));
+}
+
+void AlbumExporter::prepareTree() {
+  clearExport(target_);
+  copyPlainTree(template_, target_);
+  for (const char* folder : {"data", "audio"})
+    makePlainFolder(target_ / folder);
+  std::error_code error;
+  fs::rename(target_ / "master.htm", startPage(), error);
+  if (error)
+    throwFileError("write", startPage(), error.value());
+  if (const auto sound = sources_->soundOf(albumAudioName(request_.albumId)))
+    copyPlainFile(*sound, target_ / "audio" / (names_.name + soundExtension(*sound)));
+  writePageCount();
+}
+
+void AlbumExporter::writePageCount() const {
+  const fs::path page = target_ / "html" / "rightctrl.htm";
+  writePlainFile(page,
+                 withToken(readWholeFile(page), tokens::pageCount, std::to_string(rows_.count())));
+}
+
+/// As many photos are at work as keep the pool busy, so that an album of thousands takes no more
+/// memory than a small one.
+void AlbumExporter::exportPhotos() {
+  const auto most = 2 * static_cast<std::size_t>(pool_.threads());
+  while (!rows_.atEnd() || !inWork_.empty()) {
+    while (!rows_.atEnd() && inWork_.size() < most)
+      beginPhoto();
+    finishPhoto();
+  }
+}
+
+void AlbumExporter::beginPhoto() {
+  const std::string id = rows_.pictureId();
+  const SidePage page = rows_.page();
+  auto order = orderFor(page, id);
+  const bool isShown = optimization_.limits || order.previewSide > 0;
+  inWork_.push_back(
+      {page.number, stemOf(id) + ".jpg", isShown,
+       pool_.run([order = std::move(order)] { return exportPhoto(order); }, listener_.wake)});
+  rows_.moveNext();
+}
+
+PhotoExportOrder AlbumExporter::orderFor(const SidePage& page, const std::string& pictureId) {
+  const std::string file = stemOf(pictureId) + ".jpg";
+  const PhotoPlaces& places = sources_->placesOf(pictureId);
+  PhotoExportOrder order;
+  order.number = page.number;
+  order.onDisc = originOf(pictureId) != PhotoOrigin::HardDisk;
+  order.photo = places.photos / file;
+  order.thumbnail = places.thumbnails / file;
+  order.sound = sources_->soundOf(photoAudioName(pictureId));
+  order.target = target_;
+  order.limits = optimization_.limits;
+  order.factor = optimization_.factor;
+  order.previewSide = wantsPreview() ? request_.previewSide : 0;
+  SidePage full = page;
+  if (order.sound)
+    full.soundExtension = soundExtension(*order.sound);
+  order.page = sidePage(full);
+  return order;
+}
+
+/// To decode a photo takes far longer than to copy it: one now and then is enough to look at.
+bool AlbumExporter::wantsPreview() const {
+  constexpr auto lookingTime = std::chrono::milliseconds(400);
+  for (const auto& photo : inWork_)
+    if (photo.isShown)
+      return false;
+  return std::chrono::steady_clock::now() - lastShown_ >= lookingTime;
+}
+
+std::string AlbumExporter::sidePage(const SidePage& page) {
+  bool hasMarkup = false;
+  const auto look = [&](const std::string& text) {
+    hasMarkup = hasMarkup || looksLikeMarkup(text);
+  };
+  for (const Value* text : {&page.event, &page.place, &page.description})
+    look(text->toText());
+  std::ostringstream text;
+  writeSidePage(text, page, [&](std::int64_t id) {
+    auto name = rows_.nameOfPerson(id);
+    look(name.value_or(std::string()));
+    return name;
+  });
+  outcome_.markups += hasMarkup;
+  return markedAsUtf8(std::move(text).str());
+}
+
+void AlbumExporter::finishPhoto() {
+  auto& photo = inWork_.front();
+  if (listener_.atPhoto)
+    listener_.atPhoto(photo.number, rows_.count(), photo.file);
+  await(photo.result);
+  auto done = std::move(photo);
+  inWork_.pop_front();
+  const ExportedPhoto exported = done.result.get();
+  for (const std::string& trouble : exported.troubles)
+    outcome_.troubles.push_back({done.file, trouble});
+  if (exported.shown.isNull() || !listener_.showing)
+    return;
+  listener_.showing(exported.shown);
+  lastShown_ = std::chrono::steady_clock::now();
+}
+
+void AlbumExporter::writeStartPage() const {
+  std::ostringstream thumbnails;
+  writeThumbnailTable(thumbnails, rows_.count());
+  std::string page = readWholeFile(startPage());
+  page = withToken(page, tokens::thumbnails, thumbnails.view());
+  page = withToken(page, tokens::title, names_.title);
+  if (const auto sound = sources_->sounds.find(albumAudioName(request_.albumId)))
+    page = withToken(page, tokens::audio, names_.name + soundExtension(*sound));
+  writePlainFile(startPage(), markedAsUtf8(std::move(page)));
+}
+
+void AlbumExporter::writeAutorunFile() const {
+  std::ostringstream text;
+  writeAutorun(text, names_.name);
+  writePlainFile(target_ / "Autorun.inf", text.view());
+}
+
+} // namespace
+
+std::optional<ExportOutcome> exportSubAlbum(const Album& album, WorkPool& pool,
+                                            const ExportRequest& request,
+                                            const ExportListener& listener) {
+  return AlbumExporter(album, pool, request, listener).run();
+}
+
+} // namespace hearthbook

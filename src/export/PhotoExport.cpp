@@ -1,0 +1,117 @@
+#include "PhotoExport.h"
+
+#include "ApplicationFolder.h"
+#include "Decode.h"
+#include "Encode.h"
+#include "ExportPages.h"
+#include "FileError.h"
+#include "PlainFile.h"
+#include "Resample.h"
+#include "SoundShelf.h"
+#include "Spelling.h"
+
+#include <algorithm>
+#include <sstream>
+
+namespace hearthbook {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+fs::path asSpelled(const fs::path& file) {
+  return file.parent_path() / spellingIn(file.parent_path(), file.filename().string());
+}
+
+class PhotoExporter {
+public:
+  explicit PhotoExporter(PhotoExportOrder order) : order_(std::move(order)) {}
+
+  ExportedPhoto run() {
+    if (order_.onDisc)
+      for (fs::path* file : {&order_.photo, &order_.thumbnail})
+        *file = asSpelled(*file);
+    copyThumbnail();
+    if (!fileExists(order_.photo)) {
+      tell("is missing");
+      return result_;
+    }
+    if (order_.limits)
+      writeReduced();
+    else
+      copyPhoto();
+    copySound();
+    writePlainFile(inData(".htm"), order_.page);
+    return result_;
+  }
+
+private:
+  void tell(const char* trouble) { result_.troubles.emplace_back(trouble); }
+
+  [[nodiscard]] std::string number() const { return std::to_string(order_.number); }
+  [[nodiscard]] fs::path inData(const std::string& extension) const {
+    return order_.target / "data" / (number() + extension);
+  }
+
+  void copy(const fs::path& source, const fs::path& target, const char* trouble) {
+    try {
+      copyPlainFile(source, target);
+    } catch (const UnreadableFile&) {
+      tell(trouble);
+    }
+  }
+
+  void copyThumbnail() {
+    if (fileExists(order_.thumbnail))
+      copy(order_.thumbnail, order_.target / "data" / ("t" + number() + ".jpg"),
+           "has a thumbnail that could not be read");
+    else
+      tell("has no thumbnail");
+  }
+
+  void copyPhoto() {
+    copy(order_.photo, inData(".jpg"), "could not be read");
+    if (order_.previewSide > 0)
+      result_.shown = pictureWithinOrNone(order_.photo, order_.previewSide);
+  }
+
+  void writeReduced() {
+    result_.shown = reduced();
+    if (result_.shown.isNull())
+      return;
+    std::ostringstream jpeg;
+    writeJpeg(jpeg, result_.shown, order_.factor);
+    writePlainFile(inData(".jpg"), jpeg.view());
+  }
+
+  /// The pixels alone: what the camera has noted of place and time does not go out with them.
+  Picture reduced() {
+    try {
+      const PixelSize size = exportedSize(readPictureInfo(order_.photo).size, *order_.limits);
+      // An average over at least four pixels keeps what the decoder's own reduction would blur.
+      const auto decoded =
+          decodePictureRoughly(order_.photo, 2 * std::max(size.width, size.height));
+      if (decoded.cut)
+        tell("is not whole");
+      return resample(decoded.picture, size);
+    } catch (const RunTimeError&) {
+      tell("could not be read");
+      return {};
+    }
+  }
+
+  void copySound() {
+    if (order_.sound)
+      copy(*order_.sound, order_.target / "audio" / (number() + soundExtension(*order_.sound)),
+           "has a sound that could not be read");
+  }
+
+  PhotoExportOrder order_;
+  ExportedPhoto result_;
+};
+
+} // namespace
+
+ExportedPhoto exportPhoto(const PhotoExportOrder& order) { return PhotoExporter(order).run(); }
+
+} // namespace hearthbook

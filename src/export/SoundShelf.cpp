@@ -1,0 +1,38 @@
+#include "SoundShelf.h"
+
+#include "ApplicationFolder.h"
+#include "Words.h"
+
+#include <algorithm>
+#include <system_error>
+
+namespace hearthbook {
+
+namespace fs = std::filesystem;
+
+SoundShelf::SoundShelf(const fs::path& folder) {
+  std::error_code error;
+  fs::directory_iterator entry(folder, error);
+  for (; !error && entry != fs::directory_iterator(); entry.increment(error)) {
+    const std::string name = entry->path().filename().string();
+    const auto dot = name.find('.');
+    if (dot == std::string::npos || !fileExists(entry->path()))
+      continue;
+    auto& sound = sounds_[asciiLower(name.substr(0, dot))];
+    if (sound.empty() || entry->path() < sound)
+      sound = entry->path();
+  }
+}
+
+std::optional<fs::path> SoundShelf::find(std::string_view name) const {
+  const auto found = sounds_.find(asciiLower(name));
+  return found == sounds_.end() ? std::nullopt : std::optional(found->second);
+}
+
+std::string soundExtension(const fs::path& file) {
+  constexpr std::size_t length = 4;
+  const std::string name = file.filename().string();
+  return name.substr(name.size() - std::min(name.size(), length));
+}
+
+} // namespace hearthbook

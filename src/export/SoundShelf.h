@@ -1,0 +1,28 @@
+#pragma once
+
+#include <filesystem>
+#include <map>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace hearthbook {
+
+/// The sounds of a folder by their owners' names ("00012", "A7"). The folder is read once, since
+/// an album may ask for thousands.
+class SoundShelf {
+public:
+  /// Empty where the folder cannot be read.
+  explicit SoundShelf(const std::filesystem::path& folder);
+
+  /// Of several sounds of one owner the first by name.
+  [[nodiscard]] std::optional<std::filesystem::path> find(std::string_view name) const;
+
+private:
+  std::map<std::string, std::filesystem::path, std::less<>> sounds_;
+};
+
+/// The last four characters of the file's name: ".wav".
+std::string soundExtension(const std::filesystem::path& file);
+
+} // namespace hearthbook
