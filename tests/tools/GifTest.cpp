@@ -32,6 +32,26 @@ TEST(Gif, ComesBackWhenTheCodesRunOut) {
   EXPECT_EQ(roundTrip(image), image);
 }
 
+TEST(Gif, WhatIsNotDrawnLetsTheGroundThrough) {
+  QImage image(2, 1, QImage::Format_ARGB32);
+  image.setPixel(0, 0, qRgba(0, 0, 0, 0));
+  image.setPixel(1, 0, qRgb(110, 0, 0));
+  const QImage back = QImage::fromData(toGif(image), "gif").convertToFormat(QImage::Format_ARGB32);
+  EXPECT_EQ(qAlpha(back.pixel(0, 0)), 0);
+  EXPECT_EQ(back.pixel(1, 0), qRgb(110, 0, 0));
+}
+
+TEST(Gif, OfMoreColoursThanItHoldsTheFrequentOnesStay) {
+  QImage image(40, 40, QImage::Format_RGB32);
+  image.fill(qRgb(110, 0, 0));
+  for (int i = 0; i < 400; ++i)
+    image.setPixel(i % 40, i / 40, qRgb(i / 2, 255 - i / 2, i % 2));
+  const QImage back = roundTrip(image);
+  EXPECT_EQ(back.pixel(39, 39), qRgb(110, 0, 0));
+  for (int i = 0; i < 400; ++i)
+    EXPECT_NEAR(qRed(back.pixel(i % 40, i / 40)), i / 2, 80) << i;
+}
+
 } // namespace
 
 } // namespace hearthbook

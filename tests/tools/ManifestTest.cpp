@@ -39,6 +39,13 @@ TEST_F(Manifest, ALineMayTellWhatACameraWouldHaveWritten) {
   EXPECT_EQ(drawings[0].camera.orientation, 6);
 }
 
+TEST_F(Manifest, ALineMayAskForAClearGround) {
+  const auto drawings = read("a.gif a.svg 8x8 clear\nb.gif b.svg 8x8\n");
+  ASSERT_EQ(drawings.size(), 2);
+  EXPECT_TRUE(drawings[0].clear);
+  EXPECT_FALSE(drawings[1].clear);
+}
+
 TEST_F(Manifest, ALineThatCannotBeReadIsRefused) {
   EXPECT_THROW(read("a.jpg a.svg\n"), std::runtime_error);
   EXPECT_THROW(read("a.jpg a.svg 8x8 colour=red\n"), std::runtime_error);

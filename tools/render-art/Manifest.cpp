@@ -18,6 +18,8 @@ void applyOption(Drawing& drawing, const QString& option) {
     drawing.camera.orientation = value.toInt();
   else if (name == QStringLiteral("taken"))
     drawing.camera.taken = QString(value).replace(u'T', u' ').toLatin1();
+  else if (name == QStringLiteral("clear"))
+    drawing.clear = true;
   else
     throw std::runtime_error("unknown option " + option.toStdString());
 }

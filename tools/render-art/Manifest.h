@@ -9,13 +9,15 @@
 namespace hearthbook {
 
 /// One picture to make. A line of a manifest reads
-///     OUTPUT SOURCE WIDTHxHEIGHT [quality=N] [orientation=N] [taken=1998:06:14T15:02:11]
-/// The size is that of the upright picture; SOURCE may be an SVG drawn for any size.
+///     OUTPUT SOURCE WIDTHxHEIGHT [quality=N] [orientation=N] [taken=1998:06:14T15:02:11] [clear]
+/// A GIF that is `clear` shows what lies behind it where nothing is drawn. The size is that of the
+/// upright picture; SOURCE may be an SVG drawn for any size.
 struct Drawing {
   QString output;
   QString source;
   QSize size;
   int quality = 92;
+  bool clear = false;
   CameraData camera;
 };
 

@@ -22,7 +22,7 @@ namespace hearthbook {
 namespace {
 
 bool hasTransparency(const Drawing& drawing) {
-  return drawing.output.endsWith(QStringLiteral(".png")) ||
+  return drawing.clear || drawing.output.endsWith(QStringLiteral(".png")) ||
          drawing.output.endsWith(QStringLiteral(".ico"));
 }
 
