@@ -1,0 +1,118 @@
+// The frame page: one photograph with what is known of it beside it. The number stands in the
+// address, behind "?Page=" at first and behind "#" as one goes on, so that the music plays on, the
+// browser's Back works and a page can be sent to somebody.
+(function () {
+  "use strict";
+
+  var photo = document.getElementById("photo");
+  var side = document.getElementById("side");
+  var paging = document.getElementById("paging");
+  var start = album.startPage(album.query("Album"));
+  var count = Infinity; // until the paging tells
+  var shown = 0;
+  var loaded = 0; // the photograph that its frame has shown last
+
+  function wanted() {
+    var behind = /^#(\d+)$/.exec(location.hash);
+    return Math.min(album.pageNumber(behind ? behind[1] : album.query("Page")), count);
+  }
+
+  // Not through `src`, which would make an entry of its own in the browser's history.
+  function open(frame, address) {
+    frame.contentWindow.location.replace(new URL(address, location.href).href);
+  }
+
+  function show(number) {
+    if (number === shown)
+      return;
+    shown = number;
+    document.title = "Photograph " + number;
+    document.body.classList.remove("alone");
+    open(photo, "html/leftctrl.htm?Page=" + number);
+    open(side, "data/" + number + ".htm");
+    album.tell(paging.contentWindow, { number: number });
+  }
+
+  function goTo(number) {
+    number = Math.max(1, Math.min(number, count));
+    if (number !== shown && isFinite(number))
+      location.hash = "#" + number;
+  }
+
+  function step(by) { goTo(shown + by); }
+
+  // Not before the count is known: behind the last photograph there is no file.
+  function preloadNext() {
+    if (isFinite(count) && loaded === shown && shown < count)
+      new Image().src = "data/" + (shown + 1) + ".jpg";
+  }
+
+  // From a disk no page may be read, but how many frames it holds may be asked: the side page
+  // plays its sound in one.
+  function soundOf(number) {
+    try {
+      var sound = side.contentDocument.querySelector("bgsound");
+      return sound ? sound.getAttribute("src").replace("../", "") : "";
+    } catch (unreadable) {
+      return side.contentWindow.length > 0 ? "audio/" + number + ".wav" : "";
+    }
+  }
+
+  function tellSound() {
+    album.tell(paging.contentWindow, { number: shown, sound: soundOf(shown) });
+  }
+
+  // Keys pressed in the side page do not come here from a disk: after a click the focus returns.
+  var byTab = false;
+  window.addEventListener("keydown", function (event) { byTab = event.key === "Tab"; });
+  window.addEventListener("blur", function () {
+    if (document.activeElement === side && !byTab)
+      setTimeout(function () { window.focus(); side.blur(); }, 0);
+    byTab = false;
+  });
+
+  function sideLoaded() {
+    tellSound();
+    try {
+      album.onStepKeys(step, side.contentWindow);
+    } catch (unreadable) { // see above
+    }
+  }
+
+  album.listen(function (frame) {
+    return frame === photo.contentWindow || frame === paging.contentWindow;
+  }, function (message, frame) {
+    if (message.ask === "number")
+      album.tell(frame, { number: shown });
+    if (message.ask === "sound")
+      tellSound();
+    if (message.count !== undefined) {
+      count = message.count;
+      show(wanted());
+      document.title = "Photograph " + shown + " of " + count;
+    }
+    if (message.step !== undefined)
+      step(message.step);
+    if (message.goTo !== undefined)
+      goTo(message.goTo);
+    if (message.loaded !== undefined)
+      loaded = message.loaded;
+    if (message.loaded !== undefined || message.count !== undefined)
+      preloadNext();
+    if (message.missing === shown) {
+      document.body.classList.add("alone");
+      open(side, "about:blank");
+    }
+    if (message.print)
+      window.print();
+  });
+
+  side.addEventListener("load", sideLoaded);
+  window.addEventListener("hashchange", function () {
+    show(wanted());
+    document.title = "Photograph " + shown + (isFinite(count) ? " of " + count : "");
+  });
+  album.onStepKeys(step);
+  show(wanted());
+  open(paging, "html/rightctrl.htm?Page=" + shown + (start ? "&Album=" + encodeURIComponent(start) : ""));
+})();

@@ -1,0 +1,301 @@
+"""The pages of an exported album in a real browser, from the disk and from a server, on screens of several sizes.
+
+    exported_pages_test.py BUILD KEEP [unittest's options]
+"""
+import contextlib
+import functools
+import http.server
+import pathlib
+import re
+import sys
+import tempfile
+import threading
+import unittest
+
+import stand_in_album
+from browser import Browser
+from family import PHOTOS, TITLE
+from links import broken_links
+
+BUILD, KEEP = pathlib.Path(sys.argv[1]), pathlib.Path(sys.argv[2])
+FACES = pathlib.Path(__file__).parents[2] / "assets" / "samples" / "faces.txt"
+DESKTOP, TELEPHONE = (1366, 768), (390, 844)
+MISSING = [n for n, photo in enumerate(PHOTOS, 1) if photo.missing]
+HERE, GONE = "!document.getElementById('mount').hidden", "!document.getElementById('missing').hidden"
+
+
+class QuietHandler(http.server.SimpleHTTPRequestHandler):
+    def log_message(self, *_):
+        pass
+
+
+@contextlib.contextmanager
+def server(folder):
+    handler = functools.partial(QuietHandler, directory=folder)
+    with http.server.ThreadingHTTPServer(("127.0.0.1", 0), handler) as served:
+        threading.Thread(target=served.serve_forever, daemon=True).start()
+        yield f"http://127.0.0.1:{served.server_port}"
+        served.shutdown()
+
+
+def expected_missing(address):
+    """What an album without one of its photographs lacks."""
+    return address.endswith("favicon.ico") or any(
+        re.search(rf"/data/(t{n}\.jpg|{n}\.jpg|{n}\.htm)$", address) for n in MISSING)
+
+
+class ExportedPages(unittest.TestCase):
+    @classmethod
+    def setUpClass(cls):
+        cls.open = contextlib.ExitStack()
+        cls.folder = pathlib.Path(cls.open.enter_context(tempfile.TemporaryDirectory(prefix="hearthbook-pages-")))
+        cls.start = stand_in_album.export(BUILD / "application" / "export" / "template", BUILD / "samples", FACES,
+                                          cls.folder, TITLE, PHOTOS)
+        cls.tree = cls.start.parent
+        cls.server = cls.open.enter_context(server(cls.tree))
+        cls.ways = {"disk": cls.tree.as_uri(), "server": cls.server}
+        cls.browser = cls.open.enter_context(Browser())
+        KEEP.mkdir(parents=True, exist_ok=True)
+
+    @classmethod
+    def tearDownClass(cls):
+        cls.open.close()
+
+    @contextlib.contextmanager
+    def page(self, size=DESKTOP, telephone=False):
+        with self.browser.page(*size, telephone) as page:
+            yield page
+            self.assertEqual(page.errors, [], "no script fails")
+            self.assertEqual([f for f in page.failed if not expected_missing(f)], [], "no file is missing")
+
+    def show(self, page, root, number, more=""):
+        page.open(f"{root}/frameset.htm?Page={number}{more}")
+        self.wait_for_photo(page, number)
+
+    @staticmethod
+    def wait_for_photo(page, number):
+        state = GONE if number in MISSING else HERE
+        page.wait_for(f"document.getElementById('picture').src.endsWith('/data/{number}.jpg') && {state}", "leftCtrl")
+        page.wait_for(f"document.getElementById('number').value == {number}", "rightCtrl")
+        if number not in MISSING:
+            page.wait(lambda: page.frame_address("side").endswith(f"/data/{number}.htm"), f"side page {number}")
+
+    def test_the_start_page_shows_the_title_and_every_thumbnail(self):
+        for way, root in self.ways.items():
+            with self.subTest(way), self.page() as page:
+                page.open(f"{root}/{self.start.name}")
+                self.assertEqual(page.evaluate("document.title"), TITLE)
+                self.assertEqual(page.evaluate("document.querySelector('h1').textContent"), TITLE)
+                widths = page.evaluate("[...document.querySelectorAll('#thumbs img')].map(i => i.naturalWidth)")
+                self.assertEqual([n for n, width in enumerate(widths, 1) if not width], MISSING)
+                names = page.evaluate("[...document.querySelectorAll('#thumbs img')].map(i => i.alt)")
+                self.assertEqual(names, [f"Photograph {n}" for n in range(1, len(PHOTOS) + 1)])
+
+    def test_every_page_shows_its_photograph_with_its_side_page(self):
+        for way, root in self.ways.items():
+            with self.subTest(way), self.page() as page:
+                for number, photo in enumerate(PHOTOS, 1):
+                    self.show(page, root, number)
+                    page.wait_for(f"document.title == 'Photograph {number} of {len(PHOTOS)}'")
+                    if photo.missing:
+                        continue
+                    page.wait_for("document.readyState == 'complete'", "side")
+                    text = page.evaluate("document.body.innerText", "side")
+                    for told in (str(photo.year or "----"), f"{photo.event} in {photo.place}", *photo.names,
+                                 photo.description.strip()):
+                        self.assertIn(told, text)
+
+    def test_a_number_behind_the_last_shows_the_last(self):
+        with self.page() as page:
+            page.open(self.tree.as_uri() + "/frameset.htm?Page=4711")
+            self.wait_for_photo(page, len(PHOTOS))
+            page.failed = [f for f in page.failed if "4711" not in f]
+
+    def test_anything_but_a_number_shows_the_first(self):
+        for query in ("", "?Page=", "?Page=x", "?Page=0", "?Page=-3"):
+            with self.subTest(query=query), self.page() as page:
+                page.open(self.tree.as_uri() + "/frameset.htm" + query)
+                self.wait_for_photo(page, 1)
+
+    def test_the_marker_stands_on_the_face_at_every_size(self):
+        for way, root in self.ways.items():
+            for size in ((1024, 768), (3840, 2160), TELEPHONE, (844, 390), (320, 480)):
+                with self.subTest(way, size=size), self.page(size) as page:
+                    self.show(page, root, 1)
+                    for number, name in ((1, "Clara"), (1, "Henry"), (9, "Rosa")):
+                        self.check_marker(page, root, number, name)
+
+    def check_marker(self, page, root, number, name):
+        self.show(page, root, number)
+        page.wait_for("document.readyState == 'complete'", "side")
+        row = f"[...document.querySelectorAll('td')].find(t => !t.querySelector('td') && t.innerText.includes('{name}'))"
+        page.evaluate(f"{row}.querySelector('a').click()", "side")
+        page.wait_for(f"location.search.includes('cords') && {HERE} && !document.getElementById('marker').hidden", "leftCtrl")
+        self.assertTrue(page.evaluate(f"document.getElementById('picture').src.endsWith('/{number}.jpg')", "leftCtrl"))
+        place = page.evaluate("(() => { const p = picture.getBoundingClientRect(), m = marker.getBoundingClientRect();"
+                              " return [(m.left + m.width / 2 - p.left) / p.width, (m.bottom - p.top) / p.height,"
+                              " p.width, p.height]; })()", "leftCtrl")
+        photo = PHOTOS[number - 1]
+        size = stand_in_album.size_of(self.tree / "data" / f"{number}.jpg")
+        upright = (1600, 1200) if size[0] > size[1] else (1200, 1600)
+        face = stand_in_album.faces(FACES, photo.file)[name]
+        self.assertAlmostEqual(place[0], face[0] / upright[0], delta=2 / place[2])
+        self.assertAlmostEqual(place[1], face[1] / upright[1], delta=2 / place[3])
+
+    def test_the_whole_photograph_is_in_sight(self):
+        for size in ((1024, 768), (3840, 2160), TELEPHONE, (320, 480)):
+            with self.subTest(size=size), self.page(size) as page:
+                for number in (1, 3):
+                    self.show(page, self.tree.as_uri(), number)
+                    self.assertTrue(page.evaluate(
+                        "(r => r.left >= 0 && r.top >= 0 && r.right <= innerWidth && r.bottom <= innerHeight)"
+                        "(picture.getBoundingClientRect())", "leftCtrl"))
+
+    def test_no_page_is_wider_than_a_telephone(self):
+        with self.page(TELEPHONE, telephone=True) as page:
+            page.open(f"{self.tree.as_uri()}/{self.start.name}")
+            self.assertLessEqual(page.evaluate("document.documentElement.scrollWidth"), TELEPHONE[0])
+            page.screenshot(KEEP / "start-telephone.png")
+            self.show(page, self.tree.as_uri(), 1, f"&Album={self.start.name}")
+            page.wait_for("!document.getElementById('sound').hidden", "rightCtrl")
+            for frame in ("leftCtrl", "rightCtrl"):
+                self.assertTrue(page.evaluate("document.documentElement.scrollWidth <= innerWidth && "
+                                              "document.documentElement.scrollHeight <= innerHeight", frame), frame)
+            page.screenshot(KEEP / "photograph-telephone.png")
+
+    def test_keys_and_buttons_go_from_photograph_to_photograph(self):
+        for way, root in self.ways.items():
+            with self.subTest(way), self.page() as page:
+                self.show(page, root, 2)
+                page.key("ArrowRight", 39)
+                self.wait_for_photo(page, 3)
+                page.key("ArrowLeft", 37)
+                self.wait_for_photo(page, 2)
+                page.key("End", 35)
+                self.wait_for_photo(page, len(PHOTOS))
+                page.key("ArrowRight", 39)  # there is none
+                page.key("Home", 36)
+                self.wait_for_photo(page, 1)
+                page.click("document.getElementById('next')", "rightCtrl")
+                self.wait_for_photo(page, 2)
+                page.click("document.getElementById('previous')", "rightCtrl")
+                self.wait_for_photo(page, 1)
+
+    def test_keys_go_on_after_a_click_on_a_name(self):
+        for way, root in self.ways.items():
+            with self.subTest(way), self.page() as page:
+                self.show(page, root, 2)
+                page.click("document.links[0]", "side")
+                page.wait_for(f"location.search.includes('cords') && {HERE}", "leftCtrl")
+                page.wait_for("document.activeElement !== document.getElementById('side') || location.protocol == 'http:'")
+                page.key("ArrowRight", 39)
+                self.wait_for_photo(page, 3)
+
+    def test_a_number_that_is_typed_is_shown(self):
+        with self.page() as page:
+            self.show(page, self.tree.as_uri(), 1)
+            page.click("document.getElementById('number')", "rightCtrl")
+            page.call("Input.insertText", text="7")
+            page.call("Input.dispatchKeyEvent", type="keyDown", key="Enter", code="Enter", text="\r",
+                      windowsVirtualKeyCode=13)
+            self.wait_for_photo(page, 7)
+
+    def test_the_browsers_back_goes_back_one_photograph(self):
+        for way, root in self.ways.items():
+            with self.subTest(way), self.page() as page:
+                self.show(page, root, 1)
+                page.key("ArrowRight", 39)
+                self.wait_for_photo(page, 2)
+                page.evaluate("history.back()")
+                self.wait_for_photo(page, 1)
+
+    def test_a_finger_drawn_across_pages_on(self):
+        for way, root in self.ways.items():
+            with self.subTest(way), self.page(TELEPHONE, telephone=True) as page:
+                self.show(page, root, 2)
+                page.swipe((300, 200), (80, 210))
+                self.wait_for_photo(page, 3)
+                page.swipe((80, 200), (300, 210))
+                self.wait_for_photo(page, 2)
+
+    def test_a_press_plays_the_sound_and_nothing_plays_unasked(self):
+        button = "document.getElementById('sound')"
+        for way, root in self.ways.items():
+            with self.subTest(way), self.page() as page:
+                self.show(page, root, 1)
+                page.wait_for(f"!{button}.hidden", "rightCtrl")
+                self.assertEqual(page.evaluate(f"{button}.getAttribute('aria-pressed')", "rightCtrl"), "false")
+                self.assertEqual(self.playing_unasked(page), [])
+                page.click(button, "rightCtrl")
+                page.wait_for(f"{button}.getAttribute('aria-pressed') == 'true'", "rightCtrl")
+                page.key("ArrowRight", 39)
+                self.wait_for_photo(page, 2)
+                page.wait_for(f"{button}.hidden", "rightCtrl")
+
+    @staticmethod
+    def playing_unasked(page):
+        """Sounds that play in frames inside the side page."""
+        playing = []
+        for context in page.contexts.values():
+            result = page.call("Runtime.evaluate", contextId=context, returnByValue=True,
+                               expression="[...document.querySelectorAll('audio, video')].filter(v => !v.paused).length")
+            if result["result"].get("value"):
+                playing.append(context)
+        return playing
+
+    def test_a_press_plays_the_music_of_the_album(self):
+        button = "document.getElementById('sound')"
+        for way, root in self.ways.items():
+            with self.subTest(way), self.page() as page:
+                page.open(f"{root}/{self.start.name}")
+                page.click(button)
+                page.wait_for(f"{button}.getAttribute('aria-pressed') == 'true'")
+                page.click(button)
+                page.wait_for(f"{button}.getAttribute('aria-pressed') == 'false'")
+
+    def test_an_album_without_music_offers_none(self):
+        start = stand_in_album.export(BUILD / "application" / "export" / "template", BUILD / "samples", FACES,
+                                      self.folder, "Quiet", PHOTOS[:1], music=False)
+        with self.page() as page:
+            page.open(start.as_uri())
+            self.assertTrue(page.evaluate("sound.hidden && tune.hidden"))
+
+    def test_a_thumbnail_leads_to_its_photograph_and_from_there_back_to_the_album(self):
+        for way, root in self.ways.items():
+            with self.subTest(way), self.page() as page:
+                page.open(f"{root}/{self.start.name}")
+                self.assertEqual(page.evaluate("document.querySelectorAll('#thumbs a')[3].target"), "_blank")
+                page.open(page.evaluate("document.querySelectorAll('#thumbs a')[3].href"))
+                self.wait_for_photo(page, 4)
+                page.wait_for("!document.getElementById('album').hidden", "rightCtrl")
+                page.click("document.getElementById('album')", "rightCtrl")
+                page.wait(lambda: (page.evaluate("location.pathname") or "").endswith("/" + self.start.name), "the album")
+
+    def test_the_way_back_never_leads_out_of_the_album(self):
+        for name in ("javascript:alert(1)", "http://example.com/x.htm", "..%2Fx.htm", "x.exe"):
+            with self.subTest(name=name), self.page() as page:
+                self.show(page, self.tree.as_uri(), 1, f"&Album={name}")
+                self.assertTrue(page.evaluate("document.getElementById('album').hidden", "rightCtrl"))
+
+    def test_a_photograph_is_printed_with_its_side_page_on_one_sheet(self):
+        with self.page() as page:
+            self.show(page, self.tree.as_uri(), 1)
+            printed = page.printed()
+            (KEEP / "photograph.pdf").write_bytes(printed)
+            self.assertEqual(len(re.findall(rb"/Type /Page\b", printed)), 1)
+
+    def test_screens_are_kept_to_be_looked_at(self):
+        with self.page() as page:
+            page.open(f"{self.tree.as_uri()}/{self.start.name}")
+            page.screenshot(KEEP / "start-desktop.png")
+            self.show(page, self.tree.as_uri(), 4)
+            page.wait_for("document.readyState == 'complete'", "side")
+            page.screenshot(KEEP / "photograph-desktop.png")
+
+    def test_every_link_of_every_page_leads_to_a_file(self):
+        broken = [link for link in broken_links(self.tree) if not expected_missing("/" + link)]
+        self.assertEqual(broken, [])
+
+
+if __name__ == "__main__":
+    unittest.main(argv=[sys.argv[0], *sys.argv[3:]])
