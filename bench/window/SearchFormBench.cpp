@@ -1,4 +1,5 @@
 #include "../BareLoop.h"
+#include "../Machine.h"
 #include "AlbumStart.h"
 #include "BenchAlbum.h"
 #include "Encode.h"
@@ -30,7 +31,8 @@
 
 // Searching an album of 100,000 photos in the window of the program: from the press of Search to
 // its first page on the screen, from page to page, and what it takes of memory to page through
-// all of them. The references are a bare loop over the statement and the library for JPEG alone.
+// all of them. The references are a bare loop over the statement and the decoding of a page's
+// thumbnails, by the library for JPEG alone or by djpeg.
 
 namespace hearthbook::bench {
 namespace {
@@ -71,7 +73,7 @@ void writeThumbnails(const std::filesystem::path& folder) {
     }
 }
 
-/// As djpeg does it, but for the writing.
+/// With the library alone.
 QImage decode(const std::filesystem::path& path) {
   const std::unique_ptr<FILE, int (*)(FILE*)> file(std::fopen(path.c_str(), "rb"), std::fclose);
   jpeg_decompress_struct info{};
@@ -162,6 +164,14 @@ public:
       benchmark::DoNotOptimize(decode(file).constBits());
     return seconds(passed);
   }
+  double djpegDecoding() {
+    const auto files = filesOfPage();
+    QElapsedTimer passed;
+    passed.start();
+    for (const auto& file : files)
+      runProgram({"djpeg", file.string()});
+    return seconds(passed);
+  }
   /// Decodes them, brings them to the size at which they are shown, and draws them.
   double bareShowing() {
     const auto files = filesOfPage();
@@ -221,7 +231,8 @@ double nextPage() {
   return opened->press("Command2");
 }
 double nextPageAtOnce() { return opened->press("Command2"); }
-double bareNextPage() { return opened->bareShowing(); }
+double bareNextPage() { return opened->djpegDecoding(); }
+double barePixels() { return opened->bareShowing(); }
 
 /// A new search begins only where the years are others, so that each page is turned to once.
 void measure(const std::string& name, const char* fromYear, double (*measured)(), int iterations) {
@@ -260,6 +271,7 @@ void addMeasurements() {
   pair("first page of 20,000 found", "2000", firstPage, bareFirstPage, 3);
   pair("next page", "", nextPage, bareNextPage, 10);
   pair("next page at once", "", nextPageAtOnce, bareNextPage, 10);
+  pair("next page beside its pixels alone", "", nextPage, barePixels, 10);
   measureMemory("memory while paging through 100,000");
 }
 

@@ -194,7 +194,6 @@ ResultGrid::Place& ResultGrid::at(int cell) const {
 
 void ResultGrid::paintEvent(QPaintEvent*) {
   QPainter painter(this);
-  painter.setRenderHint(QPainter::Antialiasing);
   for (const auto& place : places_)
     if (place->image->hasPhoto())
       paintPrint(painter, *place->image);
@@ -204,17 +203,17 @@ void ResultGrid::paintEvent(QPaintEvent*) {
 
 /// The white border of a print, and a little shadow below. A selected one fills its frame.
 void ResultGrid::paintPrint(QPainter& painter, const ResultCell& cell) const {
-  const double border = cell.isSelected() ? 0 : 3 * scale();
+  const int border = cell.isSelected() ? 0 : qRound(3 * scale());
+  const int shadow = std::max(1, qRound(scale()));
   const QRect place = cell.isSelected() ? toPixels(cellRect(cell.index())) : cell.geometry();
-  const QRectF print = QRectF(place).adjusted(-border, -border, border, border);
-  painter.setPen(Qt::NoPen);
-  painter.setBrush(QColor(70, 45, 20, 40));
-  painter.drawRoundedRect(print.translated(0, scale()), scale(), scale());
-  painter.setBrush(Qt::white);
-  painter.drawRect(print);
+  const QRect print = place.adjusted(-border, -border, border, border);
+  painter.fillRect(print, Qt::white);
+  painter.fillRect(QRect(print.left(), print.bottom() + 1, print.width(), shadow),
+                   QColor(70, 45, 20, 40));
 }
 
 void ResultGrid::paintFocus(QPainter& painter) const {
+  painter.setRenderHint(QPainter::Antialiasing);
   const double gap = 4.5 * scale();
   const QRectF ring = QRectF(toPixels(cellRect(current_))).adjusted(-gap, -gap, gap, gap);
   painter.setPen(QPen(look::darkRed, 1.5 * scale(), Qt::DotLine));

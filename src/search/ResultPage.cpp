@@ -50,12 +50,9 @@ ResultPhoto readPhoto(Album& album) {
 
 void addIds(const Recordset& result, std::int64_t first, std::int64_t last,
             std::vector<std::string>& ids) {
-  const auto walker = result.Clone();
-  const std::int64_t end = std::min(last, walker->RecordCount());
-  for (std::int64_t position = std::max<std::int64_t>(1, first); position <= end; ++position) {
-    walker->Move(position - 1, Recordset::Start::First);
-    ids.push_back(walker->Collect("PictureID").toText());
-  }
+  const std::int64_t end = std::min(last, result.RecordCount());
+  for (std::int64_t position = std::max<std::int64_t>(1, first); position <= end; ++position)
+    ids.push_back(result.CollectAt(position, "PictureID").toText());
 }
 
 } // namespace

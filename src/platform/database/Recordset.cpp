@@ -102,6 +102,14 @@ Value Recordset::Collect(std::string_view field) const {
   return impl_->rows().value(row, column);
 }
 
+Value Recordset::CollectAt(std::int64_t position, std::string_view field) const {
+  impl_->requireOpen();
+  if (position < 1 || position > impl_->view.size())
+    throw RunTimeError("There is no row at position " + std::to_string(position) + ": " +
+                       impl_->source);
+  return impl_->rows().value(impl_->view.at(position - 1), impl_->requireField(field));
+}
+
 void Recordset::Collect(std::string_view field, Value value) {
   impl_->requireRow();
   impl_->edit(impl_->requireWritableField(field), std::move(value));

@@ -129,6 +129,9 @@ public:
   void setAll(std::string_view field, const Value& value);
 
   [[nodiscard]] Value Collect(std::string_view field) const;
+  /// Of the row at that position (1-based), as it is stored, without going there; throws where
+  /// there is none.
+  [[nodiscard]] Value CollectAt(std::int64_t position, std::string_view field) const;
   void Collect(std::string_view field, Value value); ///< pending until Update or a move
   [[nodiscard]] bool hasField(std::string_view field) const;
   [[nodiscard]] std::vector<std::string> fieldNames() const;

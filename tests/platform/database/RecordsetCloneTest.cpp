@@ -33,6 +33,19 @@ TEST_F(Clones, HaveAFilterAndASortOfTheirOwn) {
   EXPECT_EQ(rows.Clone()->RecordCount(), 6);
 }
 
+TEST_F(Clones, ARowIsReadFromAfarWithoutGoingThere) {
+  clone->Filter("Year = 1990");
+  const std::int64_t last = clone->RecordCount();
+  clone->MoveLast();
+  const Value id = clone->Collect("PictureID");
+  clone->MoveFirst();
+  EXPECT_EQ(clone->CollectAt(last, "PictureID"), id);
+  EXPECT_EQ(clone->AbsolutePosition(), 1);
+  EXPECT_THROW(clone->CollectAt(0, "PictureID"), RunTimeError);
+  EXPECT_THROW(clone->CollectAt(last + 1, "PictureID"), RunTimeError);
+  EXPECT_THROW(clone->CollectAt(1, "Colour"), RunTimeError);
+}
+
 TEST_F(Clones, ShareBookmarks) {
   clone->goTo(rows.bookmark());
   EXPECT_EQ(clone->Collect("PictureID"), Value("HD00002"));
