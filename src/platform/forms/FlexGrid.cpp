@@ -33,7 +33,8 @@ bool isAlignment(QChar mark) {
 
 } // namespace
 
-/// Draws the focus as a frame around the whole row.
+/// Draws the focus as a frame around the whole row, and the lines between the cells, which the
+/// table would draw across the frame.
 class FlexGrid::RowPainter : public QStyledItemDelegate {
 public:
   explicit RowPainter(FlexGrid* grid) : QStyledItemDelegate(grid), grid_(grid) {}
@@ -43,11 +44,23 @@ public:
     QStyleOptionViewItem plain = option;
     plain.state &= ~QStyle::State_HasFocus;
     QStyledItemDelegate::paint(painter, plain, index);
+    const bool isLast = index.column() == grid_->columnCount() - 1;
+    if (grid_->showGrid())
+      drawLines(*painter, option);
     if (grid_->focus_ != FocusRect::None && index.row() == grid_->currentRow())
-      frame(*painter, option.rect, index.column());
+      frame(*painter, option.rect.adjusted(0, 0, grid_->showGrid() && !isLast ? 1 : 0, 0),
+            index.column());
   }
 
 private:
+  void drawLines(QPainter& painter, const QStyleOptionViewItem& option) const {
+    const int hint = grid_->style()->styleHint(QStyle::SH_Table_GridLineColor, &option, grid_);
+    const QColor ink = QColor::fromRgba(static_cast<QRgb>(hint));
+    const QRect& cell = option.rect; // the table leaves a pixel to the right of it and below
+    painter.fillRect(cell.right() + 1, cell.top(), 1, cell.height() + 1, ink);
+    painter.fillRect(cell.left(), cell.bottom() + 1, cell.width(), 1, ink);
+  }
+
   void frame(QPainter& painter, const QRect& cell, int column) const {
     const int width = grid_->focus_ == FocusRect::Heavy ? 2 : 1;
     const QColor ink = look::darkRed;
@@ -64,6 +77,7 @@ private:
 
 FlexGrid::FlexGrid(QWidget* parent) : QTableWidget(parent) {
   setItemDelegate(new RowPainter(this));
+  setGridStyle(Qt::NoPen); // keeps the room for the lines
   setSelectionMode(SingleSelection);
   setSelectionBehavior(SelectRows);
   setEditTriggers(NoEditTriggers);

@@ -1,4 +1,5 @@
 #include "FlexGrid.h"
+#include "Look.h"
 #include "QtPrint.h"
 #include "Stage.h"
 
@@ -7,6 +8,8 @@
 #include <QHeaderView>
 #include <QSignalSpy>
 #include <QTest>
+
+#include <algorithm>
 
 namespace hearthbook::test {
 namespace {
@@ -180,6 +183,18 @@ TEST_F(FlexGridTest, TheChosenRowIsPaintedInItsColourWithAFrame) {
   EXPECT_EQ(picture.pixelColor(inside), QColor(255, 200, 22));
   const QColor corner = picture.pixelColor(cellAt(1, 0) - QPoint(3, 3));
   EXPECT_NE(corner, QColor(255, 200, 22));
+}
+
+TEST_F(FlexGridTest, TheLinesBetweenTheCellsDoNotCrossTheFrame) {
+  grid.setRow(2);
+  grid.setSelection(QColor(255, 200, 22), FlexGrid::FocusRect::Heavy);
+  const QImage picture = grid.viewport()->grab().toImage();
+  const QPoint corner = cellAt(2, 0) - QPoint(3, 3);
+  const int end = std::min(grid.horizontalHeader()->length() - 1, picture.width());
+  for (int x = 0; x < end; ++x)
+    ASSERT_EQ(picture.pixelColor(x, corner.y()), look::darkRed) << x;
+  const QPoint line = cellAt(5, 1) - QPoint(4, 0);
+  EXPECT_NE(picture.pixelColor(line), picture.pixelColor(line - QPoint(2, 0)));
 }
 
 TEST_F(FlexGridTest, ACellShowsItsPictureBesideTheText) {
