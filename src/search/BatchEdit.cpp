@@ -159,7 +159,7 @@ void BatchEdit::updateSelected() {
     return;
   const std::int16_t resultRow = batchReturnRow(results());
   const auto positions = takePositions(selection());
-  const BatchUpdated run = updateUnderHourglass(positions);
+  const BatchReport run = updateUnderHourglass(positions);
   if (run.wasTakenBack) {
     guarded([&] { requireWhole(run.walk(), positions.size(), "changed"); });
     return refresh(resultRow); // read again, the positions may be those of other photos
@@ -169,7 +169,7 @@ void BatchEdit::updateSelected() {
   refresh(resultRow);
 }
 
-BatchUpdated BatchEdit::updateUnderHourglass(const std::vector<std::int64_t>& positions) {
+BatchReport BatchEdit::updateUnderHourglass(const std::vector<std::int64_t>& positions) {
   const Hourglass hourglass;
   return updatePhotos(results(), positions, readChanges());
 }

@@ -52,7 +52,7 @@ private:
   [[nodiscard]] Recordset& results() const { return *album_.vars.rsSearch; }
 
   void updateSelected();
-  [[nodiscard]] BatchUpdated updateUnderHourglass(const std::vector<std::int64_t>& positions);
+  [[nodiscard]] BatchReport updateUnderHourglass(const std::vector<std::int64_t>& positions);
   void offerSeparateEditing(const std::vector<std::string>& ids);
   void editSeparately(const std::vector<std::string>& ids);
   void deleteSelected();

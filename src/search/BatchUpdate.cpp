@@ -69,10 +69,10 @@ Value withPeople(const Value& namesInPhoto, const std::vector<std::int64_t>& peo
   return names + added;
 }
 
-BatchUpdated updatePhotos(const Recordset& rsSearch, const std::vector<std::int64_t>& positions,
-                          const BatchChanges& changes) {
+BatchReport updatePhotos(const Recordset& rsSearch, const std::vector<std::int64_t>& positions,
+                         const BatchChanges& changes) {
   const auto photos = rsSearch.Clone();
-  BatchUpdated run;
+  BatchReport run;
   BatchWalk walk;
   try {
     photos->connection().transaction([&] {

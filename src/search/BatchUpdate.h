@@ -25,7 +25,7 @@ struct BatchChanges {
 /// text counts as being there.
 Value withPeople(const Value& namesInPhoto, const std::vector<std::int64_t>& people);
 
-struct BatchUpdated {
+struct BatchReport {
   std::vector<std::string> ids{};       ///< of the photos that are changed, in their order
   std::optional<std::string> failure{}; ///< of the step that stopped it
   /// The result shows changes that are not stored: it must be read again.
@@ -37,7 +37,7 @@ struct BatchUpdated {
 /// Writes the changes into the photos at these positions of the result, as one transaction. A
 /// step that fails stops it, and those changed before stay. A full disk makes the database take
 /// all of them back; then as many as fit are changed once more.
-BatchUpdated updatePhotos(const Recordset& rsSearch, const std::vector<std::int64_t>& positions,
-                          const BatchChanges& changes);
+BatchReport updatePhotos(const Recordset& rsSearch, const std::vector<std::int64_t>& positions,
+                         const BatchChanges& changes);
 
 } // namespace hearthbook

@@ -135,8 +135,8 @@ TEST_F(FullDisk, ABatchOfChangesKeepsWhatFitsAndTellsHowMuch) {
     data.AlbumDB.Open(live_);
     Recordset result(data.AlbumDB);
     result.Open("SELECT * FROM PhotoAlbum  ORDER BY Year, PictureID");
-    const BatchUpdated run = updatePhotos(result, {2, 3, 4, 5, 6, 7, 8, 9},
-                                          {.year = 1985, .description = std::string(40000, 'b')});
+    const BatchReport run = updatePhotos(result, {2, 3, 4, 5, 6, 7, 8, 9},
+                                         {.year = 1985, .description = std::string(40000, 'b')});
     done = run.ids.size();
     stopped += run.failure.has_value();
     stoppedOnTheWay += run.failure && done > 0;

@@ -38,7 +38,7 @@ class BatchUpdate : public test::BatchAlbum {
 protected:
   std::vector<std::string> update(const std::vector<std::int64_t>& positions,
                                   const BatchChanges& changes) {
-    const BatchUpdated run = updatePhotos(results(), positions, changes);
+    const BatchReport run = updatePhotos(results(), positions, changes);
     requireWhole(run.walk(), positions.size(), "changed");
     return run.ids;
   }
@@ -132,7 +132,7 @@ TEST_F(BatchUpdate, APhotoDeletedMeanwhileStopsItToo) {
 
 TEST_F(BatchUpdate, WhatTheDatabaseTakesBackIsDoneOnceMoreUpToTheStepThatFailed) {
   refuse("UPDATE", "HD00004", "ROLLBACK"); // as on a full disk
-  const BatchUpdated run = updatePhotos(results(), {2, 3, 4, 5}, {.year = 1985, .people = {7}});
+  const BatchReport run = updatePhotos(results(), {2, 3, 4, 5}, {.year = 1985, .people = {7}});
   EXPECT_TRUE(run.wasTakenBack);
   EXPECT_THAT(run.ids, ElementsAre("HD00002", "HD00003"));
   EXPECT_THAT(run.failure.value_or(""), HasSubstr("this photo is not to be touched"));
@@ -143,7 +143,7 @@ TEST_F(BatchUpdate, WhatTheDatabaseTakesBackIsDoneOnceMoreUpToTheStepThatFailed)
 TEST_F(BatchUpdate, WhereNothingCanBeStoredNothingIsDone) {
   data().AlbumDB.execute("CREATE TRIGGER Full BEFORE UPDATE ON PhotoAlbum BEGIN "
                          "SELECT RAISE(ROLLBACK, 'the disk is full'); END");
-  const BatchUpdated run = updatePhotos(results(), {2, 3}, {.year = 1985});
+  const BatchReport run = updatePhotos(results(), {2, 3}, {.year = 1985});
   EXPECT_TRUE(run.wasTakenBack);
   EXPECT_THAT(run.ids, ElementsAre());
   EXPECT_THAT(run.failure.value_or(""), HasSubstr("the disk is full"));
