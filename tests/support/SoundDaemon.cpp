@@ -1,5 +1,7 @@
 #include "SoundDaemon.h"
 
+#include "ChildProcess.h"
+
 #include <chrono>
 #include <csignal>
 #include <cstring>
@@ -8,8 +10,6 @@
 #include <utility>
 #include <vector>
 
-#include <fcntl.h>
-#include <spawn.h>
 #include <sys/socket.h>
 #include <sys/un.h>
 #include <sys/wait.h>
@@ -23,39 +23,12 @@ const char* nameOf(SoundFormat::Sample sample) {
   return sample == SoundFormat::Sample::U8 ? "u8" : "s16le";
 }
 
-std::vector<char*> pointersTo(std::vector<std::string>& texts) {
-  std::vector<char*> pointers;
-  for (std::string& text : texts)
-    pointers.push_back(text.data());
-  pointers.push_back(nullptr);
-  return pointers;
-}
-
-/// Ours, but with all that is the user's own in the folder.
-std::vector<std::string> environmentWithin(const std::string& folder) {
+/// All that is the user's own is in the folder.
+std::vector<std::string> variablesOf(const std::string& folder) {
   std::vector<std::string> variables;
   for (const char* own : {"HOME", "XDG_RUNTIME_DIR", "XDG_CONFIG_HOME", "PULSE_RUNTIME_PATH"})
     variables.push_back(std::string(own) + '=' + folder);
-  for (char** variable = environ; *variable; ++variable)
-    variables.emplace_back(*variable); // the first of a name counts
   return variables;
-}
-
-/// Nothing of this process may run in the new one: a lock that another thread holds at a fork
-/// would never open there.
-pid_t startProcess(std::vector<std::string> command, const std::string& folder) {
-  std::vector<std::string> environment = environmentWithin(folder);
-  posix_spawn_file_actions_t streams;
-  ::posix_spawn_file_actions_init(&streams);
-  for (const int stream : {0, 1, 2})
-    ::posix_spawn_file_actions_addopen(&streams, stream, "/dev/null", O_RDWR, 0);
-  pid_t process = 0;
-  const int failed = ::posix_spawnp(&process, command.front().c_str(), &streams, nullptr,
-                                    pointersTo(command).data(), pointersTo(environment).data());
-  ::posix_spawn_file_actions_destroy(&streams);
-  if (failed)
-    throw std::runtime_error(command.front() + " does not start: is it installed?");
-  return process;
 }
 
 bool accepts(const std::filesystem::path& socketName) {
@@ -101,19 +74,13 @@ void SoundDaemon::waitUntilItListens() const {
   }
 }
 
-void SoundDaemon::kill() {
-  const pid_t process = std::exchange(process_, 0);
-  if (process <= 0)
-    return;
-  ::kill(process, SIGKILL);
-  ::waitpid(process, nullptr, 0);
-}
+void SoundDaemon::kill() { killProcess(std::exchange(process_, 0)); }
 
 void SoundDaemon::freeze() { ::kill(process_, SIGSTOP); }
 
 void SoundDaemon::takeDeviceAway() {
-  const pid_t unloader =
-      startProcess({"pactl", "unload-module", "module-null-sink"}, folder_.path().string());
+  const pid_t unloader = startProcess({"pactl", "unload-module", "module-null-sink"},
+                                      variablesOf(folder_.path().string()));
   ::waitpid(unloader, nullptr, 0);
 }
 

@@ -1,0 +1,51 @@
+#pragma once
+
+#include "PageRows.h"
+#include "Scanner.h"
+
+#include <sane/sane.h>
+
+#include <functional>
+#include <string>
+
+namespace hearthbook {
+
+/// The library between its first and its last call. One at a time in the process: whoever comes
+/// second waits, on the scanner's thread, until the first has gone.
+class SaneSession {
+public:
+  SaneSession();
+  ~SaneSession();
+  SaneSession(const SaneSession&) = delete;
+  SaneSession& operator=(const SaneSession&) = delete;
+
+  [[nodiscard]] std::vector<ScannerDevice> devices() const;
+};
+
+/// An open scanner. All its calls wait for the scanner, as long as that takes.
+class SaneDevice {
+public:
+  /// What is told between two pieces of a page: how much of it is here. Throws to give up.
+  using OnPiece = std::function<void(double share)>;
+
+  /// Throws ScanFailure.
+  explicit SaneDevice(const std::string& name);
+  ~SaneDevice();
+  SaneDevice(const SaneDevice&) = delete;
+  SaneDevice& operator=(const SaneDevice&) = delete;
+
+  [[nodiscard]] const std::string& name() const { return name_; }
+
+  /// Throws ScanFailure, RunTimeError where memory is short, and what `onPiece` throws.
+  [[nodiscard]] ScannedPage acquire(const ScanWish& wish, const OnPiece& onPiece);
+
+private:
+  [[nodiscard]] Picture readPage(const OnPiece& onPiece) const;
+  [[nodiscard]] SANE_Parameters start() const;
+  void readFrame(PageRows& page, int frames, const OnPiece& onPiece) const;
+
+  std::string name_;
+  SANE_Handle handle_ = nullptr;
+};
+
+} // namespace hearthbook

@@ -1,0 +1,157 @@
+#include "AskingThread.h"
+
+#include <algorithm>
+
+namespace hearthbook {
+namespace {
+
+class SaneScannerTest : public test::ScannerTest {
+protected:
+  SaneScannerTest() { folder_.useTestScanner(); }
+
+  static bool hasColour(const Picture& picture) {
+    for (int y = 0; y < picture.height(); ++y)
+      for (int x = 0; x < picture.width(); ++x) {
+        const std::uint32_t pixel = picture.row(y)[x];
+        if ((pixel >> 16 & 0xffU) != (pixel & 0xffU))
+          return true;
+      }
+    return false;
+  }
+};
+
+TEST_F(SaneScannerTest, FindsTheScannersOfTheMachine) {
+  const auto devices = findDevices();
+  ASSERT_EQ(devices.size(), 1U);
+  EXPECT_EQ(devices[0].name, "test:0");
+  EXPECT_FALSE(devices[0].label.empty());
+}
+
+TEST_F(SaneScannerTest, TakesThePageOfTheWholeGlass) {
+  ScanWish wish;
+  wish.dotsPerInch = 100;
+  const ScannedPage page = scan(wish);
+  EXPECT_EQ(page.status, ScanStatus::Success) << page.trouble;
+  EXPECT_EQ(page.trouble, "");
+  EXPECT_EQ(page.dotsPerInch, 100);
+  EXPECT_NEAR(page.picture.width(), 200 / 25.4 * 100, 1); // its glass is 200 mm square
+  EXPECT_NEAR(page.picture.height(), 200 / 25.4 * 100, 1);
+  EXPECT_TRUE(hasColour(page.picture));
+}
+
+TEST_F(SaneScannerTest, TakesAPageInGrey) {
+  ScanWish wish;
+  wish.dotsPerInch = 50;
+  wish.grey = true;
+  const ScannedPage page = scan(wish);
+  ASSERT_EQ(page.status, ScanStatus::Success) << page.trouble;
+  EXPECT_FALSE(hasColour(page.picture));
+}
+
+TEST_F(SaneScannerTest, TakesTheNearestResolutionThatThereIs) {
+  ScanWish wish;
+  wish.dotsPerInch = 0;
+  EXPECT_EQ(scan(wish).dotsPerInch, 1);
+}
+
+TEST_F(SaneScannerTest, TheSamePageIsTheSamePicture) {
+  ScanWish wish;
+  wish.dotsPerInch = 75;
+  const Picture first = scan(wish).picture;
+  const Picture second = scan(wish).picture;
+  ASSERT_EQ(first.size(), second.size());
+  for (int y = 0; y < first.height(); ++y)
+    ASSERT_TRUE(std::equal(first.row(y), first.row(y) + first.width(), second.row(y)));
+}
+
+TEST_F(SaneScannerTest, ThreePassesMakeThePictureOfOne) {
+  ScanWish wish;
+  wish.dotsPerInch = 50;
+  const Picture one = scan(wish).picture;
+  wish.settings["three-pass"] = "yes";
+  const ScannedPage three = scan(wish);
+  ASSERT_EQ(three.status, ScanStatus::Success) << three.trouble;
+  ASSERT_EQ(three.picture.size(), one.size());
+  for (int y = 0; y < one.height(); ++y)
+    ASSERT_TRUE(std::equal(one.row(y), one.row(y) + one.width(), three.picture.row(y)));
+}
+
+TEST_F(SaneScannerTest, EveryDepthGivesAPage) {
+  for (const char* depth : {"1", "8", "16"})
+    for (const bool grey : {false, true}) {
+      ScanWish wish;
+      wish.dotsPerInch = 30;
+      wish.grey = grey;
+      wish.settings["depth"] = depth;
+      EXPECT_EQ(scan(wish).status, ScanStatus::Success) << depth << pages.back().trouble;
+    }
+}
+
+TEST_F(SaneScannerTest, APageOfUnknownLengthIsTakenToItsEnd) {
+  folder_.useTestScanner({{"hand-scanner", "true"}});
+  ScanWish wish;
+  wish.dotsPerInch = 100;
+  const ScannedPage page = scan(wish);
+  EXPECT_EQ(page.status, ScanStatus::Success) << page.trouble;
+  EXPECT_GT(page.picture.height(), 10);
+  EXPECT_TRUE(shares.empty());
+}
+
+TEST_F(SaneScannerTest, ScannersThatCannotTellTheirSizeBeforehandAreRead) {
+  folder_.useTestScanner({{"fuzzy-parameters", "true"}, {"ppl-loss", "7"}});
+  ScanWish wish;
+  wish.dotsPerInch = 60;
+  EXPECT_EQ(scan(wish).status, ScanStatus::Success);
+}
+
+TEST_F(SaneScannerTest, SmallPiecesMakeAPageToo) {
+  folder_.useTestScanner({{"read-limit", "true"}, {"read-limit-size", "10"}});
+  ScanWish wish;
+  wish.dotsPerInch = 20;
+  EXPECT_EQ(scan(wish).status, ScanStatus::Success);
+}
+
+TEST_F(SaneScannerTest, ProgressGrowsToTheWholePage) {
+  ScanWish wish;
+  wish.dotsPerInch = 200;
+  scan(wish);
+  ASSERT_FALSE(shares.empty());
+  EXPECT_TRUE(std::ranges::is_sorted(shares));
+  EXPECT_GE(shares.front(), 0);
+  EXPECT_LE(shares.back(), 1);
+  EXPECT_LE(shares.size(), 101U);
+}
+
+TEST_F(SaneScannerTest, PagesComeInTheOrderInWhichTheyWereAskedFor) {
+  for (const int dotsPerInch : {20, 30, 40}) {
+    ScanWish wish;
+    wish.dotsPerInch = dotsPerInch;
+    ask(wish);
+  }
+  ASSERT_TRUE(thread_.waitFor([this] { return pages.size() == 3; }));
+  EXPECT_EQ(pages[0].dotsPerInch, 20);
+  EXPECT_EQ(pages[1].dotsPerInch, 30);
+  EXPECT_EQ(pages[2].dotsPerInch, 40);
+}
+
+TEST_F(SaneScannerTest, AScannerIsChosenByItsName) {
+  folder_.useTestScanner({{"number_of_devices", "2"}});
+  EXPECT_EQ(findDevices().size(), 2U);
+  ScanWish wish;
+  wish.device = "test:1";
+  wish.dotsPerInch = 20;
+  EXPECT_EQ(scan(wish).status, ScanStatus::Success);
+  wish.device = "";
+  EXPECT_EQ(scan(wish).status, ScanStatus::Success);
+}
+
+TEST_F(SaneScannerTest, AnotherScannerObjectComesAfterThisOne) {
+  ScanWish wish;
+  wish.dotsPerInch = 20;
+  EXPECT_EQ(scan(wish).status, ScanStatus::Success);
+  closeScanner();
+  EXPECT_EQ(scan(wish).status, ScanStatus::Success);
+}
+
+} // namespace
+} // namespace hearthbook
