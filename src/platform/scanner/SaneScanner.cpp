@@ -44,8 +44,8 @@ public:
   Desk(Deliver deliver, std::chrono::milliseconds patience)
       : deliver_(std::move(deliver)), patience_(patience) {}
 
-  void findDevices(Found found);
-  void acquire(const ScanWish& wish, Progress progress, Ended ended);
+  void findDevices(const Found& found);
+  void acquire(const ScanWish& wish, const Progress& progress, const Ended& ended);
   void cancelPages();
   void close();
 
@@ -73,7 +73,7 @@ private:
   std::thread watcher_;
 };
 
-void SaneScanner::Desk::findDevices(Found found) {
+void SaneScanner::Desk::findDevices(const Found& found) {
   auto question = std::make_shared<Question>();
   question->work = [this, found](SaneSeat& seat, const QuestionPointer& self) {
     auto devices = seat.devices();
@@ -84,7 +84,8 @@ void SaneScanner::Desk::findDevices(Found found) {
   ask(std::move(question));
 }
 
-void SaneScanner::Desk::acquire(const ScanWish& wish, Progress progress, Ended ended) {
+void SaneScanner::Desk::acquire(const ScanWish& wish, const Progress& progress,
+                                const Ended& ended) {
   auto question = std::make_shared<Question>();
   question->isPage = true;
   question->work = [this, wish, progress, ended](SaneSeat& seat, const QuestionPointer& self) {
@@ -222,10 +223,10 @@ SaneScanner::SaneScanner(Deliver deliver, std::chrono::milliseconds patience)
 
 SaneScanner::~SaneScanner() { desk_->close(); }
 
-void SaneScanner::findDevices(Found found) { desk_->findDevices(std::move(found)); }
+void SaneScanner::findDevices(Found found) { desk_->findDevices(found); }
 
 void SaneScanner::acquire(const ScanWish& wish, Progress progress, Ended ended) {
-  desk_->acquire(wish, std::move(progress), std::move(ended));
+  desk_->acquire(wish, progress, ended);
 }
 
 void SaneScanner::cancel() { desk_->cancelPages(); }
