@@ -62,7 +62,7 @@ void SoundDaemon::start(const SoundFormat& device) {
        "--realtime=no", "--high-priority=no",
        "--load=module-native-protocol-unix auth-anonymous=1 socket=" + socket().string(),
        "--load=module-null-sink sink_name=album_out norewinds=1" + format},
-      folder_.path().string());
+      variablesOf(folder_.path().string()));
 }
 
 void SoundDaemon::waitUntilItListens() const {
