@@ -12,6 +12,7 @@
 #include "Help.h"
 #include "MDIForm1.h"
 #include "NamesManager.h"
+#include "PageToMail.h"
 #include "PickaPic.h"
 #include "Progress.h"
 #include "Search.h"
@@ -21,6 +22,7 @@
 #include "Zoom.h"
 #include "ZoomWindow.h"
 #include "frmAbout.h"
+#include "frmSendMail.h"
 
 #include <QApplication>
 
@@ -51,6 +53,7 @@ SearchWindows searchWindows() {
 ViewerWindows viewerWindows() {
   ViewerWindows windows;
   windows.showZoom = showZoom;
+  windows.sendMail = [] { Forms::get<frmSendMail>().ShowModal(); };
   windows.editSubAlbum = editSubAlbum;
   return windows;
 }
@@ -99,6 +102,9 @@ Wiring::Wiring(Album& album, MDIForm1& frame)
       [this, &album, &frame] { return new AddSubAlbum(album, thumbnails_, pool_, frame); });
   Forms::provide<NamesManager>([&album] { return new NamesManager(album); });
   Forms::provide<YearWizard>([&album] { return new YearWizard(album); });
+  Forms::provide<frmSendMail>([this, &album] {
+    return new frmSendMail(album, pool_, pageToMail(Forms::get<Viewer>().cells()));
+  });
   Forms::provide<frmAbout>([] { return new frmAbout; });
   Forms::provide<Progress>([] { return new Progress; });
 }

@@ -24,19 +24,13 @@ bool holdsAFile(const fs::path& folder) {
   return false;
 }
 
-/// A path on the photo disc. Discs come and go, so that nothing of it is kept.
-fs::path onDisc(const Album& album, const std::string& relative) {
-  const std::vector<Drive> drives = album.drives.enumerate();
-  return realPath(drives, findPhotoDrive(drives) + ":" + relative);
-}
-
 std::optional<fs::path> fileIn(std::string_view folder, const Album& album,
                                std::string_view pictureId) {
   switch (originOf(pictureId)) {
   case PhotoOrigin::HardDisk:
     return album.folder.path(inFolder(folder, pictureId));
   case PhotoOrigin::Disc:
-    return onDisc(album, inFolder(folder, pictureId));
+    return onPhotoDisc(album, inFolder(folder, pictureId));
   case PhotoOrigin::Other:
     break;
   }
@@ -62,6 +56,11 @@ std::string findPhotoDrive(const std::vector<Drive>& drives) {
       break;
   }
   return letter;
+}
+
+fs::path onPhotoDisc(const Album& album, const std::string& relative) {
+  const std::vector<Drive> drives = album.drives.enumerate();
+  return realPath(drives, findPhotoDrive(drives) + ":" + relative);
 }
 
 std::optional<fs::path> imagePath(const Album& album, std::string_view pictureId) {

@@ -12,6 +12,9 @@ namespace hearthbook {
 /// ready optical drive whose Photos folder holds anything, else the last ready one, else "c".
 std::string findPhotoDrive(const std::vector<Drive>& drives);
 
+/// "\\Photos\\00012.jpg" on the photo disc. Discs come and go: the drive is found anew at each call.
+std::filesystem::path onPhotoDisc(const Album& album, const std::string& relative);
+
 /// The photo's full image, whether it is there or not; nothing for an unknown prefix.
 std::optional<std::filesystem::path> imagePath(const Album& album, std::string_view pictureId);
 /// The photo's thumbnail, whether it is there or not; nothing for an unknown prefix.

@@ -35,6 +35,9 @@ public:
   [[nodiscard]] NamesGrid& names() const { return *names_; }
   /// The controls in the order in which Tab goes through them.
   [[nodiscard]] std::array<QWidget*, 3> tabOrder() const;
+  // What stands on it.
+  [[nodiscard]] QString year() const;
+  [[nodiscard]] QString place() const;
   /// "1987, Wedding in Lake": the photo in a few words.
   [[nodiscard]] QString summary() const;
 

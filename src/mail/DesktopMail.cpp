@@ -1,0 +1,93 @@
+#include "DesktopMail.h"
+
+#include "ApplicationFolder.h"
+#include "RunTimeError.h"
+#include "SafeFile.h"
+#include "Text.h"
+
+#include <QCoreApplication>
+#include <QPointer>
+#include <QProcess>
+#include <QStandardPaths>
+#include <QTemporaryDir>
+
+#include <ostream>
+
+namespace hearthbook {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+const QString opener = QStringLiteral("xdg-email");
+
+std::string folderOfItsOwn() {
+  QTemporaryDir folder(QStandardPaths::writableLocation(QStandardPaths::TempLocation) +
+                       QStringLiteral("/hearthbook-mail-XXXXXX"));
+  if (!folder.isValid())
+    throw RunTimeError(toUtf8(folder.errorString()));
+  folder.setAutoRemove(false);
+  return toUtf8(folder.path());
+}
+
+QStringList wordsFor(const MailMessage& message, const std::vector<fs::path>& photos) {
+  QStringList words{QStringLiteral("--utf8")};
+  const auto add = [&](const char* option, const std::string& value) {
+    if (!value.empty())
+      words << toQString(option) << toQString(value);
+  };
+  add("--to", onOneLine(message.recipient));
+  add("--subject", onOneLine(message.subject));
+  add("--body", message.text);
+  for (const auto& photo : photos)
+    add("--attach", photo.string());
+  return words;
+}
+
+} // namespace
+
+DesktopMail::DesktopMail(QObject* parent) : QObject(parent) {}
+
+/// Photos of the disc and of the album may have one name.
+fs::path DesktopMail::freeName(const fs::path& photo) const {
+  fs::path free = folder_ / photo.filename();
+  for (int number = 2; fileExists(free); ++number)
+    free = folder_ /
+           (photo.stem().string() + "-" + std::to_string(number) + photo.extension().string());
+  return free;
+}
+
+void DesktopMail::add(const fs::path& photo, std::string_view jpeg) {
+  if (folder_.empty())
+    folder_ = folderOfItsOwn();
+  const fs::path file = freeName(photo);
+  replaceFile(file, [&](std::ostream& out) { out << jpeg; });
+  photos_.push_back(file);
+}
+
+void DesktopMail::open(const MailMessage& message) {
+  const QString program = QStandardPaths::findExecutable(opener);
+  if (program.isEmpty()) {
+    Q_EMIT failed();
+    return;
+  }
+  // Some mail programs run in it until they are closed, so it outlives the form.
+  auto* process = new QProcess(QCoreApplication::instance());
+  const auto end = [process, self = QPointer(this)](bool good) {
+    process->deleteLater();
+    if (self)
+      good ? Q_EMIT self->opened() : Q_EMIT self->failed();
+  };
+  connect(process, &QProcess::finished, process, [end](int code, QProcess::ExitStatus how) {
+    end(how == QProcess::NormalExit && code == 0);
+  });
+  connect(process, &QProcess::errorOccurred, process, [end](QProcess::ProcessError error) {
+    if (error == QProcess::FailedToStart)
+      end(false);
+  });
+  process->setStandardInputFile(QProcess::nullDevice());
+  process->setProcessChannelMode(QProcess::ForwardedChannels);
+  process->start(program, wordsFor(message, photos_));
+}
+
+} // namespace hearthbook
