@@ -117,9 +117,9 @@ void FactsPanel::showFacts(const PhotoFacts& facts) {
 
 std::array<QWidget*, 3> FactsPanel::tabOrder() const { return {description_, sound_, names_}; }
 
-QString FactsPanel::year() const { return year_->text(); }
+QString FactsPanel::yearText() const { return year_->text(); }
 
-QString FactsPanel::place() const { return place_->text(); }
+QString FactsPanel::placeText() const { return place_->text(); }
 
 QString FactsPanel::summary() const {
   const QString place = place_->text().trimmed();

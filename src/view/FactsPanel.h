@@ -36,8 +36,8 @@ public:
   /// The controls in the order in which Tab goes through them.
   [[nodiscard]] std::array<QWidget*, 3> tabOrder() const;
   // What stands on it.
-  [[nodiscard]] QString year() const;
-  [[nodiscard]] QString place() const;
+  [[nodiscard]] QString yearText() const;
+  [[nodiscard]] QString placeText() const;
   /// "1987, Wedding in Lake": the photo in a few words.
   [[nodiscard]] QString summary() const;
 

@@ -13,7 +13,8 @@ MailPage pageToMail(const PageCells& cells) {
       break;
     if (cell.frame->isSelected() && !page.selected)
       page.selected = page.photos.size();
-    page.photos.push_back({cell.tag, toUtf8(cell.facts->year()), toUtf8(cell.facts->place())});
+    page.photos.push_back(
+        {cell.tag, toUtf8(cell.facts->yearText()), toUtf8(cell.facts->placeText())});
   }
   return page;
 }

@@ -77,6 +77,17 @@ MsgAnswer answerOf(int pressed) {
   }
 }
 
+constexpr int charactersOnLine = 90;
+
+/// A prompt with longer lines than one likes to read has them broken.
+void breakLongLines(QLabel& prompt) {
+  const int widest = prompt.fontMetrics().averageCharWidth() * charactersOnLine;
+  if (prompt.sizeHint().width() <= widest)
+    return;
+  prompt.setWordWrap(true);
+  prompt.setFixedWidth(widest);
+}
+
 /// The boxes that the user sees.
 class RealBoxes : public BoxPlayer {
 public:
@@ -96,6 +107,7 @@ public:
     box.setWindowTitle(title);
     auto* label = new QLabel(prompt);
     label->setTextFormat(Qt::PlainText);
+    breakLongLines(*label);
     auto* edit = new QLineEdit(initial);
     edit->selectAll();
     edit->setMinimumWidth(box.fontMetrics().averageCharWidth() * 40);
