@@ -12,7 +12,7 @@ namespace hearthbook {
 /// ready optical drive whose Photos folder holds anything, else the last ready one, else "c".
 std::string findPhotoDrive(const std::vector<Drive>& drives);
 
-/// "\\Photos\\00012.jpg" on the photo disc. Discs come and go: the drive is found anew at each call.
+/// "\Photos\00012.jpg" on the photo disc. Discs come and go: the drive is found at each call.
 std::filesystem::path onPhotoDisc(const Album& album, const std::string& relative);
 
 /// The photo's full image, whether it is there or not; nothing for an unknown prefix.
