@@ -37,6 +37,7 @@ void showMailPhotos(QListWidget& list, WorkPool& pool,
 
 std::vector<std::filesystem::path> mailPhotos(const QListWidget& list) {
   std::vector<std::filesystem::path> photos;
+  photos.reserve(static_cast<std::size_t>(list.count()));
   for (int row = 0; row < list.count(); ++row)
     photos.push_back(toPath(list.item(row)->text()));
   return photos;

@@ -12,7 +12,7 @@ namespace hearthbook {
 class ReplyBuffer {
 public:
   /// No server has so much to say; one that goes on for ever must not fill the memory.
-  static constexpr std::size_t mostBytes = 64 * 1024;
+  static constexpr std::size_t mostBytes = std::size_t{64} * 1024;
 
   /// Throws RunTimeError where the reply becomes too long.
   void add(std::string_view bytes);
