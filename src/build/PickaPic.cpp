@@ -148,12 +148,7 @@ int PickaPic::previewSide() const {
 
 void PickaPic::placePreview() {
   constexpr int border = 4;
-  const QRect room = ui->Preview->contentsRect().adjusted(border, border, -border, -border);
-  const PixelSize picture = ui->ImgX1->picture().size();
-  QSize size = QSize(picture.width, picture.height).scaled(room.size(), Qt::KeepAspectRatio);
-  QRect place(QPoint(), size.expandedTo({1, 1}));
-  place.moveCenter(room.center());
-  ui->ImgX1->setGeometry(place);
+  ui->ImgX1->placeIn(ui->Preview->contentsRect().adjusted(border, border, -border, -border));
 }
 
 void PickaPic::addSelected() {

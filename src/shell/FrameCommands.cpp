@@ -4,6 +4,7 @@
 #include "AlbumPages.h"
 #include "BuildAlbum.h"
 #include "DBeditor.h"
+#include "Export.h"
 #include "Forms.h"
 #include "MsgBox.h"
 #include "Progress.h"
@@ -115,6 +116,8 @@ std::optional<OpenedAlbum> FrameCommands::openAlbumInSight(int albumId, const st
   auto& progress = showAlbumProgress(); // a form that closed may have ended the one before
   return openAlbum(album_, albumId, name, [&](int value) { progress.setValue(value); });
 }
+
+void FrameCommands::exportAlbum() { Forms::get<Export>().ShowModal(); }
 
 void FrameCommands::gettingStarted() {
   const auto guide = guideFile(album_.folder);

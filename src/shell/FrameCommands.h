@@ -37,6 +37,7 @@ public:
   /// From the album picker, whose caption is the picker's text for the Master Album, too.
   /// `aboutToShow` runs where there are photos, before the pages appear.
   void viewFromStart(int albumId, const QString& name, const std::function<void()>& aboutToShow);
+  void exportAlbum();
   void gettingStarted();
   void switchHelp(); ///< the check mark of "Show Help" has changed
   void about();

@@ -15,7 +15,7 @@ using Kind = MenuRow::Kind;
 
 constexpr MenuRow rows[] = {
     {Kind::Menu, "", "mnuFile", "&File", "", nullptr},
-    {Kind::Item, "mnuFile", "mnuExport", "&Export Album...", "", nullptr},
+    {Kind::Item, "mnuFile", "mnuExport", "&Export Album...", "", &FrameCommands::exportAlbum},
     {Kind::Line, "mnuFile", "mnuLine1", "", "", nullptr},
     {Kind::Item, "mnuFile", "mnuPrint", "&Print...", "Ctrl+P", nullptr},
     {Kind::Line, "mnuFile", "mnuLine3", "", "", nullptr},

@@ -101,7 +101,7 @@ int runHearthbook(EarlyStart& early, const ShellServices& services) {
   if (!openAlbumOrTell(album, early.takeOpening()))
     return 1;
 
-  const Wiring wiring(album, frame);
+  const Wiring wiring(album, frame, services);
   const EndSignals endSignals;
   QObject::connect(&endSignals, &EndSignals::endAsked, &frame, &MDIForm1::closeWhenFree);
   return runFrame(frame, folder);

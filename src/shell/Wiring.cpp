@@ -6,6 +6,7 @@
 #include "AlbumPages.h"
 #include "BatchEdit.h"
 #include "DBeditor.h"
+#include "Export.h"
 #include "Forms.h"
 #include "FrameCommands.h"
 #include "FullScreen.h"
@@ -37,6 +38,7 @@ StartupCommands startupCommands(FrameCommands& commands) {
   start.viewAlbum = [&commands](int albumId, const QString& name, const auto& aboutToShow) {
     commands.viewFromStart(albumId, name, aboutToShow);
   };
+  start.exportAlbum = [&commands] { commands.exportAlbum(); };
   start.exit = [&commands] { commands.quit(); };
   return start;
 }
@@ -74,7 +76,7 @@ constexpr std::size_t largePhotoBytes = 192u << 20;
 
 } // namespace
 
-Wiring::Wiring(Album& album, MDIForm1& frame)
+Wiring::Wiring(Album& album, MDIForm1& frame, const ShellServices& services)
     : loader_(pool_, deliverHere()), thumbnails_(pool_, deliverHere(), thumbnailBytes),
       largePhotos_(pool_, deliverHere(), largePhotoBytes), help_(album.vars, frame) {
   Forms::provide<Startup>([this, &album, &frame] {
@@ -100,6 +102,9 @@ Wiring::Wiring(Album& album, MDIForm1& frame)
   Forms::provide<AddAudio>([this, &album] { return new AddAudio(album, pool_); });
   Forms::provide<AddSubAlbum>(
       [this, &album, &frame] { return new AddSubAlbum(album, thumbnails_, pool_, frame); });
+  Forms::provide<Export>([this, &album, openPage = services.openDocument] {
+    return new Export(album, pool_, openPage);
+  });
   Forms::provide<NamesManager>([&album] { return new NamesManager(album); });
   Forms::provide<YearWizard>([&album] { return new YearWizard(album); });
   Forms::provide<frmSendMail>([this, &album] {

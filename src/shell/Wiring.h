@@ -1,5 +1,6 @@
 #pragma once
 
+#include "FrameCommands.h"
 #include "FrameHelp.h"
 #include "PictureLoader.h"
 
@@ -11,7 +12,7 @@ class MDIForm1;
 /// Says how each form of the program is made, and forgets it at its end.
 class Wiring {
 public:
-  Wiring(Album& album, MDIForm1& frame);
+  Wiring(Album& album, MDIForm1& frame, const ShellServices& services = {});
   ~Wiring();
   Wiring(const Wiring&) = delete;
   Wiring& operator=(const Wiring&) = delete;

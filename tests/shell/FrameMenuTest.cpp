@@ -80,10 +80,9 @@ TEST_F(FrameMenuTest, EveryItemOfTheTreeStandsInTheMenuBar) {
 }
 
 TEST_F(FrameMenuTest, WhatTheProgramDoesNotHaveYetIsThereAndDisabled) {
-  for (const char* name : {"mnuExport", "mnuPrint"})
-    EXPECT_FALSE(menu.item(name)->isEnabled()) << name;
-  for (const char* name :
-       {"mnuQuit", "mnuBuildAlbum", "mnuSearch", "mnuStart", "mnuHelp", "mnuAbout", "mnuRemove"})
+  EXPECT_FALSE(menu.item("mnuPrint")->isEnabled());
+  for (const char* name : {"mnuExport", "mnuQuit", "mnuBuildAlbum", "mnuSearch", "mnuStart",
+                           "mnuHelp", "mnuAbout", "mnuRemove"})
     EXPECT_TRUE(menu.item(name)->isEnabled()) << name;
   EXPECT_FALSE(menu.item("mnuHelp")->isChecked());
 }

@@ -2,11 +2,14 @@
 #include "AlbumStart.h"
 #include "BoxScript.h"
 #include "DBeditor.h"
+#include "Export.h"
+#include "FormControls.h"
 #include "Forms.h"
 #include "FrameMenu.h"
 #include "MDIForm1.h"
 #include "Search.h"
 #include "ShellFixture.h"
+#include "Startup.h"
 #include "SubAlbumStrip.h"
 #include "Text.h"
 #include "Wiring.h"
@@ -151,6 +154,31 @@ TEST_F(SubAlbumCommandsTest, ViewAlbumsFollowsWhatTheEditorDoes) {
   });
   press(Forms::get<DBeditor>(), "Command15");
   EXPECT_EQ(menuNames(), (QStringList{toQString("Master Album"), toQString("Lake")}));
+}
+
+TEST_F(SubAlbumCommandsTest, TheMenuOpensTheExportOverAllAlbums) {
+  QStringList albums;
+  QTimer::singleShot(0, qApp, [&] {
+    auto* dialog = Forms::loaded<Export>();
+    ASSERT_NE(dialog, nullptr);
+    EXPECT_TRUE(QTest::qWaitForWindowActive(dialog));
+    albums = test::FormControls::textsOf(*dialog->findChild<DataList*>());
+    dialog->Unload();
+  });
+  frame->menu().item("mnuExport")->trigger();
+  EXPECT_EQ(albums, QStringList{QStringLiteral("Lake")});
+}
+
+TEST_F(SubAlbumCommandsTest, TheStartScreenOpensTheExportToo) {
+  bool opened = false;
+  QTimer::singleShot(0, qApp, [&] {
+    auto* dialog = Forms::loaded<Export>();
+    ASSERT_NE(dialog, nullptr);
+    opened = true;
+    dialog->Unload();
+  });
+  press(Forms::get<Startup>(), "Image6");
+  EXPECT_TRUE(opened);
 }
 
 } // namespace

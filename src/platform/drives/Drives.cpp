@@ -11,6 +11,8 @@
 #include <sstream>
 #include <system_error>
 
+#include <sys/statvfs.h>
+
 namespace hearthbook {
 namespace fs = std::filesystem;
 namespace {
@@ -159,6 +161,12 @@ std::vector<Drive> Drives::enumerate() const {
   addRemovable(roots_, mounts, letters);
   addHome(letters);
   return letters.take();
+}
+
+bool takesFiles(const Drive& drive) {
+  struct statvfs disk {};
+  return drive.ready && ::statvfs(drive.root.c_str(), &disk) == 0 && disk.f_bavail > 0 &&
+         disk.f_bfree > 0 && (disk.f_flag & ST_RDONLY) == 0;
 }
 
 fs::path realPath(const std::vector<Drive>& drives, std::string_view letterPath) {

@@ -40,6 +40,9 @@ private:
   DriveRoots roots_;
 };
 
+/// True if the drive is ready, has room and can be written to.
+bool takesFiles(const Drive& drive);
+
 /// "d:\Photos\00012.jpg" as a path on this machine; a path that names no known, ready drive
 /// gives one that does not exist.
 std::filesystem::path realPath(const std::vector<Drive>& drives, std::string_view letterPath);

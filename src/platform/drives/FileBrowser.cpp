@@ -11,7 +11,7 @@ namespace hearthbook {
 namespace {
 
 bool endsAs(std::string_view name, std::string_view wildcard) {
-  return name.ends_with(wildcard.substr(1)); // behind the star
+  return !wildcard.empty() && name.ends_with(wildcard.substr(1)); // behind the star
 }
 
 bool nameBefore(const std::filesystem::path& left, const std::filesystem::path& right) {

@@ -13,6 +13,7 @@ namespace hearthbook {
 // What one sees who goes through the folders of the machine, as values.
 
 /// True if the file's name ends as one of the pattern's ("*.wav;*.mid"), without regard to case.
+/// An empty pattern is nobody's.
 bool matchesPattern(std::string_view fileName, std::string_view pattern);
 
 /// What a folder holds for the file list.

@@ -14,6 +14,7 @@
 #include <QStandardPaths>
 #include <QTreeView>
 
+#include <algorithm>
 #include <utility>
 
 namespace hearthbook {
@@ -68,6 +69,10 @@ void FolderBrowser::keepFolderInSight() {
     parts_.folders->scrollTo(parts_.folders->currentIndex());
 }
 
+void FolderBrowser::setDriveTest(std::function<bool(const Drive& drive)> mayChoose) {
+  mayChoose_ = std::move(mayChoose);
+}
+
 void FolderBrowser::start(const std::filesystem::path& folder) {
   showDrives();
   showFolder(nearestFolder(folder));
@@ -87,6 +92,8 @@ void FolderBrowser::chooseDrive(int index) {
   Q_EMIT driveTouched();
   const char letter = drives_.at(static_cast<std::size_t>(index)).letter;
   showDrives();
+  if (mayChoose_ && !mayChoose_(driveNow(letter)))
+    return;
   try {
     showFolder(driveRoot(drives_, letter));
   } catch (const RunTimeError& failure) {
@@ -94,6 +101,13 @@ void FolderBrowser::chooseDrive(int index) {
       MsgBox(QStringLiteral("Drive Does Not Exist"));
     showFolder(folder_);
   }
+}
+
+/// One that has gone meanwhile is not ready.
+Drive FolderBrowser::driveNow(char letter) const {
+  const auto found = std::find_if(drives_.begin(), drives_.end(),
+                                  [letter](const Drive& drive) { return drive.letter == letter; });
+  return found == drives_.end() ? Drive{.letter = letter, .root = {}, .name = {}} : *found;
 }
 
 void FolderBrowser::chooseTypedFolder() {

@@ -7,6 +7,7 @@
 #include <QString>
 
 #include <filesystem>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -35,6 +36,9 @@ public:
   FolderBrowser(const Parts& parts, const Drives& machine, WorkPool& pool, std::string_view pattern,
                 QString title, QObject* parent);
 
+  /// Asked before a drive that the user chooses is gone to. One that says no has gone elsewhere.
+  void setDriveTest(std::function<bool(const Drive& drive)> mayChoose);
+
   /// Reads the drives and goes to a folder, or to the nearest above it that is there.
   void start(const std::filesystem::path& folder);
   /// Goes to a folder, on the drive on which it lies.
@@ -62,6 +66,7 @@ private:
   void keepFolderInSight();
   void showDrives();
   void chooseDrive(int index);
+  [[nodiscard]] Drive driveNow(char letter) const;
   void chooseTypedFolder();
   void openFolder(const std::filesystem::path& folder);
   void showContent(const std::filesystem::path& folder, const FolderContent& content);
@@ -72,6 +77,7 @@ private:
   std::string pattern_;
   QString title_;
   QFileSystemModel* tree_;
+  std::function<bool(const Drive& drive)> mayChoose_;
   std::vector<Drive> drives_;
   std::filesystem::path folder_;
   bool placing_ = false; ///< the program, not the user, goes to a folder

@@ -37,6 +37,14 @@ void PictureBox::setPicture(const Picture& picture) {
 
 void PictureBox::clear() { setPicture({}); }
 
+void PictureBox::placeIn(QRect room) {
+  const QSize size =
+      QSize(picture_.width(), picture_.height()).scaled(room.size(), Qt::KeepAspectRatio);
+  QRect place(QPoint(), size.expandedTo({1, 1}));
+  place.moveCenter(room.center());
+  setGeometry(place);
+}
+
 PixelSize PictureBox::wantedSize() const {
   const QSizeF pixels = QSizeF(size()) * devicePixelRatioF();
   return {qRound(pixels.width()), qRound(pixels.height())};

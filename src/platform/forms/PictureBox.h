@@ -19,6 +19,9 @@ public:
   [[nodiscard]] const Picture& picture() const { return picture_; }
   [[nodiscard]] bool hasPicture() const { return !picture_.isNull(); }
 
+  /// Takes as much of the room as the picture's proportions let it, in the middle.
+  void placeIn(QRect room);
+
   /// Device pixels that the widget covers: what to decode for it.
   [[nodiscard]] PixelSize wantedSize() const;
 

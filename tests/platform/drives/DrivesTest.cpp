@@ -1,6 +1,7 @@
 #include "Drives.h"
 #include "FakeDrives.h"
 #include "FileBytes.h"
+#include "PrivateMount.h"
 #include "ScopedVariable.h"
 #include "TemporaryFolder.h"
 
@@ -154,6 +155,22 @@ TEST_F(RealPath, APathOnNoReadyDriveCanNeverExist) {
     EXPECT_FALSE(fs::exists(real(path) / "x", error)) << path;
     EXPECT_FALSE(fs::create_directories(real(path) / "x", error)) << path;
   }
+}
+
+TEST_F(DrivesTest, OnlyAReadyDriveWithRoomTakesFiles) {
+  Drive drive{.ready = true, .root = folder_.path(), .name = {}};
+  EXPECT_TRUE(takesFiles(drive));
+  drive.ready = false;
+  EXPECT_FALSE(takesFiles(drive));
+  EXPECT_FALSE(takesFiles({.ready = true, .root = "/proc", .name = {}})); // of no size
+  EXPECT_FALSE(takesFiles({.ready = true, .root = at("gone"), .name = {}}));
+}
+
+TEST_F(DrivesTest, ADriveThatCanOnlyBeReadTakesNoFiles) {
+  if (!test::canMountPrivately())
+    GTEST_SKIP() << "this machine does not allow private mounts";
+  const test::ReadOnlyMount mounted(folder_.path());
+  EXPECT_FALSE(takesFiles({.ready = true, .root = folder_.path(), .name = {}}));
 }
 
 } // namespace

@@ -36,6 +36,7 @@ TEST(FileBrowser, ANameMatchesThePatternByItsEndingWithoutRegardToCase) {
     EXPECT_TRUE(matchesPattern(name, pattern)) << name;
   for (const char* name : {"a.wave", "a.midi", "a.jpg", "a.wav.txt", "wav", "awav", ""})
     EXPECT_FALSE(matchesPattern(name, pattern)) << name;
+  EXPECT_FALSE(matchesPattern("a.wav", ""));
 }
 
 TEST(FileBrowser, AFolderIsReadByNameWithoutRegardToCase) {

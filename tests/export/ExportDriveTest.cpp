@@ -1,0 +1,65 @@
+#include "ExportFormFixture.h"
+#include "ScopedVariable.h"
+
+namespace hearthbook::test {
+namespace {
+
+namespace fs = std::filesystem;
+
+class ExportDrive : public ExportFormFixture {
+protected:
+  ScopedVariable home_{"HOME", std::nullopt}; // which has a letter of its own
+  void choose(const Export& dialog, const char* letter) {
+    auto* drives = control<QComboBox>(dialog, "Drive1");
+    const int index = drives->findText(toQString(letter), Qt::MatchStartsWith);
+    ASSERT_GE(index, 0) << letter;
+    drives->setCurrentIndex(index);
+    Q_EMIT drives->activated(index);
+    wait(dialog);
+  }
+  void expectRefused() {
+    boxes_.expectMessage(
+        toQString("Sorry, drive is read-only or not ready. Please selcet a different one"));
+  }
+};
+
+TEST_F(ExportDrive, ADriveWithRoomIsGoneTo) {
+  folder_.drives().addDisk("sdb", true);
+  folder_.drives().mount("/dev/sdb1", base_, "vfat");
+  auto& dialog = open();
+  choose(dialog, "d:");
+  EXPECT_EQ(folderShown(dialog), base_.string());
+}
+
+TEST_F(ExportDrive, ADriveThatIsNotReadyIsRefused) {
+  folder_.drives().listOptical({"sr0"});
+  auto& dialog = open();
+  dialog.showFolder(base_);
+  wait(dialog);
+  expectRefused();
+  choose(dialog, "d:");
+  EXPECT_EQ(folderShown(dialog), at("export").string());
+  EXPECT_TRUE(control<QComboBox>(dialog, "Drive1")->currentText() != toQString("d:"));
+}
+
+TEST_F(ExportDrive, ADriveWithoutRoomIsRefused) {
+  folder_.drives().addDisk("sdb", true);
+  folder_.drives().mount("/dev/sdb1", "/proc", "vfat"); // a file system of no size
+  auto& dialog = open();
+  expectRefused();
+  choose(dialog, "d:");
+  EXPECT_EQ(folderShown(dialog), at("export").string());
+}
+
+TEST_F(ExportDrive, ADriveThatHasGoneIsRefused) {
+  folder_.drives().addDisk("sdb", true);
+  folder_.drives().mount("/dev/sdb1", base_, "vfat");
+  auto& dialog = open();
+  folder_.drives().unmountAll();
+  expectRefused();
+  choose(dialog, "d:");
+  EXPECT_EQ(folderShown(dialog), at("export").string());
+}
+
+} // namespace
+} // namespace hearthbook::test
