@@ -4,6 +4,7 @@
 #include "ExportPages.h"
 #include "ExportRows.h"
 #include "ExportTarget.h"
+#include "FileBrowser.h"
 #include "FileError.h"
 #include "PhotoExport.h"
 #include "PhotoFiles.h"
@@ -99,6 +100,7 @@ private:
   std::string sidePage(const SidePage& page);
   void writeStartPage() const;
   void writeAutorunFile() const;
+  [[nodiscard]] bool isOnStick() const;
 
   [[nodiscard]] fs::path startPage() const { return target_ / (names_.lcname + ".htm"); }
 
@@ -141,6 +143,11 @@ std::optional<ExportOutcome> AlbumExporter::run() {
   exportPhotos();
   writeStartPage();
   writeAutorunFile();
+  if (isOnStick())
+    beside([this] {
+      flushWholeDisk(target_);
+      return 0;
+    });
   outcome_.name = names_.name;
   outcome_.folder = target_;
   outcome_.startPage = startPage();
@@ -279,6 +286,12 @@ void AlbumExporter::writeAutorunFile() const {
   std::ostringstream text;
   writeAutorun(text, names_.name);
   writePlainFile(target_ / "Autorun.inf", text.view());
+}
+
+/// It may be pulled out as soon as the family reads that all is done.
+bool AlbumExporter::isOnStick() const {
+  const auto drive = driveOf(sources_->drives, target_);
+  return drive && sources_->drives[*drive].type == Drive::Type::Removable;
 }
 
 } // namespace

@@ -86,6 +86,14 @@ TEST_F(AlbumExportFiles, APhotoOfADiscComesFromTheDisc) {
   EXPECT_EQ(page("Trip/data/t1.jpg"), "small");
 }
 
+TEST_F(AlbumExportFiles, AnAlbumGoesOntoAStick) {
+  folder_.drives().addDisk("sdb", true);
+  folder_.drives().mount("/dev/sdb1", base_, "vfat");
+  addTrip(1);
+  exportAlbum();
+  EXPECT_TRUE(isThere("Trip/trip.htm"));
+}
+
 TEST_F(AlbumExportFiles, WithoutTheDiscItsPhotosAreMissing) {
   folder_.addPhoto("CD00001"); // there is an HD00001 of the same number
   addSubAlbum("Trip", {"CD00001"});

@@ -78,6 +78,12 @@ void copyPlainTree(const fs::path& source, const fs::path& target) {
     throwUnreadable(source, error.value());
 }
 
+void flushWholeDisk(const fs::path& fileOrFolder) {
+  const FileDescriptor file = openToRead(fileOrFolder);
+  if (::syncfs(file.number()) != 0)
+    throwFileError("write", fileOrFolder, errno);
+}
+
 void makePlainFolder(const fs::path& folder) {
   std::error_code error;
   fs::create_directory(folder, error);

@@ -22,6 +22,9 @@ void copyPlainFile(const std::filesystem::path& source, const std::filesystem::p
 /// must be there.
 void copyPlainTree(const std::filesystem::path& source, const std::filesystem::path& target);
 
+/// Flushes all that was written to the disk on which the file or folder lies. Throws RunTimeError.
+void flushWholeDisk(const std::filesystem::path& fileOrFolder);
+
 /// Makes one folder, unless it is there. Throws RunTimeError where the folder above it is not.
 void makePlainFolder(const std::filesystem::path& folder);
 

@@ -75,6 +75,11 @@ TEST_F(PlainFile, AFolderIsNotMadeBelowOneThatIsGone) {
   EXPECT_TRUE(fs::is_directory(at("folder")));
 }
 
+TEST_F(PlainFile, ADiskIsFlushedByAnyOfItsFolders) {
+  EXPECT_NO_THROW(flushWholeDisk(folder_.path()));
+  EXPECT_THROW(flushWholeDisk(at("gone")), RunTimeError);
+}
+
 TEST_F(PlainFile, AFullDiskIsToldWithTheFile) {
   if (!test::canMountPrivately())
     GTEST_SKIP() << "this machine does not allow private mounts";
