@@ -27,6 +27,7 @@
 #include "Progress.h"
 #include "RecordMoves.h"
 #include "RecordPicture.h"
+#include "ScanCommands.h"
 #include "SoundIcon.h"
 #include "Stage.h"
 #include "Text.h"
@@ -84,6 +85,8 @@ void DBeditor::wireControls() {
   onCommand(ui->Command18, this, &DBeditor::findNextEmpty);  // "Find Next Empty"
   // Photos and the form
   onCommand(ui->Command1, this, &DBeditor::addFromFile);    // "Add From File"
+  onCommand(ui->Command13, this, &DBeditor::scanPhotos);    // "Add From Scanner"
+  onCommand(ui->Command14, this, &DBeditor::editPhoto);     // "Edit Image"
   onCommand(ui->Image2, this, &DBeditor::addAudio);         // "Add Audio", "Update Audio"
   ui->Label5->installEventFilter(this);                     // the same
   onCommand(ui->Command15, this, addEditedPhotoToSubAlbum); // "Add To Sub-Album"
@@ -199,7 +202,9 @@ void DBeditor::updateEnabled() {
   ui->Label5->setEnabled(standsOnRow(photos_));
   ui->Command18->setEnabled(standsOnRow(photos_));
   ui->Command12->setEnabled(standsOnRow(photos_));
+  ui->Command14->setEnabled(standsOnRow(photos_));
   ui->Command1->setEnabled(standsOnWholeAlbum(photos_));
+  ui->Command13->setEnabled(standsOnWholeAlbum(photos_));
 }
 
 void DBeditor::ComposeRecord() {
@@ -358,6 +363,16 @@ bool DBeditor::searchNextEmpty() {
 void DBeditor::addFromFile() {
   Forms::get<PickaPic>().ShowModal();
   ComposeRecord();
+}
+
+void DBeditor::scanPhotos() {
+  addFromScanner(*this);
+  ComposeRecord();
+}
+
+void DBeditor::editPhoto() {
+  if (editImage(album_, *this))
+    ComposeRecord();
 }
 
 void DBeditor::addAudio() {

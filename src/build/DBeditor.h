@@ -85,6 +85,8 @@ private:
   void findNextEmpty();
   bool searchNextEmpty();
   void addFromFile();
+  void scanPhotos();
+  void editPhoto();
   void addAudio();
   void soundChanged(bool attached) override;
   void deleteRecord();

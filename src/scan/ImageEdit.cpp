@@ -138,12 +138,13 @@ void ImageEdit::accept(Outcome outcome) {
   const int left = isCrop ? outcome.region.left : 0;
   const int top = isCrop ? outcome.region.top : 0;
   remember({{}, -turn, left, top});
-  carryMarks(turn, -left, -top, now_.picture.size());
+  const PixelSize before = now_.picture.size();
+  carryMarks(turn, -left, -top, before);
   now_.picture = std::move(outcome.picture);
   now_.elements.clear(); // they are part of it now
   if (isCrop)
     selection_.clear();
-  if (isCrop || isTurn)
+  if (now_.picture.size() != before)
     view_.resize(now_.picture.size());
 }
 

@@ -1,5 +1,6 @@
 #include "PhotoSaving.h"
 
+#include "AlbumFiles.h"
 #include "Encode.h"
 #include "PhotoFiles.h"
 #include "PhotoIdentity.h"
@@ -37,6 +38,11 @@ PhotoPlaces addPhotoRow(Album& album, Recordset& photos) {
   const std::string id = hardDiskId(album.vars.NextPhotoNumber);
   photos.AddNew({"PictureID"}, {Value(id)});
   return {*imagePath(album, id), *ownThumbnailPath(album, id), album.folder.path(backupFolder)};
+}
+
+OwnPhotoTable::OwnPhotoTable(const Album& album) {
+  connection_.Open(album.folder.path(albumFile));
+  rows_.Open("SELECT * FROM PhotoAlbum Order By PictureID");
 }
 
 PhotoPlaces placesOfCurrentPhoto(Album& album) {

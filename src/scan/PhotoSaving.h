@@ -20,6 +20,17 @@ struct PhotoPlaces {
 /// files come later: until then the row is a photo whose picture is missing.
 PhotoPlaces addPhotoRow(Album& album, Recordset& photos);
 
+/// The album's photos over a connection of its own, so that rsPhotoAlbum stays where it stands.
+class OwnPhotoTable {
+public:
+  explicit OwnPhotoTable(const Album& album);
+  [[nodiscard]] Recordset& rows() { return rows_; }
+
+private:
+  Connection connection_;
+  Recordset rows_{connection_};
+};
+
 /// The files of the photo on which rsPhotoAlbum stands now; also sets ImagePath. Throws where
 /// there is none, or none that may be written.
 PhotoPlaces placesOfCurrentPhoto(Album& album);

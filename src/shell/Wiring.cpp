@@ -16,6 +16,7 @@
 #include "PageToMail.h"
 #include "PickaPic.h"
 #include "Progress.h"
+#include "Scan.h"
 #include "Search.h"
 #include "Startup.h"
 #include "Viewer.h"
@@ -78,7 +79,8 @@ constexpr std::size_t largePhotoBytes = 192u << 20;
 
 Wiring::Wiring(Album& album, MDIForm1& frame, const ShellServices& services)
     : loader_(pool_, deliverHere()), thumbnails_(pool_, deliverHere(), thumbnailBytes),
-      largePhotos_(pool_, deliverHere(), largePhotoBytes), help_(album.vars, frame) {
+      largePhotos_(pool_, deliverHere(), largePhotoBytes), scanner_(deliverHere()),
+      help_(album.vars, frame) {
   Forms::provide<Startup>([this, &album, &frame] {
     auto* start = new Startup(album, pool_, loader_, startupCommands(frame.commands()));
     QObject::connect(start, &Startup::cameToFront, &help_, &FrameHelp::startScreenActive);
@@ -99,6 +101,7 @@ Wiring::Wiring(Album& album, MDIForm1& frame, const ShellServices& services)
   Forms::provide<FullScreen>([this, &album] { return new FullScreen(album, largePhotos_, pool_); });
   Forms::provide<BatchEdit>([&album] { return new BatchEdit(album); });
   Forms::provide<PickaPic>([this, &album] { return new PickaPic(album, pool_); });
+  Forms::provide<Scan>([this, &album] { return new Scan(album, pool_, scanner_); });
   Forms::provide<AddAudio>([this, &album] { return new AddAudio(album, pool_); });
   Forms::provide<AddSubAlbum>(
       [this, &album, &frame] { return new AddSubAlbum(album, thumbnails_, pool_, frame); });

@@ -3,6 +3,7 @@
 #include "FrameCommands.h"
 #include "FrameHelp.h"
 #include "PictureLoader.h"
+#include "SaneScanner.h"
 
 namespace hearthbook {
 
@@ -22,6 +23,7 @@ private:
   PictureLoader loader_;
   PictureLoader thumbnails_;  ///< for pages of them
   PictureLoader largePhotos_; ///< one by one
+  SaneScanner scanner_;
   FrameHelp help_;
 };
 

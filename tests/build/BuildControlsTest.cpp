@@ -93,12 +93,6 @@ TEST_F(BuildControls, TheMouseOverAddFromFileExplainsEachControlInThePane) {
   EXPECT_EQ(expectMouseExplains(picker, "Add From File", pickerControls, pane, *vars().rsHelp), 7);
 }
 
-TEST_F(BuildControls, CommandsWhoseWorkIsNotThereYetAreDisabled) {
-  const auto& editor = openEditor();
-  for (const char* name : {"Command13", "Command14"})
-    EXPECT_FALSE(isEnabled(editor, name)) << name;
-}
-
 TEST_F(BuildControls, TabReachesEveryControlOfTheEditorBothWays) {
   auto& editor = openEditor();
   expectTabReachesAll(editor, control<QWidget>(editor, "Year"));

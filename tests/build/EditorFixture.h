@@ -4,6 +4,7 @@
 #include "AlbumFixture.h"
 #include "BoxScript.h"
 #include "DBeditor.h"
+#include "FakeScanner.h"
 #include "FormControls.h"
 #include "Forms.h"
 #include "Guard.h"
@@ -13,6 +14,7 @@
 #include "PictureBox.h"
 #include "PictureLoader.h"
 #include "Progress.h"
+#include "Scan.h"
 #include "Stage.h"
 #include "Text.h"
 #include "YearWizard.h"
@@ -54,6 +56,7 @@ protected:
     Forms::provide<DBeditor>(
         [this] { return new DBeditor(album(), loader_, pool_, frame_, frame_); });
     Forms::provide<PickaPic>([this] { return new PickaPic(album(), pool_); });
+    Forms::provide<Scan>([this] { return new Scan(album(), pool_, scanner_); });
     Forms::provide<AddAudio>([this] { return new AddAudio(album(), pool_); });
     Forms::provide<NamesManager>([this] { return new NamesManager(album()); });
     Forms::provide<YearWizard>([this] { return new YearWizard(album(), [] { return 2026; }); });
@@ -133,11 +136,14 @@ protected:
     return rows.Collect(field);
   }
 
+  /// Hands work over in the window's event loop.
+  static void deliver(std::function<void()> task) {
+    QMetaObject::invokeMethod(QCoreApplication::instance(), std::move(task), Qt::QueuedConnection);
+  }
+
   WorkPool pool_{2};
-  PictureLoader loader_{pool_, [](std::function<void()> task) {
-                          QMetaObject::invokeMethod(QCoreApplication::instance(), std::move(task),
-                                                    Qt::QueuedConnection);
-                        }};
+  PictureLoader loader_{pool_, deliver};
+  FakeScanner scanner_{deliver};
   FakeFrame frame_;
   BoxScript boxes_;
 };

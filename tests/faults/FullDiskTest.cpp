@@ -4,6 +4,7 @@
 #include "ClosingBackup.h"
 #include "FileBytes.h"
 #include "IncomingPhotos.h"
+#include "PhotoSaving.h"
 #include "PrivateMount.h"
 #include "RunTimeError.h"
 #include "SafeFile.h"
@@ -167,6 +168,32 @@ TEST_F(FullDisk, AddingTellsItAndLosesNoPhoto) {
                           EXPECT_FALSE(namesIn(root_ / folder).front().starts_with("."));
                       });
   EXPECT_GT(failures, 0);
+}
+
+TEST_F(FullDisk, APhotoThatIsUpdatedIsTheOldOneOrTheNewOneWhole) {
+  const std::string before = readBytes(prepared_.at("Photos/00001.jpg"));
+  const Picture edited = test::grainy({300, 200});
+  const std::string after = test::jpegOf(edited);
+  bool failed = false;
+  bool succeeded = false;
+  const auto update = [&] {
+    Album album((ApplicationFolder(root_)));
+    album.data.AlbumDB.Open(live_);
+    album.data.openRecordsets();
+    try {
+      writePhoto(edited, placesOfCurrentPhoto(album));
+      succeeded = true;
+    } catch (const RunTimeError&) {
+      failed = true;
+    }
+  };
+  withMoreAndMoreRoom(update, [&] {
+    const std::string photo = readBytes(root_ / "Photos/00001.jpg");
+    EXPECT_TRUE(photo == before || photo == after);
+    for (const char* folder : {"Photos", "Thumbnails"})
+      EXPECT_FALSE(namesIn(root_ / folder).front().starts_with("."));
+  });
+  EXPECT_TRUE(failed && succeeded);
 }
 
 TEST_F(FullDisk, TheFirstPhotosTakeTheRoomThatIsLeft) {

@@ -189,6 +189,12 @@ TEST_F(ImageEditTest, RotateRightTurnsWithTheClockAndFitsTheViewAnew) {
   EXPECT_EQ(edit_.view().scrollBars(), ScrollBars::Horizontal);
 }
 
+TEST_F(ImageEditTest, AHalfTurnLeavesTheViewAsItIs) {
+  edit_.show(test::corners({900, 300}));
+  doEdit(edits::flip);
+  EXPECT_EQ(edit_.view().scrollBars(), ScrollBars::None) << "it was fitted, and still is";
+}
+
 TEST_F(ImageEditTest, AnEditOfTheWholeTakesTheEditedRegionsIn) {
   select(region);
   doEdit(edits::brighter);

@@ -1,0 +1,138 @@
+#include "PageView.h"
+
+#include "Beside.h"
+#include "Look.h"
+#include "PagePlaces.h"
+#include "PictureImage.h"
+#include "Resample.h"
+
+#include <QPaintEvent>
+#include <QPainter>
+
+#include <algorithm>
+#include <cmath>
+#include <cstdint>
+#include <utility>
+
+namespace hearthbook {
+
+namespace {
+
+constexpr std::int64_t largestCopy = 32'000'000; // pixels; beyond, little of it is in sight
+constexpr int smoothlyPainted = 1'000'000;       // pixels that are stretched well within a frame
+
+bool isSamePicture(const Picture& a, const Picture& b) { return a.share() == b.share(); }
+
+} // namespace
+
+PageView::PageView(QWidget* parent) : QWidget(parent) {}
+
+void PageView::setPage(const ImageEdit& edit, WorkPool& pool) {
+  edit_ = &edit;
+  pool_ = &pool;
+}
+
+void PageView::showChanged() {
+  if (!edit_)
+    return;
+  const PagePlaces places(*edit_, *this);
+  std::vector<Layer> layers;
+  if (!edit_->isEmpty() && places.perPixel() > 0) {
+    const PixelSize page = edit_->picture().size();
+    layers.push_back(layerFor(edit_->picture(), {0, 0, page.width, page.height}, places));
+    for (const EditElement& element : edit_->elements())
+      layers.push_back(layerFor(element.shown, element.place, places));
+  }
+  layers_ = std::move(layers);
+  for (const Layer& layer : layers_)
+    if (layer.wanted != PixelSize() && !layer.isSmallOfFull)
+      makeSmall(layer);
+  update();
+}
+
+PixelSize PageView::wantedSize(PixelSize full, const PagePlaces& places) const {
+  const double scale = places.perPixel() * devicePixelRatioF();
+  const PixelSize size{std::max(1, static_cast<int>(std::lround(full.width * scale))),
+                       std::max(1, static_cast<int>(std::lround(full.height * scale)))};
+  return scale >= 1 || std::int64_t{size.width} * size.height > largestCopy ? PixelSize() : size;
+}
+
+/// What was made for the last state of a place stands in for it until its own copy is there.
+PageView::Layer PageView::layerFor(const Picture& full, const PixelRect& place,
+                                   const PagePlaces& places) const {
+  Layer layer{full, place, {}, wantedSize(full.size(), places), false};
+  const auto before = std::ranges::find(layers_, place, &Layer::place);
+  if (before == layers_.end() || before->wanted != layer.wanted)
+    return layer;
+  layer.small = before->small;
+  layer.isSmallOfFull = before->isSmallOfFull && isSamePicture(before->full, full);
+  return layer;
+}
+
+void PageView::makeSmall(const Layer& layer) {
+  runBeside(
+      *pool_, this,
+      [full = layer.full, wanted = layer.wanted]() -> std::pair<Picture, Picture> {
+        try {
+          return {full, resample(full, wanted)};
+        } catch (const std::exception&) { // memory is short: it is painted from the picture
+          return {full, Picture()};
+        }
+      },
+      [this](const auto& made) { smallArrived(made.first, made.second); }, true);
+}
+
+void PageView::smallArrived(const Picture& full, const Picture& small) {
+  for (Layer& layer : layers_) {
+    if (!isSamePicture(layer.full, full) || (!small.isNull() && layer.wanted != small.size()))
+      continue;
+    layer.small = small;
+    layer.isSmallOfFull = true;
+  }
+  update();
+}
+
+Picture PageView::smallPage() const {
+  return layers_.empty() || !layers_.front().isSmallOfFull ? Picture() : layers_.front().small;
+}
+
+void PageView::showPreview(const Picture& smallPage) {
+  if (layers_.empty() || layers_.front().wanted != smallPage.size())
+    return;
+  layers_.front().small = smallPage;
+  update();
+}
+
+bool PageView::isSharp() const {
+  return std::ranges::all_of(layers_, [](const Layer& layer) {
+    return layer.wanted == PixelSize() || layer.isSmallOfFull;
+  });
+}
+
+void PageView::paint(QPainter& painter, const Layer& layer, QRectF target, const QRect& seen) {
+  const bool isSmall = !layer.small.isNull();
+  const QImage image = toImage(isSmall ? layer.small : layer.full);
+  const QRectF part = target.intersected(QRectF(seen));
+  if (part.isEmpty())
+    return;
+  const double across = image.width() / target.width();
+  const double down = image.height() / target.height();
+  const QRectF source((part.left() - target.left()) * across, (part.top() - target.top()) * down,
+                      part.width() * across, part.height() * down);
+  painter.setRenderHint(QPainter::SmoothPixmapTransform,
+                        !isSmall && part.width() * part.height() <= smoothlyPainted);
+  painter.drawImage(part, image, source);
+}
+
+void PageView::paintEvent(QPaintEvent* event) {
+  QPainter painter(this);
+  if (!edit_)
+    return;
+  const PagePlaces places(*edit_, *this);
+  for (const Layer& layer : layers_)
+    paint(painter, layer, places.toWidget(layer.place), event->rect());
+}
+
+void PageView::resizeEvent(QResizeEvent*) { showChanged(); }
+
+} // namespace hearthbook

@@ -1,0 +1,110 @@
+#include "Scan.h"
+
+#include "MsgBox.h"
+#include "PhotoSaving.h"
+#include "Text.h"
+
+#include <utility>
+
+namespace hearthbook {
+
+void Scan::save() { isEditUse_ ? updatePhoto() : saveSelected(); }
+
+bool Scan::hasSelection() const {
+  if (!edit_.selected().isEmpty())
+    return true;
+  MsgBox(QStringLiteral("Please Make A Selection\nBy Draging Your Mouse On The Image."),
+         QStringLiteral("Save Selected Image"));
+  return false;
+}
+
+void Scan::saveSelected() {
+  if (hasSelection())
+    saveNewPhoto(addPhotoRow(album_, album_.data.rsPhotoAlbum), [] {});
+}
+
+void Scan::cutAndSaveAsNew() {
+  if (!hasSelection())
+    return;
+  auto photos = std::make_shared<OwnPhotoTable>(album_);
+  const PhotoPlaces places = addPhotoRow(album_, photos->rows());
+  Q_EMIT photoCut();
+  saveNewPhoto(places, [photos]() mutable { photos.reset(); });
+}
+
+/// `afterwards` runs when the files have been written and looked for.
+void Scan::saveNewPhoto(const PhotoPlaces& places, std::function<void()> afterwards) {
+  const PixelRect region = edit_.selected();
+  writeBeside(edit_.cutOut(), places,
+              [this, places, region, afterwards = std::move(afterwards)](const Saved& saved) {
+                afterwards();
+                newPhotoWritten(places, region, saved);
+              });
+}
+
+void Scan::newPhotoWritten(const PhotoPlaces& places, const PixelRect& region, const Saved& saved) {
+  if (!fileExists(places.photo)) {
+    MsgBox(QStringLiteral("File Could Not Be Saved, Please Scan Photo Again"),
+           QStringLiteral("Save Selected"), MsgIcon::Exclamation);
+    return;
+  }
+  if (saved.failure)
+    std::rethrow_exception(saved.failure);
+  edit_.markSaved(region);
+  showPage();
+  say(QStringLiteral("Saved as photo %1.").arg(toQString(places.photo.stem())));
+}
+
+void Scan::writeBeside(ImageEdit::Task task, const PhotoPlaces& places, AfterSaving then) {
+  beginWork(Work::Saving, QStringLiteral("The photo is saved ..."));
+  workBeside(
+      [task = std::move(task), places, pool = &pool_] {
+        try {
+          writePhoto(ImageEdit::asSeen(task, pool), places);
+          return Saved{nullptr};
+        } catch (...) {
+          return Saved{std::current_exception()};
+        }
+      },
+      std::move(then));
+}
+
+void Scan::updatePhoto() {
+  const PhotoPlaces places = placesOfCurrentPhoto(album_);
+  if (!mayOverwrite(places.photo))
+    return;
+  writeBeside(edit_.whole(), places, [this](const Saved& saved) {
+    if (saved.failure)
+      std::rethrow_exception(saved.failure);
+    isUpdated_ = true;
+    Unload();
+  });
+}
+
+bool Scan::mayOverwrite(const std::filesystem::path& photo) const {
+  return stampOf(photo) == loadedAs_ ||
+         MsgBox(QStringLiteral("Another program has changed this photo since it was opened here. "
+                               "Update it all the same? What is there now goes to the trash."),
+                QStringLiteral("Update Photo"), MsgIcon::Exclamation,
+                MsgButtons::YesNo) == MsgAnswer::Yes;
+}
+
+bool Scan::mayDropEdits() const {
+  return !isEditUse_ || isUpdated_ || !edit_.canUndo() ||
+         MsgBox(QStringLiteral("The photo was not updated: what you have changed will be lost."),
+                QStringLiteral("Edit Image"), MsgIcon::Exclamation,
+                MsgButtons::OkCancel) == MsgAnswer::Ok;
+}
+
+bool Scan::unloading() {
+  if (work_ == Work::Saving || !mayDropEdits())
+    return false;
+  if (work_ == Work::Scanning)
+    scanner_.cancel();
+  ++job_; // what is still on its way comes too late
+  if (!isEditUse_ || isScanned_)
+    passOver([this] { kept_->forget(); });
+  return true;
+}
+
+} // namespace hearthbook

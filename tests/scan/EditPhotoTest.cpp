@@ -1,0 +1,234 @@
+#include "ScanFixture.h"
+
+#include "Corrections.h"
+
+#include <gmock/gmock.h>
+
+#include <fstream>
+
+namespace hearthbook::test {
+
+namespace {
+
+using testing::ElementsAre;
+namespace fs = std::filesystem;
+
+class EditPhoto : public ScanFixture {
+protected:
+  EditPhoto() {
+    writeBytes(photo_, jpegOf(grainy({600, 400})));
+    folder_.addPhoto("HD00002");
+    folder_.addPhoto("HD00003");
+    photos().MoveFirst();
+    original_ = readBytes(photo_);
+  }
+
+  void expectChangedMeanwhile(MsgAnswer answer) {
+    boxes_.expectQuestion(toQString("Another program has changed this photo since it was opened "
+                                    "here. Update it all the same? What is there now goes to the "
+                                    "trash."),
+                          toQString("Update Photo"), MsgIcon::Exclamation, MsgButtons::YesNo,
+                          answer);
+  }
+  void expectLosingEdits(MsgAnswer answer) {
+    boxes_.expectQuestion(
+        toQString("The photo was not updated: what you have changed will be lost."),
+        toQString("Edit Image"), MsgIcon::Exclamation, MsgButtons::OkCancel, answer);
+  }
+  std::vector<std::string> rows() {
+    std::vector<std::string> all;
+    Recordset rows(data().AlbumDB);
+    rows.Open("SELECT * FROM PhotoAlbum ORDER BY PictureID");
+    for (; !rows.atEOF(); rows.MoveNext()) {
+      std::string row;
+      for (const std::string& field : rows.fieldNames())
+        row += rows.Collect(field).toText() + "|";
+      all.push_back(row);
+    }
+    return all;
+  }
+
+  const fs::path photo_ = at("Photos/00001.jpg");
+  std::string original_;
+};
+
+} // namespace
+
+TEST_F(EditPhoto, ThePhotoIsLoadedAndEveryCommandUsable) {
+  const auto& scan = openPhoto();
+  EXPECT_EQ(scan.page().picture().size(), (PixelSize{600, 400}));
+  EXPECT_EQ(control<QAbstractButton>(scan, "Command1")->text(), toQString("Update Photo"));
+  EXPECT_TRUE(control(scan, "Command7")->isVisible());
+  for (const char* name : {"Command1", "Command2", "Command7", "Command10"})
+    EXPECT_TRUE(isEnabled(scan, name)) << name;
+  EXPECT_TRUE(scanner_.wishes.empty()) << "nothing is scanned";
+}
+
+TEST_F(EditPhoto, APhotoThatCannotBeDecodedIsTold) {
+  writeBytes(photo_, "no picture at all");
+  boxes_.expectMessage(toQString("The Image Could Not Be Displayed"), toQString("Edit Image"),
+                       MsgIcon::Critical);
+  const auto& scan = openPhoto();
+  EXPECT_THAT(usableCommands(scan), ElementsAre("BtnClose", "Command2", "stopButton"));
+}
+
+TEST_F(EditPhoto, AMissingPhotoIsTold) {
+  fs::remove(photo_);
+  boxes_.expectMessage(toQString("The Image Could Not Be Displayed"), toQString("Edit Image"),
+                       MsgIcon::Critical);
+  openPhoto();
+}
+
+TEST_F(EditPhoto, UpdatePhotoChangesTheTwoFilesAndNothingElse) {
+  const auto before = rows();
+  const std::string neighbour = readBytes(at("Photos/00002.jpg"));
+  const auto& scan = openPhoto();
+  press(scan, "Command11");
+  const Picture edited = scan.page().picture();
+  press(scan, "Command1");
+  EXPECT_EQ(Forms::loaded<Scan>(), nullptr) << "the form is unloaded";
+  EXPECT_EQ(readBytes(photo_), jpegOf(edited, 0));
+  EXPECT_EQ(readPictureInfo(at("Thumbnails/00001.jpg")).size, (PixelSize{73, 49}));
+  EXPECT_EQ(rows(), before);
+  EXPECT_EQ(readBytes(at("Photos/00002.jpg")), neighbour);
+  EXPECT_THAT(namesIn(at("Photos")), ElementsAre("00001.jpg", "00002.jpg", "00003.jpg"));
+}
+
+TEST_F(EditPhoto, TheOriginalGoesToTheTrash) {
+  const auto& scan = openPhoto();
+  press(scan, "Command3");
+  press(scan, "Command1");
+  EXPECT_EQ(readBytes(folder_.trash() / "00001.jpg"), original_);
+}
+
+TEST_F(EditPhoto, EditedRegionsAreWrittenWithThePhoto) {
+  const auto& scan = openPhoto();
+  draw(scan, {100, 100}, {300, 200});
+  press(scan, "Command12");
+  const Picture whole = ImageEdit::asSeen(scan.page().whole());
+  press(scan, "Command1");
+  EXPECT_EQ(readBytes(photo_), jpegOf(whole, 0));
+}
+
+TEST_F(EditPhoto, UpdatePhotoWritesToThePhotoOnWhichTheAlbumStandsNow) {
+  const auto& scan = openPhoto();
+  photos().MoveNext();
+  vars().ImagePath = at("Photos/00003.jpg"); // as another form has resolved last
+  expectChangedMeanwhile(MsgAnswer::Yes);    // it is not the file that was opened
+  press(scan, "Command1");
+  EXPECT_EQ(readBytes(photo_), original_);
+  EXPECT_EQ(readPictureInfo(at("Photos/00002.jpg")).size, (PixelSize{600, 400}));
+  EXPECT_EQ(readPictureInfo(at("Photos/00003.jpg")).size, (PixelSize{64, 48}));
+}
+
+TEST_F(EditPhoto, AFileThatAnotherProgramHasReplacedIsAskedFor) {
+  auto& scan = openPhoto();
+  press(scan, "Command11");
+  const std::string theirs = jpegOf(plain({30, 20}, red));
+  writeBytes(photo_, theirs);
+  expectChangedMeanwhile(MsgAnswer::No);
+  press(scan, "Command1");
+  EXPECT_EQ(readBytes(photo_), theirs);
+  expectChangedMeanwhile(MsgAnswer::Yes);
+  press(scan, "Command1");
+  EXPECT_EQ(readPictureInfo(photo_).size, (PixelSize{600, 400}));
+  EXPECT_EQ(readBytes(folder_.trash() / "00001.jpg"), theirs);
+}
+
+TEST_F(EditPhoto, AFailedUpdateIsReportedAndThePhotoStays) {
+  const auto& scan = openPhoto();
+  press(scan, "Command11");
+  const Picture edited = scan.page().picture();
+  fs::rename(at("Photos"), at("Photos away"));
+  writeBytes(at("Photos"), "no folder");
+  expectChangedMeanwhile(MsgAnswer::Yes);
+  boxes_.expectFailure(toQString("Photos"));
+  press(scan, "Command1");
+  EXPECT_EQ(readBytes(at("Photos away/00001.jpg")), original_);
+  ASSERT_NE(Forms::loaded<Scan>(), nullptr) << "nothing of the work is lost";
+  EXPECT_TRUE(isSame(scan.page().picture(), edited));
+  expectLosingEdits(MsgAnswer::Ok);
+  Forms::get<Scan>().Unload();
+}
+
+TEST_F(EditPhoto, ClosingWithoutUpdatingAsksFirst) {
+  auto& scan = openPhoto();
+  press(scan, "Command11");
+  expectLosingEdits(MsgAnswer::Cancel);
+  press(scan, "BtnClose");
+  ASSERT_NE(Forms::loaded<Scan>(), nullptr);
+  expectLosingEdits(MsgAnswer::Ok);
+  press(scan, "BtnClose");
+  EXPECT_EQ(Forms::loaded<Scan>(), nullptr);
+  EXPECT_EQ(readBytes(photo_), original_);
+}
+
+TEST_F(EditPhoto, ClosingWhatWasNotChangedAsksNothing) {
+  auto& scan = openPhoto();
+  draw(scan, {100, 100}, {300, 200});
+  press(scan, "BtnClose");
+  EXPECT_EQ(Forms::loaded<Scan>(), nullptr);
+}
+
+TEST_F(EditPhoto, CutAndSaveAsNewAddsARowOnAConnectionOfItsOwn) {
+  photos().MoveNext();
+  writeBytes(at("Photos/00002.jpg"), jpegOf(grainy({600, 400}, 2)));
+  const auto& scan = openPhoto();
+  draw(scan, {100, 100}, {300, 200});
+  const Picture part = cropped(scan.page().picture(), scan.page().selected());
+  const std::string whole = readBytes(at("Photos/00002.jpg"));
+  press(scan, "Command7");
+  EXPECT_EQ(photos().RecordCount(), 3) << "the shared rows stay as they are";
+  EXPECT_EQ(photos().Collect("PictureID").toText(), "HD00002");
+  EXPECT_EQ(rows().size(), 4u);
+  EXPECT_EQ(rows().back().substr(0, 8), "HD00004|");
+  EXPECT_EQ(readBytes(at("Photos/00004.jpg")), jpegOf(part, 0));
+  EXPECT_EQ(readPictureInfo(at("Thumbnails/00004.jpg")).size.width, 73);
+  EXPECT_EQ(readBytes(at("Photos/00002.jpg")), whole);
+}
+
+TEST_F(EditPhoto, TwoPartsGetTwoNumbers) {
+  const auto& scan = openPhoto();
+  for (const double left : {50.0, 300.0}) {
+    draw(scan, {left, 100}, {left + 100, 200});
+    press(scan, "Command7");
+  }
+  EXPECT_THAT(namesIn(at("Photos")),
+              ElementsAre("00001.jpg", "00002.jpg", "00003.jpg", "00004.jpg", "00005.jpg"));
+  EXPECT_EQ(rows().size(), 5u);
+}
+
+TEST_F(EditPhoto, WithoutARectangleNothingIsCut) {
+  boxes_.expectMessage(toQString("Please Make A Selection\nBy Draging Your Mouse On The Image."),
+                       toQString("Save Selected Image"));
+  press(openPhoto(), "Command7");
+  EXPECT_EQ(rows().size(), 3u);
+}
+
+TEST_F(EditPhoto, TheMarkOfACutPartIsNotWrittenIntoThePhoto) {
+  const auto& scan = openPhoto();
+  draw(scan, {100, 100}, {300, 200});
+  press(scan, "Command7");
+  press(scan, "Command3");
+  const Picture edited = scan.page().picture();
+  press(scan, "Command1");
+  EXPECT_EQ(readBytes(photo_), jpegOf(edited, 0));
+}
+
+TEST_F(EditPhoto, ScanAgainTakesThePhotoAnewFromTheScanner) {
+  willSend(corners({300, 200}));
+  const auto& scan = openPhoto();
+  press(scan, "Command2");
+  EXPECT_TRUE(isSame(scan.page().picture(), corners({300, 200})));
+  press(scan, "Command1");
+  EXPECT_EQ(readPictureInfo(photo_).size, (PixelSize{300, 200}));
+}
+
+TEST_F(EditPhoto, APageLeftByACrashIsNotTouched) {
+  writeBytes(at("Backup/Scanned page.jpg"), jpegOf(grainy({60, 40})));
+  auto& scan = openPhoto();
+  scan.Unload();
+  EXPECT_TRUE(fs::exists(at("Backup/Scanned page.jpg")));
+}
+
+} // namespace hearthbook::test

@@ -1,0 +1,300 @@
+#include "ScanFixture.h"
+
+#include "Corrections.h"
+
+#include <gmock/gmock.h>
+
+#include <QComboBox>
+#include <QProgressBar>
+#include <QScrollBar>
+
+namespace hearthbook::test {
+
+namespace {
+
+using testing::Contains;
+using testing::ElementsAre;
+using testing::Not;
+namespace fs = std::filesystem;
+
+constexpr PixelSize prints{600, 400};
+
+class ScanPages : public ScanFixture {
+protected:
+  void expectScannerError() {
+    boxes_.expectMessage(toQString("Scanner Error! Please make sure your scanner is working."),
+                         toQString("Scan Photo"), MsgIcon::Critical);
+  }
+  void expectNoSelection() {
+    boxes_.expectMessage(toQString("Please Make A Selection\nBy Draging Your Mouse On The Image."),
+                         toQString("Save Selected Image"));
+  }
+  std::string lastId() {
+    photos().MoveLast();
+    return photos().Collect("PictureID").toText();
+  }
+  const Picture page_ = grainy(prints);
+};
+
+} // namespace
+
+TEST_F(ScanPages, APageIsTakenAndShownFitted) {
+  const auto& scan = openWith(grainy({1200, 2400}));
+  EXPECT_EQ(scan.caption(), toQString("Scan Photos"));
+  EXPECT_EQ(scan.page().picture().size(), (PixelSize{1200, 2400}));
+  EXPECT_DOUBLE_EQ(scan.page().view().size().height, 6735);
+  EXPECT_FALSE(control<QScrollBar>(scan, "acrossBar")->isVisible());
+  EXPECT_FALSE(control<QScrollBar>(scan, "downBar")->isVisible());
+  EXPECT_EQ(control<QAbstractButton>(scan, "Command1")->text(), toQString("Save Selected"));
+  EXPECT_FALSE(control(scan, "Command7")->isVisible());
+}
+
+TEST_F(ScanPages, WithAPageEveryCommandIsUsable) {
+  const auto& scan = openWith(page_);
+  EXPECT_THAT(usableCommands(scan),
+              ElementsAre("BtnClose", "Command1", "Command10", "Command11", "Command12",
+                          "Command13", "Command14", "Command15", "Command16", "Command2",
+                          "Command3", "Command4", "Command5", "Command6", "Command7", "Command9",
+                          "stopButton"));
+}
+
+TEST_F(ScanPages, WithoutAScannerScanAgainAndCloseAreUsable) {
+  expectScannerError();
+  willFail(ScanStatus::NoScanner);
+  const auto& scan = open("Scan");
+  EXPECT_THAT(usableCommands(scan), ElementsAre("BtnClose", "Command2", "stopButton"));
+  EXPECT_EQ(hintOf(scan), "No scanner was found.");
+}
+
+TEST_F(ScanPages, AScannerThatFailsAtOpenOrInTheMiddleOfThePageIsTold) {
+  for (const ScanStatus status : {ScanStatus::CannotOpen, ScanStatus::Jammed, ScanStatus::Failed,
+                                  ScanStatus::NoMemory, ScanStatus::NotAnswering}) {
+    expectScannerError();
+    willFail(status);
+    auto& scan = open("Scan");
+    EXPECT_TRUE(scan.page().isEmpty());
+    EXPECT_EQ(hintOf(scan), describe(status));
+    scan.Unload();
+  }
+}
+
+TEST_F(ScanPages, AfterAFailedFirstScanScanAgainBringsEverything) {
+  expectScannerError();
+  willFail(ScanStatus::CoverOpen);
+  willSend(page_);
+  const auto& scan = open("Scan");
+  press(scan, "Command2");
+  EXPECT_TRUE(isSame(scan.page().picture(), page_));
+  EXPECT_TRUE(isEnabled(scan, "Command1"));
+}
+
+TEST_F(ScanPages, AFailedScanAgainLeavesNothingButClose) {
+  willSend(page_);
+  willFail(ScanStatus::Jammed);
+  const auto& scan = open("Scan");
+  press(scan, "Command2");
+  EXPECT_THAT(usableCommands(scan), ElementsAre("BtnClose", "stopButton"));
+  EXPECT_EQ(hintOf(scan), "The paper is stuck in the scanner.");
+}
+
+TEST_F(ScanPages, ScanAgainShowsTheNewPageWithNothingOfTheOldOne) {
+  willSend(page_);
+  willSend(corners({300, 200}));
+  const auto& scan = open("Scan");
+  draw(scan, {10, 10}, {100, 100});
+  press(scan, "Command11");
+  press(scan, "Command2");
+  EXPECT_TRUE(isSame(scan.page().picture(), corners({300, 200})));
+  EXPECT_FALSE(scan.page().selection().isThere());
+  EXPECT_EQ(scan.page().view().scrollBars(), ScrollBars::None);
+  EXPECT_FALSE(isEnabled(scan, "undoButton"));
+}
+
+TEST_F(ScanPages, WhileThePageComesCommandsWaitAndTheBarFollows) {
+  auto& scan = Forms::get<Scan>();
+  scan.begin();
+  scan.Show();
+  EXPECT_TRUE(scan.isBusy());
+  scanner_.tellProgress(0.4);
+  EXPECT_EQ(control<QProgressBar>(scan, "ProgressBar1")->value(), 40);
+  EXPECT_TRUE(control(scan, "stopButton")->isVisible());
+  EXPECT_THAT(usableCommands(scan), ElementsAre("BtnClose", "stopButton"));
+}
+
+TEST_F(ScanPages, AStoppedFirstScanIsNoFailure) {
+  auto& scan = Forms::get<Scan>();
+  scan.begin();
+  scan.Show();
+  press(scan, "stopButton");
+  EXPECT_FALSE(scan.isBusy());
+  EXPECT_THAT(usableCommands(scan), ElementsAre("BtnClose", "Command2", "stopButton"));
+  EXPECT_FALSE(control(scan, "stopButton")->isVisible());
+}
+
+TEST_F(ScanPages, AStoppedScanAgainLeavesThePage) {
+  const auto& scan = openWith(page_);
+  FormControls::press(scan, "Command2");
+  EXPECT_TRUE(scan.isBusy());
+  press(scan, "stopButton");
+  EXPECT_TRUE(isSame(scan.page().picture(), page_));
+  EXPECT_TRUE(isEnabled(scan, "Command1"));
+  EXPECT_TRUE(isEnabled(scan, "Command2"));
+}
+
+TEST_F(ScanPages, ClosingGivesTheScanUp) {
+  auto& scan = Forms::get<Scan>();
+  scan.begin();
+  scan.Show();
+  FormControls::press(scan, "BtnClose");
+  EXPECT_FALSE(scanner_.isAsked()) << "it was given up";
+  EXPECT_EQ(Forms::loaded<Scan>(), nullptr);
+  QCoreApplication::processEvents();
+}
+
+TEST_F(ScanPages, TheNextPageComesFromTheScannerAndInTheDetailThatWereChosen) {
+  scanner_.devices = {{"test:0", "Anna's scanner"}, {"test:1", "The other one"}};
+  const auto& scan = openWith(page_);
+  EXPECT_EQ(scanner_.wishes.at(0).device, "");
+  EXPECT_EQ(scanner_.wishes.at(0).dotsPerInch, 300);
+  auto* scanners = control<QComboBox>(scan, "scannerBox");
+  ASSERT_EQ(scanners->count(), 2);
+  scanners->setCurrentIndex(1);
+  control<QComboBox>(scan, "detailBox")->setCurrentIndex(2);
+  willSend(page_);
+  press(scan, "Command2");
+  EXPECT_EQ(scanner_.wishes.at(1).device, "test:1");
+  EXPECT_EQ(scanner_.wishes.at(1).dotsPerInch, 600);
+}
+
+TEST_F(ScanPages, WithoutARectangleNothingIsSavedAndTheUserIsTold) {
+  expectNoSelection();
+  const auto& scan = openWith(page_);
+  press(scan, "Command1");
+  EXPECT_EQ(photos().RecordCount(), 1);
+  EXPECT_THAT(namesIn(at("Photos")), ElementsAre("00001.jpg"));
+}
+
+TEST_F(ScanPages, ThreeRectanglesBecomeThreePhotos) {
+  const auto& scan = openWith(page_);
+  const PixelRect regions[] = {{20, 20, 150, 100}, {220, 30, 100, 150}, {400, 200, 180, 180}};
+  for (const PixelRect& region : regions) {
+    draw(scan, {double(region.left), double(region.top)},
+         {double(region.left + region.width), double(region.top + region.height)});
+    const Picture drawn = cropped(page_, scan.page().selected());
+    press(scan, "Command1");
+    EXPECT_FALSE(scan.page().selection().isThere()) << "the next rectangle begins afresh";
+    const auto names = namesIn(at("Photos"));
+    EXPECT_EQ(readBytes(at("Photos") / names.back()), jpegOf(drawn, 0));
+  }
+  EXPECT_EQ(photos().RecordCount(), 4);
+  EXPECT_EQ(lastId(), "HD00004");
+  for (const char* folder : {"Photos", "Thumbnails"})
+    EXPECT_THAT(namesIn(at(folder)),
+                ElementsAre("00001.jpg", "00002.jpg", "00003.jpg", "00004.jpg"));
+  EXPECT_EQ(readPictureInfo(at("Thumbnails/00003.jpg")).size.height, 73);
+  EXPECT_EQ(scan.page().savedMarks().size(), 3u);
+  EXPECT_TRUE(isSame(scan.page().picture(), page_)) << "the page stays on show";
+  EXPECT_EQ(hintOf(scan), "Saved as photo 00004.");
+}
+
+TEST_F(ScanPages, WhatIsSavedStaysMarkedInRedOnTheScreen) {
+  auto& scan = openWith(plain(prints, white));
+  draw(scan, {100, 100}, {200, 200});
+  press(scan, "Command1");
+  const auto* layer = control<MarkLayer>(scan, "NotX1");
+  const QPoint edge = PagePlaces(scan.page(), *layer).toWidget(PixelPoint{150, 100}).toPoint();
+  const QImage seen = scan.grab().toImage();
+  const QPoint at = layer->mapTo(&scan, edge);
+  int farthest = 255; // the line is two pixels wide, and may be drawn between two
+  for (int below = -2; below <= 2; ++below)
+    farthest = std::min(farthest, distance(seen.pixel(at.x(), at.y() + below), red));
+  EXPECT_LT(farthest, 64);
+}
+
+TEST_F(ScanPages, ARectangleBeyondTheImageIsCutAtItsEdge) {
+  const auto& scan = openWith(page_);
+  draw(scan, {500, 300}, {700, 500});
+  press(scan, "Command1");
+  const PixelSize saved = readPictureInfo(at("Photos/00002.jpg")).size;
+  EXPECT_NEAR(saved.width, 100, 1);
+  EXPECT_NEAR(saved.height, 100, 1);
+}
+
+TEST_F(ScanPages, APrintThatWasTurnedAndBrightenedIsSavedSo) {
+  const auto& scan = openWith(page_);
+  draw(scan, {100, 100}, {300, 200});
+  const Picture region = cropped(page_, scan.page().selected());
+  press(scan, "Command11");
+  press(scan, "Command4");
+  press(scan, "Command1");
+  EXPECT_EQ(readBytes(at("Photos/00002.jpg")), jpegOf(rotated(withLightness(region, 10), -90), 0));
+}
+
+TEST_F(ScanPages, APhotoThatCannotBeSavedIsToldAndItsRowStays) {
+  const auto& scan = openWith(page_);
+  fs::rename(at("Photos"), at("Photos away"));
+  writeBytes(at("Photos"), "no folder");
+  draw(scan, {100, 100}, {300, 200});
+  boxes_.expectMessage(toQString("File Could Not Be Saved, Please Scan Photo Again"),
+                       toQString("Save Selected"), MsgIcon::Exclamation);
+  press(scan, "Command1");
+  EXPECT_EQ(photos().RecordCount(), 2);
+  EXPECT_TRUE(scan.page().selection().isThere()) << "so that it can be tried again";
+  EXPECT_TRUE(scan.page().savedMarks().empty());
+  EXPECT_TRUE(isEnabled(scan, "Command1"));
+}
+
+TEST_F(ScanPages, AThumbnailThatCannotBeSavedIsReported) {
+  const auto& scan = openWith(page_);
+  fs::rename(at("Thumbnails"), at("Thumbnails away"));
+  writeBytes(at("Thumbnails"), "no folder");
+  draw(scan, {100, 100}, {300, 200});
+  boxes_.expectFailure(toQString("Thumbnails"));
+  press(scan, "Command1");
+  EXPECT_TRUE(fs::exists(at("Photos/00002.jpg")));
+}
+
+TEST_F(ScanPages, ThePageIsKeptOnTheDiskUntilTheFormIsClosed) {
+  auto& scan = openWith(page_);
+  const fs::path kept = at("Backup/Scanned page.jpg");
+  waitUntil([&] { return fs::exists(kept); });
+  EXPECT_EQ(readPictureInfo(kept).size, prints);
+  scan.Unload();
+  EXPECT_FALSE(fs::exists(kept));
+}
+
+TEST_F(ScanPages, APageThatWasOpenWhenTheProgramEndedComesBackOnWish) {
+  writeBytes(at("Backup/Scanned page.jpg"), jpegOf(page_));
+  boxes_.expectQuestion(toQString("A scanned page was still open when the program ended. Show it "
+                                  "again, instead of scanning another one?"),
+                        toQString("Scan Photo"), MsgIcon::Question, MsgButtons::YesNo,
+                        MsgAnswer::Yes);
+  auto& scan = open("Scan");
+  EXPECT_EQ(scan.page().picture().size(), prints);
+  EXPECT_TRUE(scanner_.wishes.empty());
+  EXPECT_TRUE(isEnabled(scan, "Command1"));
+  scan.Unload();
+  EXPECT_FALSE(fs::exists(at("Backup/Scanned page.jpg")));
+}
+
+TEST_F(ScanPages, AnotherPageIsScannedWhereTheOldOneIsNotWanted) {
+  writeBytes(at("Backup/Scanned page.jpg"), jpegOf(page_));
+  boxes_.expectQuestion(toQString("A scanned page was still open when the program ended. Show it "
+                                  "again, instead of scanning another one?"),
+                        toQString("Scan Photo"), MsgIcon::Question, MsgButtons::YesNo,
+                        MsgAnswer::No);
+  const auto& scan = openWith(corners({300, 200}));
+  EXPECT_TRUE(isSame(scan.page().picture(), corners({300, 200})));
+}
+
+TEST_F(ScanPages, AKeptPageThatCannotBeReadIsScannedAnew) {
+  writeBytes(at("Backup/Scanned page.jpg"), "no picture");
+  boxes_.expectQuestion(toQString("A scanned page was still open when the program ended. Show it "
+                                  "again, instead of scanning another one?"),
+                        toQString("Scan Photo"), MsgIcon::Question, MsgButtons::YesNo,
+                        MsgAnswer::Yes);
+  const auto& scan = openWith(page_);
+  EXPECT_TRUE(isSame(scan.page().picture(), page_));
+}
+
+} // namespace hearthbook::test
