@@ -6,12 +6,12 @@
 #include "Text.h"
 
 #include <QCoreApplication>
-#include <QPointer>
 #include <QProcess>
 #include <QStandardPaths>
 #include <QTemporaryDir>
 
 #include <ostream>
+#include <system_error>
 
 namespace hearthbook {
 
@@ -48,6 +48,12 @@ QStringList wordsFor(const MailMessage& message, const std::vector<fs::path>& ph
 
 DesktopMail::DesktopMail(QObject* parent) : QObject(parent) {}
 
+DesktopMail::~DesktopMail() {
+  std::error_code gone;
+  if (!isTaken_ && !folder_.empty())
+    fs::remove_all(folder_, gone);
+}
+
 /// Photos of the disc and of the album may have one name.
 fs::path DesktopMail::freeName(const fs::path& photo) const {
   fs::path free = folder_ / photo.filename();
@@ -67,27 +73,30 @@ void DesktopMail::add(const fs::path& photo, std::string_view jpeg) {
 
 void DesktopMail::open(const MailMessage& message) {
   const QString program = QStandardPaths::findExecutable(opener);
-  if (program.isEmpty()) {
-    Q_EMIT failed();
-    return;
-  }
+  if (program.isEmpty())
+    return ended(false);
   // Some mail programs run in it until they are closed, so it outlives the form.
   auto* process = new QProcess(QCoreApplication::instance());
-  const auto end = [process, self = QPointer(this)](bool good) {
-    process->deleteLater();
-    if (self)
-      good ? Q_EMIT self->opened() : Q_EMIT self->failed();
-  };
-  connect(process, &QProcess::finished, process, [end](int code, QProcess::ExitStatus how) {
-    end(how == QProcess::NormalExit && code == 0);
+  connect(process, &QProcess::finished, process, &QObject::deleteLater);
+  connect(process, &QProcess::finished, this, [this](int code, QProcess::ExitStatus how) {
+    ended(how == QProcess::NormalExit && code == 0);
   });
-  connect(process, &QProcess::errorOccurred, process, [end](QProcess::ProcessError error) {
+  connect(process, &QProcess::errorOccurred, this, [this](QProcess::ProcessError error) {
     if (error == QProcess::FailedToStart)
-      end(false);
+      ended(false);
   });
   process->setStandardInputFile(QProcess::nullDevice());
   process->setProcessChannelMode(QProcess::ForwardedChannels);
+  isTaken_ = true;
   process->start(program, wordsFor(message, photos_));
+}
+
+void DesktopMail::ended(bool good) {
+  isTaken_ = good;
+  if (good)
+    Q_EMIT opened();
+  else
+    Q_EMIT failed();
 }
 
 } // namespace hearthbook

@@ -18,6 +18,7 @@ class DesktopMail : public QObject {
   Q_OBJECT
 public:
   explicit DesktopMail(QObject* parent);
+  ~DesktopMail() override; ///< a mail that no program took leaves nothing
 
   /// Lays a photo aside for the mail. Throws RunTimeError.
   void add(const std::filesystem::path& photo, std::string_view jpeg);
@@ -31,10 +32,12 @@ Q_SIGNALS:
   void failed();
 
 private:
+  void ended(bool good);
   [[nodiscard]] std::filesystem::path freeName(const std::filesystem::path& photo) const;
 
   std::filesystem::path folder_;
   std::vector<std::filesystem::path> photos_;
+  bool isTaken_ = false;
 };
 
 } // namespace hearthbook

@@ -16,6 +16,7 @@
 #include "Words.h"
 #include "ui_frmSendMail.h"
 
+#include <QScreen>
 #include <QTextCursor>
 
 namespace hearthbook {
@@ -43,6 +44,7 @@ frmSendMail::frmSendMail(Album& album, WorkPool& pool, MailPage page)
     : Form(QStringLiteral("frmSendMail"), Kind::Dialog), album_(album), pool_(pool),
       page_(std::move(page)), ui(std::make_unique<Ui::frmSendMail>()), winsock_(new Winsock(this)) {
   ui->setupUi(this);
+  resize(size().expandedTo(screen()->availableSize() * 2 / 5)); // more of the letter in sight
   winsock_->setObjectName(QStringLiteral("Winsock1"));
   panel_ = std::make_unique<SendingPanel>(
       SendingPanel::Parts{ui->Picture1, ui->Label7, ui->Label10, ui->ProgressBar1});
@@ -129,11 +131,6 @@ void frmSendMail::changeServer() {
 }
 
 void frmSendMail::send() {
-  if (readHost().empty())
-    changeServer();
-  if (readHost().empty())
-    return;
-  showSending(true);
   try {
     begin();
   } catch (const std::exception&) {
@@ -143,6 +140,11 @@ void frmSendMail::send() {
 }
 
 void frmSendMail::begin() {
+  if (readHost().empty())
+    changeServer();
+  if (readHost().empty())
+    return;
+  showSending(true);
   MailAttachments attachments(album_.folder, *panel_, [this] { return !closed_; });
   if (!handOverPhotos([&](const auto& photo, const auto& jpeg) { attachments.add(photo, jpeg); }))
     return;

@@ -103,6 +103,16 @@ TEST_F(StubbedDesktopMail, AProgramThatFailsIsToldAndTheTextStays) {
   EXPECT_EQ(message(), "Dear Anna");
 }
 
+TEST_F(StubbedDesktopMail, AMailThatNoProgramTookLeavesNothing) {
+  install("xdg-email", "exit 4");
+  openFilled("");
+  expectNoProgram();
+  press("mailProgram");
+  EXPECT_TRUE(waitFor([this] { return boxes_.isDone(); }));
+  press("cmdClose");
+  EXPECT_TRUE(waitFor([this] { return namesIn(at("Temporary")).empty(); }));
+}
+
 TEST_F(StubbedDesktopMail, AMissingPhotoIsTold) {
   install("xdg-email");
   page_.photos.resize(1);

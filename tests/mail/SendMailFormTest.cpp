@@ -30,6 +30,8 @@ const Control mailControls[] = {
     {"recipientFrame", "QGroupBox", "Recipient:", "Recipient"},
     {"replyToFrame", "QGroupBox", "Reply To:"},
     {"mailFrame", "QGroupBox", "E-Mail"},
+    {"Label1", "QLabel", "Name:"},
+    {"Label2", "QLabel", "E-mail address:"},
 };
 
 class SendMailForm : public SendMailFixture {
@@ -155,6 +157,17 @@ TEST_F(SendMailForm, NoAnswerLeavesTheServer) {
 TEST_F(SendMailForm, WithoutAServerSendingAsksForOneAndStopsWithoutIt) {
   open();
   expectServerAsked("", "");
+  press("cmdSend");
+  EXPECT_TRUE(boxes_.isDone());
+  EXPECT_FALSE(isSending());
+}
+
+TEST_F(SendMailForm, AServerThatCannotBeKeptIsAFailureOfSending) {
+  open();
+  control(form(), "txtSubject")->setFocus(); // leaving the sender would fail too
+  expectServerAsked("", "mail.example.com");
+  expectFailed();
+  std::filesystem::remove(at("Data/Help.mdb"));
   press("cmdSend");
   EXPECT_TRUE(boxes_.isDone());
   EXPECT_FALSE(isSending());

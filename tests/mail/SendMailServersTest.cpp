@@ -12,6 +12,11 @@ constexpr int stepsOfATalk = 6; ///< greeting, HELO, MAIL, RCPT, DATA, message; 
 
 class SendMailServers : public SendMailFixture {
 protected:
+  /// Photos that are reduced in no time, where only the talk counts.
+  void mailSmallPhotos() {
+    for (const int number : {1, 2})
+      writeBytes(photo(number), jpegOf(plain({64, 48}, red)));
+  }
   /// Agrees to everything until the n-th answer, which is `last`; then, if so told, it hangs up.
   static OddServer::Answer agreesUntil(int answer, std::string last, bool hangsUp = false) {
     return [=, given = 0, polite = AgreeableServer()](QTcpSocket& guest,
@@ -63,6 +68,7 @@ TEST_F(SendMailServers, ASilentServerLeavesThePanelUntilTheFormIsClosed) {
 }
 
 TEST_F(SendMailServers, AServerThatHangsUpIsToldAtEveryStep) {
+  mailSmallPhotos();
   openFilled("");
   for (int step = 0; step < stepsOfATalk; ++step) {
     OddServer server(agreesUntil(step, "", true));
@@ -80,6 +86,7 @@ TEST_F(SendMailServers, AServerThatHangsUpAtQuitHasTakenTheMail) {
 }
 
 TEST_F(SendMailServers, ARefusalIsToldAtEveryStep) {
+  mailSmallPhotos();
   openFilled("");
   for (const char* reply : {"421 busy\r\n", "451 later\r\n", "554 no\r\n", "221 bye\r\n"})
     for (int step = 0; step < stepsOfATalk; ++step) {
@@ -202,6 +209,12 @@ TEST_F(SendMailServers, NobodyAtThePortIsTold) {
   expectWinsockError(10061, "Connection refused");
   send();
   EXPECT_TRUE(isEnabled(form(), "cmdSend"));
+}
+
+TEST_F(SendMailServers, AHostOfBlanksIsTold) {
+  openFilled("   ");
+  expectWinsockError(11001, "Host not found");
+  send();
 }
 
 TEST_F(SendMailServers, APortOfLettersFails) {

@@ -102,6 +102,16 @@ TEST(InputBox, GivesWhatWasTyped) {
             QStringLiteral("17"));
 }
 
+TEST(InputBox, ALongPromptIsBrokenIntoLines) {
+  withBox([](QWidget& box) {
+    EXPECT_LE(box.width(), 1000);
+    const auto* prompt = box.findChild<QLabel*>();
+    EXPECT_GE(prompt->height(), prompt->heightForWidth(prompt->width()));
+    press(box, QStringLiteral("OK"));
+  });
+  InputBox(QStringLiteral("one two three ").repeated(40), {});
+}
+
 TEST(InputBox, IsEmptyAfterCancelAndEscape) {
   withBox([](QWidget& box) { press(box, QStringLiteral("Cancel")); });
   EXPECT_TRUE(InputBox(QStringLiteral("?"), {}, QStringLiteral("old")).isEmpty());
