@@ -46,6 +46,13 @@ TEST_F(Manifest, ALineMayAskForAClearGround) {
   EXPECT_FALSE(drawings[1].clear);
 }
 
+TEST_F(Manifest, ALineMayAskForABlankInTheNameAndForLeftAndRightToBeExchanged) {
+  const auto drawings = read("New%20Baby/a.gif a.svg 8x8 mirrored\n");
+  ASSERT_EQ(drawings.size(), 1);
+  EXPECT_EQ(drawings[0].output.toStdString(), "New Baby/a.gif");
+  EXPECT_TRUE(drawings[0].mirrored);
+}
+
 TEST_F(Manifest, ALineThatCannotBeReadIsRefused) {
   EXPECT_THROW(read("a.jpg a.svg\n"), std::runtime_error);
   EXPECT_THROW(read("a.jpg a.svg 8x8 colour=red\n"), std::runtime_error);

@@ -20,6 +20,8 @@ void applyOption(Drawing& drawing, const QString& option) {
     drawing.camera.taken = QString(value).replace(u'T', u' ').toLatin1();
   else if (name == QStringLiteral("clear"))
     drawing.clear = true;
+  else if (name == QStringLiteral("mirrored"))
+    drawing.mirrored = true;
   else
     throw std::runtime_error("unknown option " + option.toStdString());
 }
@@ -30,7 +32,7 @@ Drawing readLine(const QString& line) {
   if (words.size() < 3 || sides.size() != 2)
     throw std::runtime_error("cannot read the line: " + line.toStdString());
   Drawing drawing;
-  drawing.output = words[0];
+  drawing.output = QString(words[0]).replace(QStringLiteral("%20"), QStringLiteral(" "));
   drawing.source = words[1];
   drawing.size = QSize(sides[0].toInt(), sides[1].toInt());
   for (const QString& option : words.mid(3))

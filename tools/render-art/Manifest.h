@@ -10,7 +10,9 @@ namespace hearthbook {
 
 /// One picture to make. A line of a manifest reads
 ///     OUTPUT SOURCE WIDTHxHEIGHT [quality=N] [orientation=N] [taken=1998:06:14T15:02:11] [clear]
-/// A GIF that is `clear` shows what lies behind it where nothing is drawn. The size is that of the
+///     [mirrored]
+/// %20 is a blank in the name of the output. A GIF that is `clear` shows what lies behind it where
+/// nothing is drawn; what is `mirrored` has left and right exchanged. The size is that of the
 /// upright picture; SOURCE may be an SVG drawn for any size.
 struct Drawing {
   QString output;
@@ -18,6 +20,7 @@ struct Drawing {
   QSize size;
   int quality = 92;
   bool clear = false;
+  bool mirrored = false;
   CameraData camera;
 };
 

@@ -36,6 +36,8 @@ QImage draw(const Drawing& drawing, const QString& source) {
   painter.setRenderHint(QPainter::Antialiasing);
   renderer.render(&painter);
   painter.end();
+  if (drawing.mirrored)
+    image = image.mirrored(true, false);
   return hasTransparency(drawing) ? image : image.convertToFormat(QImage::Format_RGB32);
 }
 
