@@ -8,7 +8,8 @@ import subprocess
 import tempfile
 import time
 
-PATIENCE = 120  # seconds for what a busy machine may take; nothing waits that long on purpose
+# Seconds for what a busy machine may take; nothing waits that long on purpose.
+PATIENCE = float(os.environ.get("HEARTHBOOK_PATIENCE", 120))
 
 
 class BrowserError(AssertionError):
@@ -209,6 +210,7 @@ class Page:
 
     def click(self, expression, frame=None):
         self.wait_for(f"!!{expression}", frame)
+        self.evaluate(f"{expression}.scrollIntoView({{block: 'nearest'}})", frame)
         x, y = self.middle_of(expression, frame)
         for kind in ("mousePressed", "mouseReleased"):
             self.call("Input.dispatchMouseEvent", type=kind, x=x, y=y, button="left", clickCount=1)

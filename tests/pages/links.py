@@ -4,6 +4,9 @@ import re
 import urllib.parse
 
 
+IN_STYLES = re.compile(r"""url\(['"]?([^)'"]+)['"]?\)""")
+
+
 class References(html.parser.HTMLParser):
     def __init__(self):
         super().__init__()
@@ -11,13 +14,13 @@ class References(html.parser.HTMLParser):
 
     def handle_starttag(self, tag, attributes):
         self.found += [value for name, value in attributes if name in ("href", "src", "background") and value]
-        self.found += re.findall(r"url\(([^)]+)\)", dict(attributes).get("style") or "")
+        self.found += IN_STYLES.findall(dict(attributes).get("style") or "")
 
 
 def references(file):
     text = file.read_text(encoding="utf-8-sig")
     if file.suffix == ".css":
-        return re.findall(r"url\(([^)]+)\)", text)
+        return IN_STYLES.findall(text)
     parser = References()
     parser.feed(text)
     return parser.found
