@@ -5,6 +5,7 @@
 #include "BuildAlbum.h"
 #include "DBeditor.h"
 #include "Export.h"
+#include "ExportDesigner.h"
 #include "Forms.h"
 #include "MsgBox.h"
 #include "Progress.h"
@@ -118,6 +119,8 @@ std::optional<OpenedAlbum> FrameCommands::openAlbumInSight(int albumId, const st
 }
 
 void FrameCommands::exportAlbum() { Forms::get<Export>().ShowModal(); }
+
+void FrameCommands::designExport() { Forms::get<ExportDesigner>().ShowModal(); }
 
 void FrameCommands::gettingStarted() {
   const auto guide = guideFile(album_.folder);

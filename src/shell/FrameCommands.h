@@ -38,6 +38,7 @@ public:
   /// `aboutToShow` runs where there are photos, before the pages appear.
   void viewFromStart(int albumId, const QString& name, const std::function<void()>& aboutToShow);
   void exportAlbum();
+  void designExport();
   void gettingStarted();
   void switchHelp(); ///< the check mark of "Show Help" has changed
   void about();

@@ -16,6 +16,7 @@ using Kind = MenuRow::Kind;
 constexpr MenuRow rows[] = {
     {Kind::Menu, "", "mnuFile", "&File", "", nullptr},
     {Kind::Item, "mnuFile", "mnuExport", "&Export Album...", "", &FrameCommands::exportAlbum},
+    {Kind::Item, "mnuFile", "mnuDesign", "&Design Export...", "", &FrameCommands::designExport},
     {Kind::Line, "mnuFile", "mnuLine1", "", "", nullptr},
     {Kind::Item, "mnuFile", "mnuPrint", "&Print...", "Ctrl+P", nullptr},
     {Kind::Line, "mnuFile", "mnuLine3", "", "", nullptr},

@@ -7,6 +7,7 @@
 #include "BatchEdit.h"
 #include "DBeditor.h"
 #include "Export.h"
+#include "ExportDesigner.h"
 #include "Forms.h"
 #include "FrameCommands.h"
 #include "FullScreen.h"
@@ -107,6 +108,11 @@ Wiring::Wiring(Album& album, MDIForm1& frame, const ShellServices& services)
       [this, &album, &frame] { return new AddSubAlbum(album, thumbnails_, pool_, frame); });
   Forms::provide<Export>([this, &album, openPage = services.openDocument] {
     return new Export(album, pool_, openPage);
+  });
+  Forms::provide<ExportDesigner>([this, &album, openPage = services.openDocument] {
+    DesignFiles files = designFileDialogs();
+    files.openPage = openPage;
+    return new ExportDesigner(album, pool_, std::move(files));
   });
   Forms::provide<NamesManager>([&album] { return new NamesManager(album); });
   Forms::provide<YearWizard>([&album] { return new YearWizard(album); });

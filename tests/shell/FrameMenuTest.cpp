@@ -21,6 +21,7 @@ struct Wanted {
 constexpr Wanted wantedTree[] = {
     {"", "mnuFile", "File"},
     {"mnuFile", "mnuExport", "Export Album..."},
+    {"mnuFile", "mnuDesign", "Design Export..."},
     {"mnuFile", "mnuLine1", ""},
     {"mnuFile", "mnuPrint", "Print..."},
     {"mnuFile", "mnuLine3", ""},
@@ -81,8 +82,8 @@ TEST_F(FrameMenuTest, EveryItemOfTheTreeStandsInTheMenuBar) {
 
 TEST_F(FrameMenuTest, WhatTheProgramDoesNotHaveYetIsThereAndDisabled) {
   EXPECT_FALSE(menu.item("mnuPrint")->isEnabled());
-  for (const char* name : {"mnuExport", "mnuQuit", "mnuBuildAlbum", "mnuSearch", "mnuStart",
-                           "mnuHelp", "mnuAbout", "mnuRemove"})
+  for (const char* name : {"mnuExport", "mnuDesign", "mnuQuit", "mnuBuildAlbum", "mnuSearch",
+                           "mnuStart", "mnuHelp", "mnuAbout", "mnuRemove"})
     EXPECT_TRUE(menu.item(name)->isEnabled()) << name;
   EXPECT_FALSE(menu.item("mnuHelp")->isChecked());
 }

@@ -3,6 +3,7 @@
 #include "BoxScript.h"
 #include "DBeditor.h"
 #include "Export.h"
+#include "ExportDesigner.h"
 #include "FormControls.h"
 #include "Forms.h"
 #include "FrameMenu.h"
@@ -167,6 +168,19 @@ TEST_F(SubAlbumCommandsTest, TheMenuOpensTheExportOverAllAlbums) {
   });
   frame->menu().item("mnuExport")->trigger();
   EXPECT_EQ(albums, QStringList{QStringLiteral("Lake")});
+}
+
+TEST_F(SubAlbumCommandsTest, TheMenuOpensTheDesignerOfPages) {
+  bool opened = false;
+  QTimer::singleShot(0, qApp, [&] {
+    auto* dialog = Forms::loaded<ExportDesigner>();
+    ASSERT_NE(dialog, nullptr);
+    EXPECT_TRUE(QTest::qWaitForWindowActive(dialog));
+    opened = true;
+    dialog->Unload();
+  });
+  frame->menu().item("mnuDesign")->trigger();
+  EXPECT_TRUE(opened);
 }
 
 TEST_F(SubAlbumCommandsTest, TheStartScreenOpensTheExportToo) {

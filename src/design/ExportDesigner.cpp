@@ -1,0 +1,239 @@
+#include "ExportDesigner.h"
+
+#include "Beside.h"
+#include "Command.h"
+#include "Decode.h"
+#include "DesignSurface.h"
+#include "DesignedPage.h"
+#include "MsgBox.h"
+#include "PageDesign.h"
+#include "PassOver.h"
+#include "PhotoChooser.h"
+#include "PhotoFiles.h"
+#include "Regions.h"
+#include "Resample.h"
+#include "Text.h"
+#include "ui_ExportDesigner.h"
+
+#include <QScreen>
+
+#include <utility>
+
+namespace hearthbook {
+
+namespace {
+
+const QString designerTitle = QStringLiteral("Design Export");
+
+/// Enough of a photo for every region of it to fill a box on a large screen.
+constexpr int photoSide = 3000;
+/// So many times the pixels of the finished page are kept for the screen.
+constexpr int sharpness = 3;
+
+Picture pictureOrNone(const std::filesystem::path& file) {
+  Picture picture;
+  if (fileExists(file)) // a design need not have it, and what is not a picture is none
+    passOver([&] { picture = decodePicture(file).picture; });
+  return picture;
+}
+
+/// The region as sharp as the box can show it.
+Picture pieceOf(const Picture& photo, const PixelRect& region, PixelSize box) {
+  const Picture piece = cropped(photo, region);
+  const PixelSize most{box.width * sharpness, box.height * sharpness};
+  return piece.width() > most.width ? resample(piece, most) : piece;
+}
+
+} // namespace
+
+/// A photo that was decoded beside the window, or what stands in for it.
+struct ExportDesigner::Arrived {
+  Picture picture;
+  bool isPhoto = false;
+};
+
+ExportDesigner::ExportDesigner(Album& album, WorkPool& pool, DesignFiles files)
+    : Form(QStringLiteral("ExportDesigner"), Kind::Dialog), album_(album), pool_(pool),
+      files_(std::move(files)), ui(std::make_unique<Ui::ExportDesigner>()),
+      surface_(new DesignSurface) {
+  ui->setupUi(this);
+  resize(sizeOn(screen()->availableSize(), size()));
+  ui->templateColumn->addWidget(surface_);
+  ui->ImgX1->setParts(ui->HScroll2, ui->VScroll2, ui->boxRegion);
+  ui->frmThumbCells->setSource(
+      pool_, ui->VScroll1,
+      [this](const DesignHit& hit) {
+        return ownThumbnailPath(album_, hit.pictureId).value_or(notFoundPicture(album_));
+      },
+      notFoundPicture(album_));
+  chooser_ = new PhotoChooser(
+      PhotoChooser::Lists{{{DesignSearch::Person, ui->radPerson, ui->Combo1, "Search for person"},
+                           {DesignSearch::Place, ui->radPlace, ui->Combo2, "Search for place"},
+                           {DesignSearch::Event, ui->radEvent, ui->Combo3, "Search for event"}}},
+      ui->frmThumbCells, album_.data.AlbumDB, this);
+  makeTemplateButtons();
+  wireControls();
+}
+
+ExportDesigner::~ExportDesigner() = default;
+
+QSize ExportDesigner::sizeOn(QSize screen, QSize drawn) { return drawn.expandedTo(screen * 4 / 5); }
+
+void ExportDesigner::makeTemplateButtons() {
+  int index = 0;
+  for (const PageDesign& design : pageDesigns()) {
+    auto* button = new QRadioButton(toQString(design.name), ui->templatePage);
+    button->setObjectName(QStringLiteral("optTemplate"));
+    button->setProperty("index", index);
+    button->setChecked(index == 0);
+    ui->optTemplates->addWidget(button);
+    onCommand(button, this, [this, &design] { chooseTemplate(design); });
+    ++index;
+  }
+}
+
+void ExportDesigner::wireControls() {
+  onCommand(ui->Command1, this, &ExportDesigner::done);                // "Done"
+  onCommand(ui->Command2, this, &ExportDesigner::customizeBackground); // "Customize Background..."
+  onCommand(ui->Command3, this, &ExportDesigner::returnToTemplates);   // "Cancel"
+  onCommand(ui->Command4, this, &ExportDesigner::selectRegion);        // "Select"
+  onCommand(ui->chkMusic, this, &ExportDesigner::playWelcomeMusic);    // "Play Welcome Music"
+  connect(surface_, &DesignSurface::photoAsked, this,
+          [this](int index) { runCommand([this, index] { askForPhoto(index); }); });
+  connect(ui->frmThumbCells, &FoundPhotos::chosen, this,
+          [this](const std::string& id) { runCommand([this, id] { takePhoto(id); }); });
+  connect(ui->ImgX1, &RegionView::regionChanged, this,
+          [this] { ui->Command4->setEnabled(!ui->ImgX1->region().isEmpty()); });
+}
+
+void ExportDesigner::load() {
+  background_ = paperPicture(album_.folder);
+  surface_->tile(pictureOrNone(background_));
+  chooser_->fillLists();
+  chooseTemplate(pageDesigns().front());
+  showRole(Role::Template);
+}
+
+void ExportDesigner::showRole(Role role) {
+  const bool templates = role == Role::Template;
+  ui->templatePage->setVisible(templates);
+  ui->boxSearch->setVisible(!templates);
+  ui->frmTemplate->setVisible(role != Role::Region);
+  ui->frameRegion->setVisible(role == Role::Region);
+  ui->Command1->setEnabled(role != Role::Region);
+  ui->frameLeft->setTitle(templates ? QStringLiteral("Select Template")
+                                    : QStringLiteral("Select photo for ") +
+                                          toQString(surface_->box(asked_).caption));
+}
+
+void ExportDesigner::chooseTemplate(const PageDesign& design) {
+  const auto folder = designFolder(album_.folder, design.name);
+  surface_->showDesign(design, pictureOrNone(folder / "left_img.gif"),
+                       pictureOrNone(folder / "right_img.gif"));
+  ui->frmTemplate->setTitle(toQString(design.name) +
+                            QStringLiteral(" Template (click on boxes to select photo)"));
+}
+
+void ExportDesigner::customizeBackground() {
+  const auto file = files_.chooseBackground();
+  if (!file)
+    return;
+  surface_->tile(decodePicture(*file).picture);
+  background_ = *file;
+}
+
+void ExportDesigner::playWelcomeMusic(bool on) {
+  music_ = on ? files_.chooseMusic() : std::nullopt;
+  ui->chkMusic->setChecked(music_.has_value());
+  ui->chkMusic->setToolTip(music_ ? toQString(music_->filename()) : QString());
+}
+
+void ExportDesigner::askForPhoto(int index) {
+  asked_ = index;
+  chooser_->startOver();
+  showRole(Role::Search);
+  ui->Combo1->setFocus();
+}
+
+void ExportDesigner::takePhoto(const std::string& pictureId) {
+  const auto file = imagePath(album_, pictureId).value_or(std::filesystem::path());
+  if (!waiting_)
+    waiting_.emplace();
+  showRegion();
+  runBeside(
+      pool_, this,
+      [file, other = notFoundPicture(album_)] {
+        Arrived arrived;
+        if (fileExists(file))
+          passOver([&] { arrived.picture = decodePictureRoughly(file, photoSide).picture; });
+        arrived.isPhoto = !arrived.picture.isNull();
+        if (!arrived.isPhoto)
+          arrived.picture = pictureOrNone(other);
+        return arrived;
+      },
+      [this, request = ++request_](const Arrived& arrived) {
+        if (request == request_)
+          photoArrived(arrived);
+      },
+      true);
+}
+
+void ExportDesigner::showRegion() {
+  ui->ImgX1->clear();
+  showRole(Role::Region);
+  ui->ImgX1->setFocus();
+}
+
+void ExportDesigner::photoArrived(const Arrived& arrived) {
+  waiting_.reset();
+  if (arrived.isPhoto)
+    ui->ImgX1->showPhoto(arrived.picture, photoPixels(surface_->box(asked_)));
+  else
+    ui->ImgX1->showOnly(arrived.picture);
+}
+
+void ExportDesigner::selectRegion() {
+  const PixelSize box = photoPixels(surface_->box(asked_));
+  surface_->setPhoto(asked_, pieceOf(ui->ImgX1->photo(), ui->ImgX1->region(), box));
+  made_ = false;
+  returnToTemplates();
+}
+
+void ExportDesigner::returnToTemplates() {
+  ++request_;
+  waiting_.reset();
+  ui->ImgX1->clear();
+  showRole(Role::Template);
+}
+
+std::filesystem::path ExportDesigner::CreatePage() {
+  DesignedPage page = surface_->content();
+  page.background = background_;
+  page.music = music_;
+  const auto file = writeDesignedPage(album_.folder, page);
+  made_ = true;
+  return file;
+}
+
+void ExportDesigner::done() {
+  const auto page = CreatePage();
+  const auto answer =
+      MsgBox(toQString("The page was made. You can upload the content of folder: '" +
+                       page.parent_path().string() + "' to the web.\r\n\r\n" +
+                       "Would you like to view it?"),
+             designerTitle, MsgIcon::Question, MsgButtons::YesNo);
+  if (answer == MsgAnswer::Yes && (!files_.openPage || !files_.openPage(page)))
+    MsgBox(toQString("The desktop has no program to show the page:\n" + page.string()),
+           designerTitle, MsgIcon::Exclamation);
+  Unload();
+}
+
+bool ExportDesigner::unloading() {
+  if (made_ || !surface_->isTouched())
+    return true;
+  return MsgBox(toQString("The page has not been made, and what you have put into it would be "
+                          "lost.\r\nWould you like to leave it?"),
+                designerTitle, MsgIcon::Question, MsgButtons::YesNo) == MsgAnswer::Yes;
+}
+
+} // namespace hearthbook

@@ -1,0 +1,77 @@
+#pragma once
+
+#include "PhotoRegion.h"
+
+#include <QImage>
+#include <QWidget>
+
+#include <optional>
+
+class QFrame;
+class QScrollBar;
+
+namespace hearthbook {
+
+/// A photo of which the mouse marks a region in the proportions of a box.
+///
+/// At first the whole photo is in sight; the wheel enlarges it, and the scroll bars move it then.
+/// The arrow keys move the region, + and - make it larger and smaller.
+class RegionView : public QWidget {
+  Q_OBJECT
+public:
+  explicit RegionView(QWidget* parent = nullptr);
+
+  /// The bars that move the photo, and the frame that shows the region.
+  void setParts(QScrollBar* across, QScrollBar* down, QFrame* frame);
+
+  /// Begins with as much of the photo as the box takes.
+  void showPhoto(const Picture& photo, PixelSize box);
+  /// A picture in which nothing can be marked.
+  void showOnly(const Picture& picture);
+  void clear();
+
+  /// Empty where nothing is marked.
+  [[nodiscard]] PixelRect region() const { return region_; }
+  [[nodiscard]] const Picture& photo() const { return photo_; }
+  void enlarge(double factor); ///< around the middle of what is in sight
+
+  /// A place of the photo in this widget's pixels.
+  [[nodiscard]] QPointF toView(PhotoPoint point) const;
+
+  [[nodiscard]] QSize sizeHint() const override;
+
+Q_SIGNALS:
+  void regionChanged();
+
+protected:
+  void paintEvent(QPaintEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
+  void wheelEvent(QWheelEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+
+private:
+  void show(const Picture& picture, std::optional<PixelSize> box);
+  void setRegion(const PixelRect& region);
+  void layOut();
+  void placeFrame();
+  [[nodiscard]] double scale() const;
+  [[nodiscard]] QSizeF shownSize() const;
+  [[nodiscard]] QPointF corner() const;
+  [[nodiscard]] PhotoPoint toPhoto(QPointF position) const;
+  [[nodiscard]] QRectF regionInView() const;
+
+  QScrollBar* across_ = nullptr;
+  QScrollBar* down_ = nullptr;
+  QFrame* frame_ = nullptr;
+  Picture photo_;
+  QImage whole_; ///< the photo as small as it is shown at first
+  std::optional<PixelSize> box_;
+  PixelRect region_;
+  double enlarged_ = 1;
+  std::optional<PhotoPoint> pressed_;
+};
+
+} // namespace hearthbook
