@@ -2,10 +2,10 @@
 
 #include "Look.h"
 #include "PhotoBox.h"
-#include "PictureBox.h"
 #include "PictureImage.h"
 #include "Text.h"
 
+#include <QLabel>
 #include <QLineEdit>
 #include <QPainter>
 
@@ -67,12 +67,14 @@ void DesignSurface::makeTitle() {
 }
 
 void DesignSurface::makeDecorations() {
-  left_ = new PictureBox(this);
+  left_ = new QLabel(this);
   left_->setObjectName(QStringLiteral("left_img"));
   place(left_, designLeft);
-  right_ = new PictureBox(this);
+  right_ = new QLabel(this);
   right_->setObjectName(QStringLiteral("right_img"));
   place(right_, designRight);
+  for (QLabel* decoration : {left_, right_})
+    decoration->setScaledContents(true);
 }
 
 void DesignSurface::makeBox(const PageDesign& design, const DesignBox& box) {
@@ -105,11 +107,11 @@ void DesignSurface::makeBox(const PageDesign& design, const DesignBox& box) {
   places_.push_back({&design, &box, frame, photo, text});
 }
 
-void DesignSurface::showDesign(const PageDesign& design, const Picture& left,
-                               const Picture& right) {
+void DesignSurface::showDesign(const PageDesign& design, const QPixmap& left,
+                               const QPixmap& right) {
   titleFrame_->setProperty(tagProperty, toQString(design.name));
-  left_->setPicture(left);
-  right_->setPicture(right);
+  left_->setPixmap(left);
+  right_->setPixmap(right);
   for (const Place& place : places_)
     place.frame->setVisible(place.design == &design);
   update();

@@ -9,12 +9,12 @@
 #include <filesystem>
 #include <vector>
 
+class QLabel;
 class QLineEdit;
 
 namespace hearthbook {
 
 class PhotoBox;
-class PictureBox;
 
 /// A frame of the design with its caption, on paper that lets the ground shine through. Its
 /// property `Tag` is the name of the design to which it belongs.
@@ -39,8 +39,8 @@ class DesignSurface : public Stage {
 public:
   explicit DesignSurface(QWidget* parent = nullptr);
 
-  /// `left` and `right` may be pictures that are not there.
-  void showDesign(const PageDesign& design, const Picture& left, const Picture& right);
+  /// A decoration that is not there leaves its place empty.
+  void showDesign(const PageDesign& design, const QPixmap& left, const QPixmap& right);
   void tile(const Picture& ground);
 
   void setPhoto(int index, const Picture& photo);
@@ -73,8 +73,8 @@ private:
 
   DesignFrame* titleFrame_ = nullptr;
   QLineEdit* title_ = nullptr;
-  PictureBox* left_ = nullptr;
-  PictureBox* right_ = nullptr;
+  QLabel* left_ = nullptr;
+  QLabel* right_ = nullptr;
   std::vector<Place> places_;
   QPixmap ground_;
 };

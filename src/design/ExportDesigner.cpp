@@ -128,8 +128,9 @@ void ExportDesigner::showRole(Role role) {
 
 void ExportDesigner::chooseTemplate(const PageDesign& design) {
   const auto folder = designFolder(album_.folder, design.name);
-  surface_->showDesign(design, pictureOrNone(folder / "left_img.gif"),
-                       pictureOrNone(folder / "right_img.gif"));
+  // Read by the toolkit, which keeps clear what is not drawn.
+  surface_->showDesign(design, QPixmap(toQString(folder / "left_img.gif")),
+                       QPixmap(toQString(folder / "right_img.gif")));
   ui->frmTemplate->setTitle(toQString(design.name) +
                             QStringLiteral(" Template (click on boxes to select photo)"));
 }

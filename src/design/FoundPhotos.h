@@ -19,8 +19,8 @@ class WorkPool;
 class FoundPhotos : public QWidget {
   Q_OBJECT
 public:
-  static constexpr int columns = 3;
-  static constexpr int rows = 4;
+  static constexpr int columns = 2;
+  static constexpr int rows = 5;
 
   explicit FoundPhotos(QWidget* parent = nullptr);
 

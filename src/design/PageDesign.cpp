@@ -46,12 +46,11 @@ constexpr std::array vacation{
 };
 
 constexpr std::array reunion{
-    DesignBox{"Everybody", "Everybody", drawn(240, 135, 600, 430), true},
-    DesignBox{"Where and When", "WhereAndWhen", drawn(240, 575, 600, 105), false},
-    DesignBox{"Grandparents", "Grandparents", drawn(20, 380, 210, 300), true},
-    DesignBox{"Oldest", "Oldest", drawn(850, 380, 210, 300), true},
-    DesignBox{"Youngest", "Youngest", drawn(20, 690, 520, 190), true},
-    DesignBox{"Story of the Day", "Story", drawn(550, 690, 510, 190), true},
+    DesignBox{"Everybody", "Everybody", drawn(240, 135, 600, 360), true},
+    DesignBox{"Where and When", "WhereAndWhen", drawn(240, 505, 600, 105), false},
+    DesignBox{"Grandparents", "Grandparents", drawn(20, 620, 340, 260), true},
+    DesignBox{"Oldest", "Oldest", drawn(370, 620, 340, 260), true},
+    DesignBox{"Youngest", "Youngest", drawn(720, 620, 340, 260), true},
 };
 
 constexpr std::array designs{

@@ -8,7 +8,6 @@
 #include "Forms.h"
 #include "FoundPhotos.h"
 #include "PhotoBox.h"
-#include "PictureBox.h"
 #include "QtPrint.h"
 #include "RegionView.h"
 #include "Text.h"
@@ -17,6 +16,7 @@
 #include <QComboBox>
 #include <QFrame>
 #include <QGroupBox>
+#include <QLabel>
 #include <QLineEdit>
 
 #include <filesystem>
@@ -73,6 +73,9 @@ protected:
   }
   static PhotoBox& photoBox(const ExportDesigner& designer, const char* tag) {
     return *tagged<PhotoBox>(designer, "img", tag);
+  }
+  static bool isDecorated(const ExportDesigner& designer, const char* name) {
+    return !control<QLabel>(designer, name)->pixmap(Qt::ReturnByValue).isNull();
   }
   static std::string title(const ExportDesigner& designer, const char* group) {
     return toUtf8(control<QGroupBox>(designer, group)->title());
