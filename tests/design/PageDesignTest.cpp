@@ -1,5 +1,6 @@
 #include "PageDesign.h"
 
+#include "Decode.h"
 #include "DesignedPage.h"
 #include "FileBytes.h"
 
@@ -110,8 +111,13 @@ TEST(PageDesign, EachPageHasDecorationsAndAPictureForABoxThatStaysEmpty) {
     const auto folder = designFolder(staged(), design.name);
     for (const char* decoration : {"left_img.gif", "right_img.gif"})
       EXPECT_TRUE(fileExists(folder / decoration)) << design.name;
-    for (const DesignBox& box : design.boxes)
-      EXPECT_EQ(fileExists(folder / (std::string(box.tag) + ".jpg")), box.hasPhoto) << box.tag;
+    for (const DesignBox& box : design.boxes) {
+      const auto picture = folder / (std::string(box.tag) + ".jpg");
+      ASSERT_EQ(fileExists(picture), box.hasPhoto) << box.tag;
+      if (box.hasPhoto) {
+        EXPECT_EQ(readPictureInfo(picture).size, photoPixels(box)) << box.tag;
+      }
+    }
   }
 }
 

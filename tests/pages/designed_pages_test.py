@@ -11,7 +11,7 @@ import unittest
 
 from browser import Browser
 from links import broken_links
-from stand_in_album import make_tone, resize, size_of
+from pictures import make_tone, resize, size_of
 
 BUILD, KEEP = pathlib.Path(sys.argv[1]), pathlib.Path(sys.argv[2])
 APPLICATION = BUILD / "application"

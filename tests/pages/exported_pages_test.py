@@ -1,6 +1,6 @@
 """The pages of an exported album in a real browser, from the disk and from a server, on screens of several sizes.
 
-    exported_pages_test.py BUILD KEEP [unittest's options]
+    exported_pages_test.py ALBUMS KEEP [unittest's options]
 """
 import contextlib
 import functools
@@ -8,17 +8,15 @@ import http.server
 import pathlib
 import re
 import sys
-import tempfile
 import threading
 import unittest
 
-import stand_in_album
 from browser import Browser
-from family import PHOTOS, TITLE
+from family import PHOTOS, TITLE, faces
 from links import broken_links
+from pictures import size_of
 
-BUILD, KEEP = pathlib.Path(sys.argv[1]), pathlib.Path(sys.argv[2])
-FACES = pathlib.Path(__file__).parents[2] / "assets" / "samples" / "faces.txt"
+ALBUMS, KEEP = pathlib.Path(sys.argv[1]).resolve(), pathlib.Path(sys.argv[2])
 DESKTOP, TELEPHONE = (1366, 768), (390, 844)
 MISSING = [n for n, photo in enumerate(PHOTOS, 1) if photo.missing]
 HERE, GONE = "!document.getElementById('mount').hidden", "!document.getElementById('missing').hidden"
@@ -48,9 +46,7 @@ class ExportedPages(unittest.TestCase):
     @classmethod
     def setUpClass(cls):
         cls.open = contextlib.ExitStack()
-        cls.folder = pathlib.Path(cls.open.enter_context(tempfile.TemporaryDirectory(prefix="hearthbook-pages-")))
-        cls.start = stand_in_album.export(BUILD / "application" / "export" / "template", BUILD / "samples", FACES,
-                                          cls.folder, TITLE, PHOTOS)
+        cls.start = ALBUMS / "Our_Family" / "our_family.htm"
         cls.tree = cls.start.parent
         cls.server = cls.open.enter_context(server(cls.tree))
         cls.ways = {"disk": cls.tree.as_uri(), "server": cls.server}
@@ -136,9 +132,9 @@ class ExportedPages(unittest.TestCase):
                               " return [(m.left + m.width / 2 - p.left) / p.width, (m.bottom - p.top) / p.height,"
                               " p.width, p.height]; })()", "leftCtrl")
         photo = PHOTOS[number - 1]
-        size = stand_in_album.size_of(self.tree / "data" / f"{number}.jpg")
+        size = size_of(self.tree / "data" / f"{number}.jpg")
         upright = (1600, 1200) if size[0] > size[1] else (1200, 1600)
-        face = stand_in_album.faces(FACES, photo.file)[name]
+        face = faces(photo.file)[name]
         self.assertAlmostEqual(place[0], face[0] / upright[0], delta=2 / place[2])
         self.assertAlmostEqual(place[1], face[1] / upright[1], delta=2 / place[3])
 
@@ -254,8 +250,7 @@ class ExportedPages(unittest.TestCase):
                 page.wait_for(f"{button}.getAttribute('aria-pressed') == 'false'")
 
     def test_an_album_without_music_offers_none(self):
-        start = stand_in_album.export(BUILD / "application" / "export" / "template", BUILD / "samples", FACES,
-                                      self.folder, "Quiet", PHOTOS[:1], music=False)
+        start = ALBUMS / "Quiet" / "quiet.htm"
         with self.page() as page:
             page.open(start.as_uri())
             self.assertTrue(page.evaluate("sound.hidden && tune.hidden"))
