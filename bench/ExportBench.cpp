@@ -153,8 +153,8 @@ int exportAndTell(int photos) {
     writeJpeg(stream, samplePhoto({800, 600}, 1), 15);
   }
   makeAlbum(folder.path(), {small}, photos);
-  fs::create_directories(folder.path() / "base");
-  exportAlbum(folder.path(), folder.path() / "base", reduced);
+  const WorkFolder base; // not below the album, which would be refused
+  exportAlbum(folder.path(), base.path(), reduced);
   std::ifstream status("/proc/self/status");
   for (std::string word; status >> word;)
     if (word == "VmHWM:") {
