@@ -169,6 +169,17 @@ class Person:
         self._move(round(left + across * width), round(top + down * height))
         self._hand("click", "1")
 
+    def drag_on(self, thing, start, end):
+        """Draws on a picture with the button held; told in shares of its width and height."""
+        left, top, width, height = thing.place
+        def spot(at):
+            return round(left + at[0] * width), round(top + at[1] * height)
+        self._move(*spot(start))
+        self._hand("mousedown", "1")
+        self._move(*spot(((start[0] + end[0]) / 2, (start[1] + end[1]) / 2)))
+        self._move(*spot(end))
+        self._hand("mouseup", "1")
+
     def point(self, thing):
         self._move(*thing.middle)
 

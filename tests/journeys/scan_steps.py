@@ -1,0 +1,62 @@
+"""What one does with a scanned page, or with a photo that is to be put right."""
+import re
+
+SAVED = re.compile(r"^Saved as photo (\d+)\.$")
+
+
+def open_scanner(person):
+    """Takes a page from the scanner; answers with the form when the page is there."""
+    person.click(person.find("push button", "Add From Scanner"))
+    return await_page(person)
+
+
+def open_photo(person):
+    """Opens the photo of the editor to put it right."""
+    person.click(person.find("push button", "Edit Image"))
+    return await_page(person)
+
+
+def await_page(person):
+    form = person.window("Scan Photos")
+    button = person.find("push button", "Auto Levels", within=form)
+    person.until(lambda: button.enabled, "a page to work on")
+    return form
+
+
+def page(person, form):
+    return person.find("image", "Page", within=form)
+
+
+def draw(person, form, left, top, right, bottom):
+    """Draws a rectangle with the mouse; told in shares of what is shown of the page."""
+    person.drag_on(page(person, form), (left, top), (right, bottom))
+    return person.find("push button", "Close Selection", within=form)
+
+
+def save_selected(person, form):
+    """Answers with the number of the photo that is new."""
+    before = saved(person, form)
+    person.click(person.find("push button", "Save Selected", within=form))
+    return person.until(lambda: (now := saved(person, form)) != before and now, "the saved photo")
+
+
+def saved(person, form):
+    hits = [SAVED.match(label.name) for label in person.all("label", SAVED, within=form)]
+    return hits[0].group(1) if hits else None
+
+
+def do(person, form, command):
+    """One of the commands that put a page right, until it is done."""
+    button = person.find("push button", command, within=form)
+    person.click(button)
+    person.until(lambda: button.enabled, f"{command} done")
+
+
+def update(person, form):
+    person.click(person.find("push button", "Update Photo", within=form))
+    person.closed(form)
+
+
+def close(person, form):
+    person.click(person.find("push button", "Close", within=form))
+    person.closed(form)
