@@ -2,6 +2,7 @@
 
 #include <csignal>
 #include <stdexcept>
+#include <utility>
 
 #include <fcntl.h>
 #include <spawn.h>
@@ -38,6 +39,13 @@ pid_t startProcess(std::vector<std::string> command, std::vector<std::string> va
   if (failed)
     throw std::runtime_error(command.front() + " does not start: is it installed?");
   return process;
+}
+
+int runProcess(std::vector<std::string> command, std::vector<std::string> variables) {
+  const pid_t process = startProcess(std::move(command), std::move(variables));
+  int status = 0;
+  ::waitpid(process, &status, 0);
+  return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
 }
 
 void killProcess(pid_t process) {

@@ -1,0 +1,73 @@
+#include "PrintPixels.h"
+
+#include "Decode.h"
+#include "PassOver.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace hearthbook {
+
+namespace {
+
+/// A photo that was magnified far over the sheet is not decoded for the parts beyond its edge.
+constexpr double mostPixels = 50e6;
+
+int pixelsAlong(double twips, int dotsPerInch) {
+  constexpr double most = 1e6; // what is cut off by the rules below anyway
+  return std::max(1,
+                  static_cast<int>(std::min(most, std::ceil(twips / twipsPerInch * dotsPerInch))));
+}
+
+std::uint32_t greyOf(std::uint32_t pixel) {
+  // How bright an eye finds each of the three, in 256ths.
+  constexpr std::uint32_t red = 54;
+  constexpr std::uint32_t green = 183;
+  constexpr std::uint32_t blue = 19;
+  const std::uint32_t grey =
+      (red * (pixel >> 16 & 0xff) + green * (pixel >> 8 & 0xff) + blue * (pixel & 0xff) + 128) >> 8;
+  return 0xff000000 | grey << 16 | grey << 8 | grey;
+}
+
+Picture decodedForPrint(const SheetPicture& picture, int dotsPerInch) {
+  Picture decoded;
+  passOver([&] {
+    const PixelSize full = readPictureInfo(picture.file).size;
+    decoded =
+        decodePictureAt(picture.file, printedPixels(picture.place, full, dotsPerInch)).picture;
+  });
+  return decoded.isNull() ? picture.atHand : decoded;
+}
+
+} // namespace
+
+PixelSize printedPixels(TwipsRect place, PixelSize full, int dotsPerInch) {
+  PixelSize wanted{pixelsAlong(place.width, dotsPerInch), pixelsAlong(place.height, dotsPerInch)};
+  if (wanted.width >= full.width || wanted.height >= full.height)
+    wanted = full;
+  const double pixels = static_cast<double>(wanted.width) * wanted.height;
+  if (pixels <= mostPixels)
+    return wanted;
+  const double part = std::sqrt(mostPixels / pixels);
+  return {std::max(1, static_cast<int>(wanted.width * part)),
+          std::max(1, static_cast<int>(wanted.height * part))};
+}
+
+Picture pixelsForPrint(const SheetPicture& picture, const PrintSettings& settings) {
+  const Picture pixels = picture.file.empty()
+                             ? picture.atHand
+                             : decodedForPrint(picture, dotsPerInch(settings.quality));
+  if (pixels.isNull() || settings.colorMode == ColorMode::Color)
+    return pixels;
+  return greyed(pixels);
+}
+
+Picture greyed(Picture picture) {
+  for (int y = 0; y < picture.height(); ++y) {
+    std::uint32_t* row = picture.writableRow(y);
+    std::transform(row, row + picture.width(), row, greyOf);
+  }
+  return picture;
+}
+
+} // namespace hearthbook

@@ -1,0 +1,173 @@
+#include "Printers.h"
+
+#include "CupsLibrary.h"
+#include "RunTimeError.h"
+
+#include <memory>
+#include <span>
+
+#include <sys/socket.h>
+
+namespace hearthbook {
+
+namespace {
+
+constexpr int connectMs = 10'000;
+constexpr double answerSeconds = 30;
+
+/// What went wrong last, as the service words it.
+std::string lastError() {
+  const char* words = cups().lastErrorText();
+  std::string why = words ? words : "";
+  while (why.ends_with('.'))
+    why.pop_back();
+  return why.empty() ? why : ": " + why;
+}
+
+[[noreturn]] void failPrinting(const std::string& what) {
+  throw RunTimeError(what + lastError() + ".");
+}
+
+/// A connection to the printing service that this user's desktop has.
+class PrintService {
+public:
+  PrintService()
+      : http_(cups().connect(cups().server(), cups().port(), nullptr, AF_UNSPEC,
+                             cups().encryption(), 1, connectMs, nullptr),
+              cups().close) {
+    if (!http_)
+      throw RunTimeError("The printing service does not answer.");
+    cups().setTimeout(
+        http_.get(), answerSeconds, [](http_t*, void*) { return 0; }, nullptr);
+  }
+
+  [[nodiscard]] http_t* get() const { return http_.get(); }
+
+private:
+  std::unique_ptr<http_t, decltype(CupsLibrary::close)> http_;
+};
+
+/// One printer, with what it says of itself.
+class Destination {
+public:
+  Destination(const PrintService& service, const std::string& printer)
+      : service_(service), dest_(cups().getNamedDest(service.get(), printer.c_str(), nullptr),
+                                 [](cups_dest_t* dest) { cups().freeDests(1, dest); }) {
+    if (!dest_)
+      failPrinting("The printer " + printer + " is not there");
+    info_.reset(cups().copyDestInfo(service.get(), dest_.get()));
+    if (!info_)
+      failPrinting("The printer " + printer + " does not answer");
+  }
+
+  [[nodiscard]] http_t* http() const { return service_.get(); }
+  [[nodiscard]] cups_dest_t* dest() const { return dest_.get(); }
+  [[nodiscard]] cups_dinfo_t* info() const { return info_.get(); }
+
+private:
+  const PrintService& service_;
+  std::unique_ptr<cups_dest_t, void (*)(cups_dest_t*)> dest_;
+  std::unique_ptr<cups_dinfo_t, decltype(CupsLibrary::freeDestInfo)> info_{nullptr,
+                                                                           cups().freeDestInfo};
+};
+
+class JobOptions {
+public:
+  explicit JobOptions(const PrintSettings& settings) {
+    add("copies", std::to_string(settings.copies));
+    add("print-color-mode", settings.colorMode == ColorMode::Color ? "color" : "monochrome");
+    add("print-quality", qualityOf(settings.quality));
+    if (!settings.media.empty())
+      add("media", settings.media);
+  }
+  ~JobOptions() { cups().freeOptions(count_, options_); }
+  JobOptions(const JobOptions&) = delete;
+  JobOptions& operator=(const JobOptions&) = delete;
+
+  [[nodiscard]] int count() const { return count_; }
+  [[nodiscard]] cups_option_t* options() const { return options_; }
+
+private:
+  static const char* qualityOf(PrintQuality quality) {
+    switch (quality) {
+    case PrintQuality::Best:
+      return "5";
+    case PrintQuality::Draft:
+      return "3";
+    case PrintQuality::Normal:
+      break;
+    }
+    return "4";
+  }
+  void add(const char* name, const std::string& value) {
+    count_ = cups().addOption(name, value.c_str(), count_, &options_);
+  }
+
+  int count_ = 0;
+  cups_option_t* options_ = nullptr;
+};
+
+int createJob(const Destination& printer, const std::string& title, const JobOptions& options) {
+  int job = 0;
+  const ipp_status_t status = cups().createJob(printer.http(), printer.dest(), printer.info(), &job,
+                                               title.c_str(), options.count(), options.options());
+  if (job <= 0 || status > IPP_STATUS_OK_CONFLICTING)
+    failPrinting("The printer takes no pages");
+  return job;
+}
+
+bool sendDocument(const Destination& printer, int job, const std::string& title,
+                  const std::string& pdf) {
+  return cups().startDocument(printer.http(), printer.dest(), printer.info(), job, title.c_str(),
+                              CUPS_FORMAT_PDF, 0, nullptr, 1) == HTTP_STATUS_CONTINUE &&
+         cups().writeData(printer.http(), pdf.data(), pdf.size()) == HTTP_STATUS_CONTINUE &&
+         cups().finishDocument(printer.http(), printer.dest(), printer.info()) <=
+             IPP_STATUS_OK_CONFLICTING;
+}
+
+double toTwips(int hundredthsOfMillimetres) {
+  return hundredthsOfMillimetres / 2540.0 * twipsPerInch;
+}
+
+} // namespace
+
+std::vector<Printer> listPrinters() {
+  const PrintService service;
+  cups_dest_t* found = nullptr;
+  const int count = cups().getDests(service.get(), &found);
+  if (count <= 0 && cups().lastError() > IPP_STATUS_OK_CONFLICTING &&
+      cups().lastError() != IPP_STATUS_ERROR_NOT_FOUND)
+    failPrinting("The list of printers cannot be read");
+  std::vector<Printer> printers;
+  for (const cups_dest_t& dest : std::span(found, static_cast<std::size_t>(count)))
+    if (!dest.instance)
+      printers.push_back({dest.name, dest.is_default != 0});
+  cups().freeDests(count, found);
+  return printers;
+}
+
+std::optional<TwipsSize> ownPaperOf(const std::string& printer) {
+  const PrintService service;
+  const Destination asked(service, printer);
+  cups_size_t size{};
+  if (!cups().getMediaDefault(asked.http(), asked.dest(), asked.info(), 0, &size) ||
+      size.width <= 0 || size.length <= 0)
+    return std::nullopt;
+  return TwipsSize{toTwips(size.width), toTwips(size.length)};
+}
+
+void printPdf(const std::string& printer, const std::string& title, const PrintSettings& settings,
+              const std::string& pdf) {
+  const PrintService service;
+  const Destination to(service, printer);
+  const JobOptions options(settings);
+  const int job = createJob(to, title, options);
+  if (sendDocument(to, job, title, pdf))
+    return;
+  const RunTimeError failure(
+      "The page did not reach the printer: " + std::string(cups().lastErrorText()) + ".");
+  cups().cancelJob(to.http(), to.dest(), job); // half a page is not to be printed later
+  throw failure;
+}
+
+} // namespace hearthbook

@@ -1,0 +1,19 @@
+#include "CopiesBox.h"
+
+#include <QLineEdit>
+#include <QScrollBar>
+#include <QSignalBlocker>
+
+namespace hearthbook {
+
+CopiesBox::CopiesBox(QLineEdit& text, QScrollBar& arrows, QObject* parent) : QObject(parent) {
+  // The upper arrow of a bar takes one off: counted below zero, that is one copy more.
+  connect(&arrows, &QScrollBar::valueChanged, this,
+          [&text](int value) { text.setText(QString::number(-value)); });
+  connect(&text, &QLineEdit::textEdited, this, [&arrows](const QString& typed) {
+    const QSignalBlocker quiet(&arrows);
+    arrows.setValue(-typed.toInt());
+  });
+}
+
+} // namespace hearthbook

@@ -1,0 +1,205 @@
+#include "frmPrint.h"
+
+#include "Command.h"
+#include "CopiesBox.h"
+#include "Guard.h"
+#include "MsgBox.h"
+#include "Pointer.h"
+#include "PrintCopies.h"
+#include "PrintDevices.h"
+#include "PrintLayout.h"
+#include "PrintPreview.h"
+#include "PrintRun.h"
+#include "SheetText.h"
+#include "Text.h"
+#include "ui_frmPrint.h"
+
+#include <QDir>
+#include <QScopeGuard>
+#include <QScreen>
+#include <QStandardPaths>
+
+#include <utility>
+
+namespace hearthbook {
+
+namespace {
+
+PrintType sheetType() { return {sheetWidthOf, sheetLineHeight()}; }
+
+/// A name that every disk takes.
+QString fileNameOf(QString title) {
+  for (QChar& c : title)
+    if (!c.isLetterOrNumber() && !QStringLiteral(" -_.,()").contains(c))
+      c = QLatin1Char('_');
+  constexpr int longest = 80;
+  return title.trimmed().left(longest);
+}
+
+} // namespace
+
+frmPrint::frmPrint(WorkPool& pool, AskPdfFile askPdfFile)
+    : Form(QStringLiteral("frmPrint"), Kind::Dialog), pool_(pool),
+      askPdfFile_(std::move(askPdfFile)), ui(std::make_unique<Ui::frmPrint>()) {
+  ui->setupUi(this);
+  resize(size().expandedTo(screen()->availableSize() * 6 / 10)); // a larger preview
+  devices_ = new PrintDevices(*ui->Combo1, pool_, this);
+  new CopiesBox(*ui->Text1, *ui->VScroll2, this);
+  showProcessing(false);
+  wireControls();
+}
+
+frmPrint::~frmPrint() = default;
+
+void frmPrint::wireControls() {
+  // What is printed, and on what
+  connect(ui->Combo1, &QComboBox::currentIndexChanged, this, &frmPrint::choicesChanged);
+  connect(ui->Combo2, &QComboBox::currentIndexChanged, this, &frmPrint::choicesChanged);
+  for (QAbstractButton* choice : std::initializer_list<QAbstractButton*>{
+           ui->Option1, ui->Option2, ui->Option6, ui->Option7, ui->Option8, ui->Option9})
+    connect(choice, &QAbstractButton::toggled, this, &frmPrint::choicesChanged);
+  connect(devices_, &PrintDevices::looked, this, &frmPrint::updateEnabled);
+  connect(devices_, &PrintDevices::failed, this, &frmPrint::tellNoPrinters);
+  connect(devices_, &PrintDevices::paperKnown, this, &frmPrint::updatePreview);
+  // The commands
+  onCommand(ui->Command4, this, &frmPrint::print);     // "Print"
+  onCommand(ui->Command1, this, [this] { Unload(); }); // "Close"
+}
+
+void frmPrint::load() {
+  ui->Combo2->addItem(QStringLiteral("Letter (8.5 x 11 in.)"));
+  ui->Combo2->addItem(QStringLiteral("Photo Paper (4 x 6 in.)"));
+  devices_->look();
+  updateEnabled();
+}
+
+/// An answer that is still on its way is nobody's any more.
+bool frmPrint::unloading() {
+  devices_->disconnect(this);
+  return true;
+}
+
+void frmPrint::setPage(PrintPage page, const QString& title) {
+  page_ = std::move(page);
+  title_ = title;
+  updatePreview();
+  updateEnabled();
+}
+
+void frmPrint::allowPhotoChoices() {
+  for (QWidget* choice : std::initializer_list<QWidget*>{ui->Option6, ui->Option7, ui->Option8,
+                                                         ui->Option9, ui->Combo2})
+    choice->setEnabled(true);
+}
+
+PrintChoices frmPrint::readChoices() const {
+  return {ui->Option7->isChecked() ? PaperOrientation::Portrait : PaperOrientation::Landscape,
+          ui->Option8->isChecked() ? PrintSize::Original : PrintSize::FitToPage,
+          ui->Combo2->currentIndex() <= 0 ? PaperSize::Letter : PaperSize::Photo};
+}
+
+PrintSettings frmPrint::readSettings() const {
+  PrintSettings settings;
+  settings.copies = copiesOf(toUtf8(ui->Text1->text()));
+  settings.colorMode = ui->Option1->isChecked() ? ColorMode::Color : ColorMode::Monochrome;
+  settings.quality = ui->Option3->isChecked()   ? PrintQuality::Best
+                     : ui->Option4->isChecked() ? PrintQuality::Normal
+                                                : PrintQuality::Draft;
+  settings.media = paperFor(page_, readChoices(), std::nullopt).media;
+  return settings;
+}
+
+PrintSheet frmPrint::sheet() const {
+  const PrintChoices choices = readChoices();
+  return layOut(page_, choices, paperFor(page_, choices, devices_->ownPaper()), sheetType());
+}
+
+void frmPrint::choicesChanged() {
+  if (leavesPaper(page_, readChoices()))
+    devices_->askForPaper();
+  updatePreview();
+}
+
+void frmPrint::updatePreview() {
+  ui->preview->showSheet(sheet(),
+                         ui->Option1->isChecked() ? ColorMode::Color : ColorMode::Monochrome);
+}
+
+void frmPrint::updateEnabled() {
+  const bool hasPage = !ui->preview->sheet().operations.empty();
+  ui->Command4->setEnabled(hasPage);
+  ui->note->setText(!hasPage                ? QStringLiteral("There is nothing to print.")
+                    : devices_->isLooking() ? QStringLiteral("Looking for printers...")
+                                            : QString());
+}
+
+void frmPrint::print() {
+  const bool toFile = devices_->printer().empty();
+  const auto file = toFile ? askPdfFile_(suggestedFile()) : std::filesystem::path();
+  if (!file)
+    return;
+  QString why;
+  showProcessing(true);
+  try {
+    const auto end = qScopeGuard([this] { showProcessing(false); });
+    const Hourglass hourglass;
+    printTo(*file);
+  } catch (const std::exception& failure) {
+    why = toQString(failure.what());
+  }
+  if (why.isNull())
+    showResult(*file);
+  else
+    tellFailure(why);
+}
+
+void frmPrint::printTo(const std::filesystem::path& file) {
+  waitUntil([this] { return !devices_->isAskingForPaper(); });
+  const PrintOrder order{sheet(), readSettings(), toUtf8(title_), devices_->printer(), file};
+  ui->ProgressBar1->setMaximum(printSteps(page_));
+  runPrint(pool_, order, [this](PrintStep step, std::size_t pictures) {
+    if (const auto value = printStepValue(page_, step, pictures))
+      ui->ProgressBar1->setValue(*value);
+  });
+}
+
+void frmPrint::showProcessing(bool on) {
+  QSizePolicy keepsItsPlace = ui->Frame7->sizePolicy();
+  keepsItsPlace.setRetainSizeWhenHidden(true);
+  ui->Frame7->setSizePolicy(keepsItsPlace);
+  ui->ProgressBar1->reset();
+  ui->Frame7->setVisible(on);
+  if (on)
+    ui->note->clear();
+}
+
+void frmPrint::showResult(const std::filesystem::path& file) {
+  ui->note->setText(file.empty() ? QStringLiteral("Sent to %1.").arg(toQString(devices_->printer()))
+                                 : QStringLiteral("Saved as %1").arg(toQString(file)));
+}
+
+void frmPrint::tellFailure(const QString& why) {
+  ui->note->setText(why);
+  MsgBox(QStringLiteral("Can not print page, printer not responding or not compatible with this "
+                        "action.\r\nPlease make sure your printer is connected and configured, and "
+                        "that you selected a valid device!"),
+         QStringLiteral("Print"));
+}
+
+void frmPrint::tellNoPrinters(const QString& why) {
+  MsgBox(QStringLiteral("Can not print page. Please make sure your printer is connected and "
+                        "configured, and that you selected a valid device!\n\n%1\nThe page can "
+                        "still be saved as a PDF file.")
+             .arg(why));
+}
+
+QString frmPrint::suggestedFile() const {
+  QDir folder(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
+  if (!folder.exists())
+    folder = QDir::home();
+  const QString name = fileNameOf(title_);
+  return folder.filePath((name.isEmpty() ? QStringLiteral("Hearthbook") : name) +
+                         QStringLiteral(".pdf"));
+}
+
+} // namespace hearthbook

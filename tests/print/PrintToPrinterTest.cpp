@@ -1,0 +1,135 @@
+#include "PrintFixture.h"
+
+namespace hearthbook::test {
+
+namespace {
+
+class PrintToPrinter : public PrintFixture {
+protected:
+  void SetUp() override {
+    if (const std::string why = CupsDaemon::whyNot(); !why.empty())
+      GTEST_SKIP() << "No printing service to test with: " << why;
+    service_.emplace();
+  }
+  [[nodiscard]] CupsDaemon& service() { return *service_; }
+
+  frmPrint& openTitled(const char* tag, PrintPage page) {
+    auto& form = open(tag, page);
+    form.setPage(std::move(page), toQString(service().uniqueTitle()));
+    return form;
+  }
+  Picture printed(int dots) {
+    const std::string title = service().uniqueTitle();
+    EXPECT_TRUE(waitFor([&] { return !service().printed(title).empty(); })) << service().pageLog();
+    return pdfPages(service().printed(title), dots).front();
+  }
+
+private:
+  std::optional<CupsDaemon> service_;
+};
+
+TEST_F(PrintToPrinter, ListsThePrintersWithTheCurrentOneChosenAndTheFileLast) {
+  service().addPrinter("Album_PDF");
+  service().addPrinter("Other_PDF");
+  service().makeCurrent("Other_PDF");
+  const frmPrint& form = open("Editor", editorPage());
+  EXPECT_EQ(devices(form), (QStringList{QStringLiteral("Album_PDF"), QStringLiteral("Other_PDF"),
+                                        QStringLiteral("PDF file")}));
+  EXPECT_EQ(control<QComboBox>(form, "Combo1")->currentText(), QStringLiteral("Other_PDF"));
+}
+
+TEST_F(PrintToPrinter, ChoosesTheFirstPrinterWhereNoneIsCurrent) {
+  service().addPrinter("Album_PDF");
+  service().addPrinter("Other_PDF");
+  EXPECT_EQ(control<QComboBox>(open("Editor", editorPage()), "Combo1")->currentText(),
+            QStringLiteral("Album_PDF"));
+}
+
+TEST_F(PrintToPrinter, WithoutPrintersThereIsTheFileAndNoMessage) {
+  EXPECT_EQ(devices(open("Editor", editorPage())), QStringList{QStringLiteral("PDF file")});
+}
+
+TEST_F(PrintToPrinter, TheFileIsOfferedBesideThePrinters) {
+  service().addPrinter("Album_PDF");
+  frmPrint& form = open("Editor", editorPage());
+  choosePdf(form);
+  press(form, "Command4");
+  EXPECT_EQ(pdfPages(*pdf_, 20).size(), 1u);
+  EXPECT_TRUE(service().pageLog().empty());
+}
+
+TEST_F(PrintToPrinter, AnAlbumPageComesOutOfThePrinter) {
+  service().addPrinter("Album_PDF");
+  const frmPrint& form = openTitled("Viewer", albumPage({0, 1, 2, 3}));
+  control<QLineEdit>(form, "Text1")->setText(QStringLiteral("2"));
+  press(form, "Command4");
+  EXPECT_EQ(note(form), QStringLiteral("Sent to Album_PDF."));
+  const Picture page = printed(72);
+  EXPECT_NE(service().pageLog().find("total 2 - localhost " + service().uniqueTitle() +
+                                     " na_letter_8.5x11in"),
+            std::string::npos)
+      << service().pageLog();
+  // The sheet lies across and goes through upright: its four photos are there all the same.
+  int blues = 0;
+  for (int y = 0; y < page.height(); ++y)
+    for (int x = 0; x < page.width(); ++x)
+      blues += distance(*(page.row(y) + x), blue) < 30;
+  const double quarter = 3375 * 1.5 / 20 * (2535 * 1.5 / 20) / 4;
+  EXPECT_NEAR(blues, 4 * quarter, quarter / 5);
+}
+
+TEST_F(PrintToPrinter, APhotoOnPhotoPaperComesOutOnIt) {
+  service().addPrinter("Album_PDF");
+  const frmPrint& form = openTitled("Zoom", editorPage());
+  control<QComboBox>(form, "Combo2")->setCurrentIndex(1);
+  check(form, "Option9");
+  press(form, "Command4");
+  printed(20);
+  EXPECT_NE(service().pageLog().find("na_index-4x6_4x6in"), std::string::npos)
+      << service().pageLog();
+}
+
+TEST_F(PrintToPrinter, TheOriginalSizeOnPhotoPaperLeavesThePrintersPaper) {
+  service().addPrinter("Album_PDF");
+  const frmPrint& form = openTitled("Editor", editorPage());
+  control<QComboBox>(form, "Combo2")->setCurrentIndex(1);
+  press(form, "Command4");
+  printed(20);
+  const std::string job = service().uniqueTitle() + " ";
+  const std::string log = service().pageLog();
+  ASSERT_NE(log.find(job), std::string::npos);
+  EXPECT_EQ(log.find(job + "na_index"), std::string::npos) << log;
+}
+
+TEST_F(PrintToPrinter, APrinterThatVanishesFails) {
+  service().addPrinter("Album_PDF");
+  const frmPrint& form = open("Editor", editorPage());
+  service().takePrinterAway("Album_PDF");
+  boxes_.expectMessage(printFailureText, QStringLiteral("Print"));
+  press(form, "Command4");
+  EXPECT_TRUE(note(form).contains(QStringLiteral("Album_PDF"))) << toUtf8(note(form));
+  EXPECT_FALSE(control<QGroupBox>(form, "Frame7")->isVisible());
+}
+
+TEST_F(PrintToPrinter, APrinterThatTakesNoPagesFails) {
+  service().addPrinter("Album_PDF");
+  const frmPrint& form = open("Editor", editorPage());
+  service().refuseJobs("Album_PDF");
+  boxes_.expectMessage(printFailureText, QStringLiteral("Print"));
+  press(form, "Command4");
+}
+
+TEST_F(PrintToPrinter, AfterAPrinterHasVanishedThePageCanBeSaved) {
+  service().addPrinter("Album_PDF");
+  frmPrint& form = open("Editor", editorPage());
+  service().kill();
+  boxes_.expectMessage(printFailureText, QStringLiteral("Print"));
+  press(form, "Command4");
+  choosePdf(form);
+  press(form, "Command4");
+  EXPECT_EQ(pdfPages(*pdf_, 20).size(), 1u);
+}
+
+} // namespace
+
+} // namespace hearthbook::test
