@@ -284,6 +284,20 @@ void DBeditor::decodeNeighbours() {
   });
 }
 
+PrintPage DBeditor::printPage() const {
+  SinglePrint page;
+  page.from = SinglePrint::From::Editor;
+  if (!standsOnRow(photos_))
+    return page;
+  page.heading = printHeading(toUtf8(ui->Year->text()), toUtf8(ui->EventsDrp->Text()) + " in " +
+                                                            toUtf8(ui->PlacesDrp->Text()));
+  if (picture_->shown())
+    page.photo = {stage_->rect(ui->Image1), *picture_->shown(), ui->Image1->picture()};
+  for (int row = 0; row < ui->List2->count(); ++row)
+    page.names.push_back(toUtf8(ui->List2->item(row)->text().trimmed()));
+  return page;
+}
+
 std::string DBeditor::currentId() const {
   return standsOnRow(photos_) ? photos_.Collect("PictureID").toText() : std::string();
 }

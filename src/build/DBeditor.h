@@ -8,6 +8,7 @@
 #include "Navigator.h"
 #include "PeopleForm.h"
 #include "PictureLoader.h"
+#include "PrintSource.h"
 
 #include <filesystem>
 #include <memory>
@@ -33,7 +34,7 @@ class Stage;
 /// photos come in through "Add From File". There is no save command: what was typed is stored
 /// when the editor leaves the photo. The frame, the start screen and the result pages open
 /// it, on the row of rsPhotoAlbum on which that stands.
-class DBeditor : public Form, private AudioOwner {
+class DBeditor : public Form, public PrintSource, private AudioOwner {
   Q_OBJECT
 public:
   DBeditor(Album& album, PictureLoader& loader, WorkPool& pool, Navigator& navigator,
@@ -50,6 +51,10 @@ public:
   [[nodiscard]] bool isLookingForSound() const;
 
   void rowsChanged(const RowsChanged& change) override;
+
+  [[nodiscard]] const char* printTag() const override { return "Editor"; }
+  [[nodiscard]] bool isReadyToPrint() const override { return !isWaitingForPicture(); }
+  [[nodiscard]] PrintPage printPage() const override;
 
 protected:
   void load() override;

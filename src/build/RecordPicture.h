@@ -33,6 +33,8 @@ public:
 
   /// True from a show() until its picture is on the screen or has turned out to be broken.
   [[nodiscard]] bool isWaiting() const { return wanted_.has_value(); }
+  /// The file whose picture is on the screen; nothing before the first one.
+  [[nodiscard]] const std::optional<std::filesystem::path>& shown() const { return shown_; }
 
 Q_SIGNALS:
   void placed(); ///< the image has a new place on the stage

@@ -28,6 +28,7 @@ public:
   void request(); ///< the pixels for the present size of the stage
 
   [[nodiscard]] bool isWaiting() const { return waits_; }
+  [[nodiscard]] const std::filesystem::path& file() const { return file_; } ///< empty for none
   /// At which size pictures are wanted: the same in each cell, so that one can be decoded before
   /// it is known in which it will be.
   [[nodiscard]] static FittedPictures::Fit fitOn(const Stage& stage);

@@ -125,6 +125,15 @@ bool ResultGrid::isWaiting() const {
   return std::ranges::any_of(places_, [](const auto& place) { return place->picture.isWaiting(); });
 }
 
+ContactPrint ResultGrid::printPage() const {
+  ContactPrint page;
+  for (int cell = 0; cell < resultsPerPage; ++cell)
+    if (const Place& shown = at(cell); shown.image->hasPicture())
+      page.cells.push_back(
+          {cell, {rect(shown.image), shown.picture.file(), shown.image->picture()}});
+  return page;
+}
+
 void ResultGrid::clicked(int cell, Qt::KeyboardModifiers held) {
   if (!hasPhoto(cell))
     return;

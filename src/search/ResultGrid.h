@@ -1,6 +1,7 @@
 #pragma once
 
 #include "CellPicture.h"
+#include "PrintPage.h"
 #include "ResultPage.h"
 #include "ResultPaging.h"
 #include "Stage.h"
@@ -35,6 +36,7 @@ public:
 
   [[nodiscard]] bool hasPhoto(int cell) const;
   [[nodiscard]] bool isWaiting() const; ///< for pixels
+  [[nodiscard]] ContactPrint printPage() const;
 
 Q_SIGNALS:
   void toggleAsked(int cell);

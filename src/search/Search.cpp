@@ -254,6 +254,8 @@ void Search::decodeNeighbours() {
 
 bool Search::isWaitingForPictures() const { return ui->resultGrid->isWaiting(); }
 
+PrintPage Search::printPage() const { return ui->resultGrid->printPage(); }
+
 void Search::enableResultCommands(bool enabled) {
   for (QWidget* paging : {ui->Command3, ui->Command2, ui->Command12, ui->Command13, ui->Command5})
     paging->setEnabled(enabled);

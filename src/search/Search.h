@@ -4,6 +4,7 @@
 #include "Form.h"
 #include "Navigator.h"
 #include "PictureLoader.h"
+#include "PrintSource.h"
 #include "SearchQuery.h"
 
 #include <cstdint>
@@ -38,7 +39,7 @@ struct SearchWindows {
 /// Any number of photos can be selected over all pages, and the selection or the whole result
 /// viewed, edited, or put into a sub-album. The frame, the start screen and the editor's Find
 /// Photo open it; they set rsSearch first.
-class Search : public Form {
+class Search : public Form, public PrintSource {
   Q_OBJECT
 public:
   Search(Album& album, PictureLoader& loader, WorkPool& pool, HoverHelp& help,
@@ -55,6 +56,10 @@ public:
   void startOver();
 
   void rowsChanged(const RowsChanged& change) override;
+
+  [[nodiscard]] const char* printTag() const override { return "Search"; }
+  [[nodiscard]] bool isReadyToPrint() const override { return !isWaitingForPictures(); }
+  [[nodiscard]] PrintPage printPage() const override;
 
   [[nodiscard]] bool isWaitingForPictures() const;
 

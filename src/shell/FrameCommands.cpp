@@ -7,15 +7,20 @@
 #include "Export.h"
 #include "ExportDesigner.h"
 #include "Forms.h"
+#include "Guard.h"
 #include "MsgBox.h"
+#include "PrintSource.h"
 #include "Progress.h"
 #include "Search.h"
 #include "Text.h"
 #include "WorkForms.h"
 #include "frmAbout.h"
+#include "frmPrint.h"
 
 #include <QMainWindow>
 #include <QScopeGuard>
+
+#include <utility>
 
 namespace hearthbook {
 
@@ -47,6 +52,24 @@ void tellEmptyAlbum() {
 
 FrameCommands::FrameCommands(Album& album, ShellServices services, QMainWindow& frame)
     : QObject(&frame), album_(album), services_(std::move(services)), frame_(frame) {}
+
+void FrameCommands::print() {
+  Form* front = Forms::host() ? Forms::host()->activeForm() : nullptr;
+  auto* source = dynamic_cast<PrintSource*>(front);
+  if (!source) {
+    MsgBox(toQString("You can print only from the: Build, Search, View or Zoom Album"),
+           toQString("Print"), MsgIcon::Information);
+    return;
+  }
+  waitUntil([&] { return source->isReadyToPrint(); });
+  auto& dialog = Forms::get<frmPrint>();
+  dialog.Tag = toQString(source->printTag());
+  PrintPage page = source->printPage();
+  if (std::holds_alternative<SinglePrint>(page))
+    dialog.allowPhotoChoices();
+  dialog.setPage(std::move(page), front->caption());
+  dialog.ShowModal();
+}
 
 void FrameCommands::quit() { frame_.close(); }
 

@@ -26,6 +26,7 @@ class FrameCommands : public QObject {
 public:
   FrameCommands(Album& album, ShellServices services, QMainWindow& frame);
 
+  void print(); ///< what the form in front shows
   void quit();
   void buildFromMenu();  ///< on the first photo without a year
   void buildFromStart(); ///< on the first photo

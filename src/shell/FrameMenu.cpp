@@ -18,7 +18,7 @@ constexpr MenuRow rows[] = {
     {Kind::Item, "mnuFile", "mnuExport", "&Export Album...", "", &FrameCommands::exportAlbum},
     {Kind::Item, "mnuFile", "mnuDesign", "&Design Export...", "", &FrameCommands::designExport},
     {Kind::Line, "mnuFile", "mnuLine1", "", "", nullptr},
-    {Kind::Item, "mnuFile", "mnuPrint", "&Print...", "Ctrl+P", nullptr},
+    {Kind::Item, "mnuFile", "mnuPrint", "&Print...", "Ctrl+P", &FrameCommands::print},
     {Kind::Line, "mnuFile", "mnuLine3", "", "", nullptr},
     {Kind::Item, "mnuFile", "mnuQuit", "&Quit", "Ctrl+Q", &FrameCommands::quit},
     {Kind::Menu, "", "mnuTools", "&Tools", "", nullptr},

@@ -25,6 +25,7 @@
 #include "Zoom.h"
 #include "ZoomWindow.h"
 #include "frmAbout.h"
+#include "frmPrint.h"
 #include "frmSendMail.h"
 
 #include <QApplication>
@@ -119,6 +120,7 @@ Wiring::Wiring(Album& album, MDIForm1& frame, const ShellServices& services)
   Forms::provide<frmSendMail>([this, &album] {
     return new frmSendMail(album, pool_, pageToMail(Forms::get<Viewer>().cells()));
   });
+  Forms::provide<frmPrint>([this] { return new frmPrint(pool_, askPdfFile); });
   Forms::provide<frmAbout>([] { return new frmAbout; });
   Forms::provide<Progress>([] { return new Progress; });
 }

@@ -4,11 +4,16 @@
 #include "Look.h"
 #include "NamesGrid.h"
 #include "PaperPanel.h"
+#include "PictureImage.h"
+#include "PrintPage.h"
 #include "SoundIcon.h"
 #include "Text.h"
 
+#include <QImage>
 #include <QLabel>
 #include <QToolButton>
+
+#include <algorithm>
 
 namespace hearthbook {
 
@@ -125,6 +130,26 @@ QString FactsPanel::summary() const {
   const QString place = place_->text().trimmed();
   return year_->text() +
          (year_->text().isEmpty() || place.isEmpty() ? QString() : QStringLiteral(", ")) + place;
+}
+
+std::string FactsPanel::heading() const {
+  return printHeading(toUtf8(year_->text()), toUtf8(place_->text()));
+}
+
+TwipsSize FactsPanel::namesSize() const {
+  const TwipsRect grid = rect(names_);
+  return {grid.width, grid.height};
+}
+
+/// As sharp as paper wants it, whatever the screen's pixels.
+Picture FactsPanel::namesPicture() const {
+  constexpr double dotsPerInch = 300;
+  const double width = namesSize().width / twipsPerInch * dotsPerInch;
+  const double ratio = width / std::max(names_->width(), 1);
+  QImage image((QSizeF(names_->size()) * ratio).toSize().expandedTo({1, 1}), QImage::Format_RGB32);
+  image.setDevicePixelRatio(ratio);
+  names_->render(&image);
+  return paintedPicture(image);
 }
 
 } // namespace hearthbook

@@ -1,9 +1,11 @@
 #pragma once
 
 #include "PhotoFacts.h"
+#include "Picture.h"
 #include "Stage.h"
 
 #include <array>
+#include <string>
 
 class QLabel;
 class QPixmap;
@@ -40,6 +42,11 @@ public:
   [[nodiscard]] QString placeText() const;
   /// "1987, Wedding in Lake": the photo in a few words.
   [[nodiscard]] QString summary() const;
+  /// "1987, Wedding in Lake", with the comma and whatever else is left where nothing is known.
+  [[nodiscard]] std::string heading() const;
+  /// The grid of names: its size on the panel, and how it looks.
+  [[nodiscard]] TwipsSize namesSize() const;
+  [[nodiscard]] Picture namesPicture() const;
 
 Q_SIGNALS:
   void descriptionAsked();

@@ -50,6 +50,14 @@ void NamesGrid::showNames(const std::vector<NamesRow>& names) {
 
 QString NamesGrid::nameText(int row) const { return cellText(row + 1, nameColumn); }
 
+std::vector<std::string> NamesGrid::shownNames() const {
+  std::vector<std::string> shown;
+  for (int row = 0; row < names(); ++row)
+    if (const QString name = nameText(row).trimmed(); !name.isEmpty())
+      shown.push_back(toUtf8(name));
+  return shown;
+}
+
 std::optional<std::int64_t> NamesGrid::chosenPerson() const {
   const QString id = row() > 0 ? cellText(row(), idColumn) : QString();
   return id.isEmpty() ? std::nullopt : std::optional<std::int64_t>(id.toLongLong());

@@ -5,6 +5,9 @@
 
 #include <QPixmap>
 
+#include <string>
+#include <vector>
+
 namespace hearthbook {
 
 /// Who is in a photo: a grid without a header, a name to the row, the person's id in a hidden
@@ -18,8 +21,9 @@ public:
   void setArrow(const QPixmap& arrow);
   void showNames(const std::vector<NamesRow>& names); ///< none of them chosen
 
-  [[nodiscard]] int names() const { return rows() - 1; } ///< rows, the empty ones included
-  [[nodiscard]] QString nameText(int row) const;         ///< from 0
+  [[nodiscard]] int names() const { return rows() - 1; }     ///< rows, the empty ones included
+  [[nodiscard]] QString nameText(int row) const;             ///< from 0
+  [[nodiscard]] std::vector<std::string> shownNames() const; ///< without the empty rows
   /// The person in the current row; nothing in an empty row, or where no row is chosen.
   [[nodiscard]] std::optional<std::int64_t> chosenPerson() const;
 

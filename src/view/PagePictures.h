@@ -36,6 +36,11 @@ public:
   /// What will probably be shown next, the likeliest first; begun when the page is complete.
   void decodeAhead(std::vector<std::filesystem::path> files);
 
+  /// The file whose picture is on the screen; nothing in an empty cell.
+  [[nodiscard]] const std::optional<std::filesystem::path>& shown(int cell) const {
+    return slots_[cell].shown;
+  }
+
   /// True while pixels of the page are on their way.
   [[nodiscard]] bool isWaiting() const;
 

@@ -235,6 +235,26 @@ void Viewer::decodeNeighbours() {
 
 bool Viewer::isWaitingForPictures() const { return pictures_->isWaiting(); }
 
+PrintPage Viewer::printPage() const {
+  AlbumPrint page;
+  for (int cell = 0; cell < photosOnPage; ++cell)
+    if (pictures_->shown(cell) && cells_->at(cell).photo->hasPicture())
+      page.cells.push_back(printCell(cell));
+  return page;
+}
+
+AlbumPrintCell Viewer::printCell(int cell) const {
+  const PageCells::Cell& shown = cells_->at(cell);
+  AlbumPrintCell print;
+  print.place = cell;
+  print.photo = {stage_->rect(shown.photo), *pictures_->shown(cell), shown.photo->picture()};
+  print.infoWidth = stage_->rect(shown.facts).width;
+  print.gridSize = shown.facts->namesSize();
+  print.grid = shown.facts->namesPicture();
+  print.caption = shown.facts->heading();
+  return print;
+}
+
 void Viewer::nextPage() {
   if (paging().next())
     ComposeAlbumPage();

@@ -6,6 +6,7 @@
 #include "Navigator.h"
 #include "PhotoFacts.h"
 #include "PictureLoader.h"
+#include "PrintSource.h"
 
 #include <filesystem>
 #include <functional>
@@ -39,7 +40,7 @@ struct ViewerWindows {
 ///
 /// One looks and listens here; a photo can be selected, to be edited, seen large or mailed. The
 /// frame, the start screen and Search open it; they set rsViewer and CallerForm first.
-class Viewer : public Form {
+class Viewer : public Form, public PrintSource {
   Q_OBJECT
 public:
   Viewer(Album& album, PictureLoader& loader, WorkPool& pool, HoverHelp& help,
@@ -54,6 +55,10 @@ public:
   void allowSubAlbumEdit(bool allowed);
 
   void rowsChanged(const RowsChanged& change) override;
+
+  [[nodiscard]] const char* printTag() const override { return "Viewer"; }
+  [[nodiscard]] bool isReadyToPrint() const override { return !isWaitingForPictures(); }
+  [[nodiscard]] PrintPage printPage() const override;
 
   /// What stands on the page, for printing and mail.
   [[nodiscard]] const PageCells& cells() const { return *cells_; }
@@ -82,6 +87,7 @@ private:
   void startBackground();
   [[nodiscard]] Recordset& photos() const { return *album_.vars.rsViewer; }
   [[nodiscard]] AlbumPaging paging() const;
+  [[nodiscard]] AlbumPrintCell printCell(int cell) const;
 
   void nextPage();
   void previousPage();

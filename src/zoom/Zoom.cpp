@@ -217,6 +217,18 @@ bool Zoom::isWaitingForPicture() const {
   return area_->picture().isWaiting() || area_->picture().isSharpening();
 }
 
+PrintPage Zoom::printPage() const {
+  SinglePrint page;
+  page.from = SinglePrint::From::Zoom;
+  const auto& file = area_->picture().shown();
+  if (!file)
+    return page;
+  page.photo = {area_->steps().photo, *file, ui->Image1->picture()};
+  page.heading = facts_->heading();
+  page.names = facts_->names().shownNames();
+  return page;
+}
+
 void Zoom::nextPhoto() {
   if (canGoNext(photos()))
     ComposeZoomView();

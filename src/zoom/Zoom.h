@@ -5,6 +5,7 @@
 #include "Navigator.h"
 #include "PhotoFacts.h"
 #include "PictureLoader.h"
+#include "PrintSource.h"
 #include "SlideShow.h"
 
 #include <filesystem>
@@ -33,7 +34,7 @@ class ZoomArea;
 /// One magnifies and moves it, walks through the photos, or lets them pass as a slide show; the
 /// check button "Full [  ]" shows the photo alone on the screen. The album pages and Search open
 /// it; they set rsZoom first.
-class Zoom : public Form {
+class Zoom : public Form, public PrintSource {
   Q_OBJECT
 public:
   Zoom(Album& album, PictureLoader& loader, WorkPool& pool, HoverHelp& help);
@@ -43,6 +44,10 @@ public:
   void ComposeZoomView();
 
   void rowsChanged(const RowsChanged& change) override;
+
+  [[nodiscard]] const char* printTag() const override { return "Zoom"; }
+  [[nodiscard]] bool isReadyToPrint() const override { return !isWaitingForPicture(); }
+  [[nodiscard]] PrintPage printPage() const override;
 
   [[nodiscard]] const ZoomArea& area() const { return *area_; }
   [[nodiscard]] const SlideShow& show() const { return show_; }

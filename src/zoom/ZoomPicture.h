@@ -36,6 +36,8 @@ public:
   [[nodiscard]] bool isWaiting() const { return wanted_.has_value(); }
   [[nodiscard]] bool isSharpening() const { return sharpening_; }
   [[nodiscard]] PixelSize fullSize() const { return fullSize_; }
+  /// The file whose picture is on the screen.
+  [[nodiscard]] const std::optional<std::filesystem::path>& shown() const { return shown_; }
 
 Q_SIGNALS:
   void placed(); ///< another photo is shown, of fullSize()
