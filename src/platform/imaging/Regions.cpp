@@ -17,6 +17,17 @@ std::pair<int, int> overlap(int start, int length, int end) {
   return {std::clamp(start, 0, end), static_cast<int>(std::clamp<std::int64_t>(behind, 0, end))};
 }
 
+Picture copied(const Picture& picture, const PixelRect& inside, WorkPool* pool) {
+  Picture piece = Picture::unpainted(inside.size());
+  std::uint32_t* rows = piece.writableRow(0);
+  inBands(pool, inside.height, rowsOfBand(inside.width), [&](int first, int end) {
+    for (int y = first; y < end; ++y)
+      std::copy_n(picture.row(inside.top + y) + inside.left, inside.width,
+                  rows + std::ptrdiff_t{y} * inside.width);
+  });
+  return piece;
+}
+
 void fill(Picture& picture, const PixelRect& region, std::uint32_t colour) {
   const PixelRect inside = cutTo(region, picture.size());
   for (int y = inside.top; y < inside.top + inside.height; ++y)
@@ -30,6 +41,13 @@ void draw(Picture& picture, const OutlineElement& outline) {
   fill(picture, {left, top + height - thick, width, thick}, outline.colour);
   fill(picture, {left, top, thick, height}, outline.colour);
   fill(picture, {left + width - thick, top, thick, height}, outline.colour);
+}
+
+/// Gives the picture pixels of its own; to do so at its first writable row takes one thread alone.
+void own(Picture& picture, WorkPool* pool) {
+  constexpr long itsOwnAndThisOne = 2;
+  if (picture.share().use_count() > itsOwnAndThisOne)
+    picture = copied(picture, {0, 0, picture.width(), picture.height()}, pool);
 }
 
 } // namespace
@@ -47,20 +65,14 @@ Picture cropped(const Picture& picture, const PixelRect& region, WorkPool* pool)
     throw RunTimeError("Nothing of the picture lies in the selection.");
   if (inside.size() == picture.size())
     return picture;
-  Picture piece = Picture::unpainted(inside.size());
-  std::uint32_t* rows = piece.writableRow(0);
-  inBands(pool, inside.height, rowsOfBand(inside.width), [&](int first, int end) {
-    for (int y = first; y < end; ++y)
-      std::copy_n(picture.row(inside.top + y) + inside.left, inside.width,
-                  rows + std::ptrdiff_t{y} * inside.width);
-  });
-  return piece;
+  return copied(picture, inside, pool);
 }
 
 void paste(Picture& picture, const Picture& piece, int left, int top, WorkPool* pool) {
   const PixelRect inside = cutTo({left, top, piece.width(), piece.height()}, picture.size());
   if (inside.isEmpty())
     return;
+  own(picture, pool);
   std::uint32_t* rows = picture.writableRow(0);
   inBands(pool, inside.height, rowsOfBand(inside.width), [&](int first, int end) {
     for (int y = inside.top + first; y < inside.top + end; ++y)
@@ -73,6 +85,8 @@ Picture flattened(Picture picture, const std::vector<PictureElement>& pieces,
                   const std::vector<OutlineElement>& outlines, WorkPool* pool) {
   for (const PictureElement& piece : pieces)
     paste(picture, piece.picture, piece.left, piece.top, pool);
+  if (!outlines.empty())
+    own(picture, pool);
   for (const OutlineElement& outline : outlines)
     draw(picture, outline);
   return picture;

@@ -88,13 +88,21 @@ struct Walk {
   std::ptrdiff_t down;  ///< and to the one below
 };
 
+/// A row of the tile; neighbours mostly lie side by side, and then the compiler takes many at once.
+void turnRow(const std::uint32_t* from, std::ptrdiff_t right, std::uint32_t* to, int count) {
+  if (right == 1)
+    std::copy_n(from, count, to);
+  else if (right == -1)
+    std::reverse_copy(from - count + 1, from + 1, to);
+  else
+    for (int x = 0; x < count; ++x)
+      to[x] = from[x * right];
+}
+
 void turnTile(const Walk& walk, const PixelRect& tile, std::uint32_t* rows, int width) {
-  for (int y = tile.top; y < tile.top + tile.height; ++y) {
-    const std::uint32_t* from = walk.at(tile.left, y);
-    std::uint32_t* to = rows + std::ptrdiff_t{y} * width + tile.left;
-    for (int x = 0; x < tile.width; ++x)
-      to[x] = from[x * walk.right];
-  }
+  for (int y = tile.top; y < tile.top + tile.height; ++y)
+    turnRow(walk.at(tile.left, y), walk.right, rows + std::ptrdiff_t{y} * width + tile.left,
+            tile.width);
 }
 
 } // namespace
@@ -133,11 +141,13 @@ Picture uprighted(const Picture& picture, int orientation, WorkPool* pool) {
     return picture;
   const PixelSize size = uprightSize(picture.size(), orientation);
   Picture upright = Picture::unpainted(size);
-  const Walk walk(picture, turns[static_cast<std::size_t>(orientation)]);
+  const Turn& turn = turns[static_cast<std::size_t>(orientation)];
+  const Walk walk(picture, turn);
+  const int tileWidth = turn.swapsSides ? tileSide : size.width;
   std::uint32_t* rows = upright.writableRow(0);
   inBands(pool, size.height, tileSide, [&](int top, int bottom) {
-    for (int left = 0; left < size.width; left += tileSide)
-      turnTile(walk, {left, top, std::min(tileSide, size.width - left), bottom - top}, rows,
+    for (int left = 0; left < size.width; left += tileWidth)
+      turnTile(walk, {left, top, std::min(tileWidth, size.width - left), bottom - top}, rows,
                size.width);
   });
   return upright;
