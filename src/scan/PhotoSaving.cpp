@@ -9,6 +9,7 @@
 #include "SafeFile.h"
 #include "Trash.h"
 
+#include <functional>
 #include <ostream>
 #include <string_view>
 
@@ -21,9 +22,11 @@ namespace {
 constexpr const char* backupFolder = "\\Backup";
 constexpr std::size_t thumbnailName = 9; ///< characters of "00012.jpg"
 
-void replaceWith(const fs::path& target, std::string_view bytes) {
+void replaceWith(const fs::path& target, std::string_view bytes,
+                 const std::function<void()>& beforePlacing = {}) {
   fs::create_directories(target.parent_path());
-  replaceFile(target, [&](std::ostream& out) { out << bytes; });
+  replaceFile(
+      target, [&](std::ostream& out) { out << bytes; }, beforePlacing);
 }
 
 fs::path thumbnailOf(const Album& album, const fs::path& photo) {
@@ -61,10 +64,12 @@ void writePhoto(const Picture& picture, const PhotoPlaces& places) {
   const std::string photo = jpegBytes(picture, photoFactor);
   const PixelSize small = sizeWithin(picture.size(), thumbnailSide);
   const std::string thumbnail = jpegBytes(resample(picture, small), thumbnailFactor);
-  if (fileExists(places.photo))
-    copyToTrash(places.photo, places.backup);
-  replaceWith(places.photo, photo);
-  replaceWith(places.thumbnail, thumbnail);
+  const auto keepOld = [&] {
+    if (fileExists(places.photo))
+      copyToTrash(places.photo, places.backup);
+  };
+  // Both are on the disk before either takes its place: a disk that is full changes neither.
+  replaceWith(places.thumbnail, thumbnail, [&] { replaceWith(places.photo, photo, keepOld); });
 }
 
 KeptPage::KeptPage(const ApplicationFolder& folder)
