@@ -12,7 +12,7 @@ namespace hearthbook::bench {
 
 namespace {
 
-constexpr int bands = 3;
+constexpr std::size_t bands = 3;
 constexpr int pixelBytes = 4;
 constexpr std::size_t levels = 256;
 
@@ -50,20 +50,24 @@ void intoMemory(VipsImage* image) {
   g_object_unref(image);
 }
 
-/// The stretch of one colour, as ours makes it.
-void stretch(const unsigned* counts, std::uint8_t* tones) {
+/// The stretch of one colour, as ours makes it; the colours take turns in both.
+void stretch(const std::vector<unsigned>& counts, std::size_t band,
+             std::vector<std::uint8_t>& tones) {
+  const auto count = [&](std::size_t value) { return counts[value * bands + band]; };
   unsigned total = 0;
-  for (std::size_t i = 0; i < levels; ++i)
-    total += counts[i * bands];
-  int low = 0;
-  int high = levels - 1;
-  for (unsigned sum = 0; low < high && (sum += counts[low * bands]) <= total / 200;)
+  for (std::size_t value = 0; value < levels; ++value)
+    total += count(value);
+  std::size_t low = 0;
+  std::size_t high = levels - 1;
+  for (unsigned sum = count(low); low < high && sum <= total / 200; sum += count(low))
     ++low;
-  for (unsigned sum = 0; high > low && (sum += counts[high * bands]) <= total / 200;)
+  for (unsigned sum = count(high); high > low && sum <= total / 200; sum += count(high))
     --high;
-  for (int i = 0; i < static_cast<int>(levels); ++i)
-    tones[i * bands] =
-        static_cast<std::uint8_t>(std::clamp((i - low) * 255 / std::max(1, high - low), 0, 255));
+  const auto apart = static_cast<double>(std::max<std::size_t>(1, high - low));
+  for (std::size_t value = 0; value < levels; ++value) {
+    const double wanted = (static_cast<double>(value) - static_cast<double>(low)) * 255 / apart;
+    tones[value * bands + band] = static_cast<std::uint8_t>(std::clamp(wanted, 0.0, 255.0));
+  }
 }
 
 } // namespace
@@ -87,11 +91,12 @@ void VipsReference::autoLevels() {
   VipsImage* histogram = nullptr;
   expectDone(vips_hist_find(photoInColours_, &histogram, nullptr));
   std::size_t size = 0;
-  auto* counts = static_cast<unsigned*>(vips_image_write_to_memory(histogram, &size));
+  auto* counted = static_cast<unsigned*>(vips_image_write_to_memory(histogram, &size));
+  const std::vector<unsigned> counts(counted, counted + levels * bands);
   std::vector<std::uint8_t> tones(levels * bands);
   for (std::size_t band = 0; band < bands; ++band)
-    stretch(counts + band, tones.data() + band);
-  g_free(counts);
+    stretch(counts, band, tones);
+  g_free(counted);
   g_object_unref(histogram);
   VipsImage* table = imageOn(tones.data(), {static_cast<int>(levels), 1}, bands);
   VipsImage* result = nullptr;

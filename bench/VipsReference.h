@@ -6,7 +6,7 @@
 #include <cstdint>
 #include <vector>
 
-struct _VipsImage;
+#include <vips/vips.h>
 
 namespace hearthbook::bench {
 
@@ -35,9 +35,9 @@ private:
   Picture keptPhoto_;
   Picture keptPiece_;
   std::vector<std::uint8_t> colours_;
-  _VipsImage* photo_;
-  _VipsImage* piece_;
-  _VipsImage* photoInColours_;
+  VipsImage* photo_;
+  VipsImage* piece_;
+  VipsImage* photoInColours_;
 };
 
 } // namespace hearthbook::bench
