@@ -211,7 +211,7 @@ std::filesystem::path ExportDesigner::CreatePage() {
   DesignedPage page = surface_->content();
   page.background = background_;
   page.music = music_;
-  const auto file = writeDesignedPage(album_.folder, page);
+  auto file = writeDesignedPage(album_.folder, page);
   made_ = true;
   return file;
 }

@@ -84,7 +84,8 @@ void FoundPhotos::layOutBar() {
 }
 
 std::size_t FoundPhotos::hitOf(int cell) const {
-  return static_cast<std::size_t>(bar_->value() * columns + cell);
+  const int hit = bar_->value() * columns + cell;
+  return static_cast<std::size_t>(hit);
 }
 
 void FoundPhotos::showPage() {
