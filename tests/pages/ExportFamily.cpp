@@ -35,10 +35,10 @@ std::vector<std::string> split(const std::string& text, char at) {
   return parts;
 }
 
-/// Two seconds of a tone; what it sounds like does not matter.
+/// A tone so long that it still plays when a slow browser is asked whether it does.
 std::string tone() {
   constexpr int rate = 8000;
-  constexpr int samples = 2 * rate;
+  constexpr int samples = 300 * rate;
   std::string wave("RIFF");
   const auto put = [&wave](unsigned value, int bytes) {
     for (int i = 0; i < bytes; ++i)
