@@ -54,9 +54,8 @@ PixelSize printedPixels(TwipsRect place, PixelSize full, int dotsPerInch) {
 }
 
 Picture pixelsForPrint(const SheetPicture& picture, const PrintSettings& settings) {
-  const Picture pixels = picture.file.empty()
-                             ? picture.atHand
-                             : decodedForPrint(picture, dotsPerInch(settings.quality));
+  Picture pixels = picture.file.empty() ? picture.atHand
+                                        : decodedForPrint(picture, dotsPerInch(settings.quality));
   if (pixels.isNull() || settings.colorMode == ColorMode::Color)
     return pixels;
   return greyed(pixels);
