@@ -30,9 +30,12 @@ QString countText(std::size_t photos) {
   return QStringLiteral("%1 photos in sub-album").arg(photos);
 }
 
-/// As drawn, and larger where the screen has room for larger thumbnails.
+/// As drawn, and larger where the screen has room for larger thumbnails: what grows is the strip.
 QSize sizeOn(QSize screen, QSize drawn) {
-  return drawn.expandedTo(screen * 7 / 10).boundedTo(screen);
+  const QSize strip(682, 382);
+  const QSize around = drawn - strip;
+  const QSize grown = strip.scaled(screen * 7 / 10 - around, Qt::KeepAspectRatio);
+  return drawn.expandedTo(around + grown).boundedTo(screen);
 }
 
 } // namespace
