@@ -8,6 +8,8 @@
 #include <QMainWindow>
 #include <QMenuBar>
 
+#include <algorithm>
+
 namespace hearthbook {
 namespace {
 
@@ -139,6 +141,23 @@ TEST_F(FrameMenuTest, ARemovedAlbumIsGoneAndTheMasterAlbumCannotBeRemoved) {
   menu.removeAlbum(99);
 
   EXPECT_EQ(albumNames(), QStringList{QStringLiteral("Master Album")});
+}
+
+TEST_F(FrameMenuTest, TwoHundredAlbumsAreFoundByTheirIdAndStandInTheOrderOfNames) {
+  const auto name = [](int id) { return QStringLiteral("Lake %1").arg(id * 37 % 200, 3); };
+  for (int id = 1; id <= 200; ++id)
+    menu.addAlbum(id, name(id));
+  menu.removeAlbum(100);
+  menu.renameAlbum(200, QStringLiteral("Zoo"));
+
+  QStringList names = albumNames();
+  ASSERT_EQ(names.size(), 200); // the Master Album is one of them
+  EXPECT_EQ(names.takeFirst(), QStringLiteral("Master Album"));
+  EXPECT_EQ(names.back(), QStringLiteral("Zoo"));
+  EXPECT_TRUE(std::ranges::is_sorted(names));
+  EXPECT_FALSE(menu.album(100));
+  for (const int id : {1, 99, 101, 199})
+    EXPECT_EQ(menu.album(id)->text(), name(id));
 }
 
 TEST_F(FrameMenuTest, AnAmpersandInAnAlbumsNameIsShown) {

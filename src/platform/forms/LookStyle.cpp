@@ -135,6 +135,8 @@ int LookStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidg
     return 0; // whatever the desktop says: a click chooses, a double click does
   if (hint == SH_DialogButtonBox_ButtonsHaveIcons)
     return 0; // boxes look as the forms do, on every desktop
+  if (hint == SH_Menu_Scrollable)
+    return 1; // columns beside one another would leave the screen: a family has many sub-albums
   return QProxyStyle::styleHint(hint, option, widget, more);
 }
 

@@ -10,7 +10,9 @@
 #include <QDialogButtonBox>
 #include <QFontInfo>
 #include <QFontMetricsF>
+#include <QMenu>
 #include <QPushButton>
+#include <QScreen>
 #include <QSignalSpy>
 #include <QStyle>
 #include <QTest>
@@ -53,6 +55,22 @@ QImage grabbed(QWidget& widget) {
 }
 
 } // namespace
+
+TEST(Look, AMenuOfTwoHundredEntriesStaysOnTheScreenAndTheLastOneIsReached) {
+  QMenu menu;
+  for (int number = 1; number <= 200; ++number)
+    menu.addAction(toQString("Summer at the lake ") + QString::number(number));
+  menu.popup(QPoint(10, 10));
+  ASSERT_TRUE(QTest::qWaitForWindowExposed(&menu));
+  const QSize screen = menu.screen()->availableSize();
+  EXPECT_LE(menu.width(), screen.width() / 2); // one column
+  EXPECT_LE(menu.height(), screen.height());
+  QTest::keyClick(&menu, Qt::Key_End);
+  const QAction* last = menu.actions().last();
+  EXPECT_EQ(menu.activeAction(), last);
+  EXPECT_TRUE(menu.rect().contains(menu.actionGeometry(const_cast<QAction*>(last))));
+  menu.close();
+}
 
 TEST(Look, ContrastIsThatOfTheGuidelines) {
   EXPECT_NEAR(contrast(Qt::black, Qt::white), 21, 0.01);
