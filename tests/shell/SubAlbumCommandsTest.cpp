@@ -8,11 +8,13 @@
 #include "Forms.h"
 #include "FrameMenu.h"
 #include "MDIForm1.h"
+#include "PageCells.h"
 #include "Search.h"
 #include "ShellFixture.h"
 #include "Startup.h"
 #include "SubAlbumStrip.h"
 #include "Text.h"
+#include "Viewer.h"
 #include "Wiring.h"
 
 #include <gtest/gtest.h>
@@ -70,6 +72,21 @@ protected:
     std::vector<std::string> ids;
     for (; !rows.atEOF(); rows.MoveNext())
       ids.push_back(rows.Collect("PhotoID").toText());
+    return ids;
+  }
+  /// The pages of Lake, of all five photos now.
+  Viewer& openLake() {
+    album().data.AlbumDB.execute("INSERT INTO SubAlbumPhotos (AlbumID, PhotoID, [Index]) SELECT 7, "
+                                 "PictureID, 10 FROM PhotoAlbum WHERE PictureID IN ('HD00001', "
+                                 "'HD00003', 'HD00005')");
+    frame->menu().album(7)->trigger();
+    return Forms::get<Viewer>();
+  }
+  static std::vector<std::string> shownOn(const Viewer& pages) {
+    std::vector<std::string> ids;
+    for (int cell = 0; cell < photosOnPage; ++cell)
+      if (pages.cells().at(cell).photo->hasSource())
+        ids.push_back(pages.cells().at(cell).tag);
     return ids;
   }
   [[nodiscard]] QStringList menuNames() const {
@@ -193,6 +210,59 @@ TEST_F(SubAlbumCommandsTest, TheStartScreenOpensTheExportToo) {
   });
   press(Forms::get<Startup>(), "Image6");
   EXPECT_TRUE(opened);
+}
+
+TEST_F(SubAlbumCommandsTest, WhatThePagesShowIsPutInOrderAndTheyBeginAnewWithIt) {
+  auto& pages = openLake();
+  press(pages, "Command1");
+  EXPECT_EQ(labelOf(pages, "PosLabel"), "Page 2 of 2");
+  inEditor([&](const AddSubAlbum& editor) {
+    EXPECT_EQ(labelOf(editor, "Label1"), "Editing Lake");
+    EXPECT_EQ(labelOf(editor, "lblCount"), "5 photos in sub-album");
+    for (const char* hidden : {"Command1", "Command2", "OKButton", "SubAlbumList"})
+      EXPECT_FALSE(editor.findChild<QWidget*>(toQString(hidden))->isVisible()) << hidden;
+    Q_EMIT editor.findChild<SubAlbumStrip*>()->moveAsked(1, 0);
+    press(editor, "CancelButton");
+  });
+  press(pages, "Command5");
+  EXPECT_EQ(labelOf(pages, "PosLabel"), "Page 1 of 2");
+  const auto shown = shownOn(pages);
+  ASSERT_EQ(shown.size(), 4u);
+  EXPECT_EQ(shown[0], "HD00002");
+  EXPECT_EQ(shown[1], "HD00004");
+  const auto stored = members();
+  EXPECT_EQ(shown, Ids(stored.begin(), stored.begin() + 4));
+}
+
+TEST_F(SubAlbumCommandsTest, APhotoTakenOutOverThePagesIsGoneFromThem) {
+  auto& pages = openLake();
+  inEditor([&](const AddSubAlbum& editor) {
+    Q_EMIT editor.findChild<SubAlbumStrip*>()->menuAsked(0, QPoint(50, 50));
+    frame->menu().menu("mnuEdit").close();
+    frame->menu().item("mnuRemove")->trigger();
+  });
+  press(pages, "Command5");
+  EXPECT_EQ(labelOf(pages, "PosLabel"), "Page 1 of 1");
+  EXPECT_EQ(shownOn(pages), members());
+}
+
+TEST_F(SubAlbumCommandsTest, PagesOfASubAlbumThatIsEmptyNowClose) {
+  frame->menu().album(7)->trigger();
+  inEditor([&](const AddSubAlbum& editor) {
+    for (int twice = 0; twice < 2; ++twice)
+      Q_EMIT editor.findChild<SubAlbumStrip*>()->removeAsked(0);
+  });
+  press(Forms::get<Viewer>(), "Command5");
+  EXPECT_TRUE(members().empty());
+  EXPECT_EQ(Forms::loaded<Viewer>(), nullptr);
+}
+
+TEST_F(SubAlbumCommandsTest, WithoutAChangeThePagesStayWhereTheyAre) {
+  auto& pages = openLake();
+  press(pages, "Command1");
+  inEditor([](const AddSubAlbum&) {});
+  press(pages, "Command5");
+  EXPECT_EQ(labelOf(pages, "PosLabel"), "Page 2 of 2");
 }
 
 } // namespace
