@@ -6,22 +6,54 @@ import album_steps as steps
 
 
 def open_for_result(person):
-    """From a search: everything that was found comes along."""
-    person.click(person.find("push button", "Add All To Sub-Album"))
+    """From a search: what is selected comes along, or everything that was found."""
+    person.click(person.find("push button", re.compile("^Add (All )?To Sub-Album$")))
     return person.window("Sub-Album Editor")
+
+
+def open_for_photo(person):
+    """From Build Album: the photo there comes along."""
+    person.click(person.find("push button", "Add To Sub-Album"))
+    return person.window("Sub-Album Editor")
+
+
+def open_for_pages(person):
+    """From the pages of a sub-album."""
+    person.click(person.find("push button", "Edit Sub-Album"))
+    return person.window("Sub-Album Editor")
+
+
+def leave(person, editor):
+    person.click(person.find("push button", "Done", within=editor))
+    person.closed(editor)
 
 
 def create(person, editor, name):
     person.click(person.find("push button", "Create Sub-Album", within=editor))
     box = person.box("Add New Sub-Album")
     steps.answer(person, box, name)
-    person.find("label", "0 photos in sub-album", within=editor)
+    holds(person, editor, 0)
+
+
+def choose(person, editor, name, count):
+    person.click(person.find("list item", name, within=editor))
+    holds(person, editor, count)
+
+
+def holds(person, editor, count):
+    person.find("label", f"{count} photos in sub-album", within=editor)
 
 
 def add(person, editor, expected):
     person.click(person.find("push button", "Add Photos To Selected Album", within=editor))
     steps.say(person, person.box("Add To Sub-Album"), "OK")
-    person.find("label", f"{expected} photos in sub-album", within=editor)
+    holds(person, editor, expected)
+
+
+def ask_to_arrange(person, editor, choice):
+    """Answers with the question whether one is sure."""
+    person.choose(person.find("combo box", within=editor), choice)
+    return person.box("Auto-Arrange Sub-Album")
 
 
 def photo(person, editor, number):
@@ -33,18 +65,12 @@ def photo(person, editor, number):
 
 def hold(person, thing):
     """Takes a photo with the mouse."""
-    left, top, width, height = thing.place
-    person._move(round(left + 0.5 * width), round(top + 0.5 * height))
-    person._hand("mousedown", "1")
-    for step in (6, 12, 18):
-        person._move(round(left + 0.5 * width + step), round(top + 0.5 * height))
+    person.hold_down(thing)
 
 
 def let_go(person, thing):
-    for share in (0.4, 0.6, 0.5):
-        left, top, width, height = thing.place
-        person._move(round(left + share * width), round(top + share * height))
-    person._hand("mouseup", "1")
+    person.drag_over(thing)
+    person.let_go()
 
 
 def pull(person, thing, target):

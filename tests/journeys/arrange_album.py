@@ -22,11 +22,6 @@ def add_photographs(person, home):
     steps.leave_add_from_file(person)
 
 
-def leave(person, editor):
-    person.click(person.find("push button", "Done", within=editor))
-    person.closed(editor)
-
-
 def photos(person, editor, *numbers):
     return [order.photo(person, editor, number) for number in numbers]
 
@@ -36,14 +31,13 @@ def fill(person, home):
     editor = order.open_for_result(person)
     order.create(person, editor, ALBUM)
     order.add(person, editor, COUNT)
-    leave(person, editor)
+    order.leave(person, editor)
     expect(sorted(order.stored(home)) == list(range(1, COUNT + 1)), "everything that was found is in it")
 
 
 def open_album(person):
     editor = order.open_for_result(person)
-    person.click(person.find("list item", ALBUM, within=editor))
-    person.find("label", f"{COUNT} photos in sub-album", within=editor)
+    order.choose(person, editor, ALBUM, COUNT)
     return editor
 
 
@@ -51,12 +45,12 @@ def move_by_hand(person, home):
     before = order.stored(home)
     editor = open_album(person)
     order.pull(person, *photos(person, editor, 6, 3))
-    leave(person, editor)
+    order.leave(person, editor)
     there = before[:2] + [before[5]] + before[2:5] + before[6:]
     expect(order.stored(home) == there, f"the sixth went to the third place: {order.stored(home)}")
     editor = open_album(person)
     order.pull(person, *photos(person, editor, 3, 6))
-    leave(person, editor)
+    order.leave(person, editor)
     expect(order.stored(home) == before, f"and back: {order.stored(home)}")
 
 
@@ -68,15 +62,14 @@ def move_out_of_view(person, home):
     order.hold(person, start)
     order.wait_below(person, editor, COUNT)
     order.let_go(person, order.photo(person, editor, COUNT))
-    leave(person, editor)
+    order.leave(person, editor)
     expect(order.stored(home) == before[1:] + before[:1], f"the first went to the end: {order.stored(home)}")
 
 
 def arrange(person, home):
     editor = open_album(person)
-    person.choose(person.find("combo box", "Select Auto Arrange:", within=editor), "By scan order")
-    steps.say(person, person.box("Auto-Arrange Sub-Album"), "OK")
-    leave(person, editor)
+    steps.say(person, order.ask_to_arrange(person, editor, "By scan order"), "OK")
+    order.leave(person, editor)
     expect(order.stored(home) == list(range(1, COUNT + 1)), f"in the order of numbers: {order.stored(home)}")
 
 

@@ -180,6 +180,23 @@ class Person:
         self._move(*spot(end))
         self._hand("mouseup", "1")
 
+    def hold_down(self, thing):
+        """Presses the button on a thing and pulls a little at it."""
+        self.point(thing)
+        self._hand("mousedown", "1")
+        x, y = thing.middle
+        for step in (6, 12, 18):
+            self._move(x + step, y)
+
+    def drag_over(self, thing):
+        """Comes over another thing with the button held."""
+        left, top, width, height = thing.place
+        for share in (0.4, 0.6, 0.5):
+            self._move(round(left + share * width), round(top + share * height))
+
+    def let_go(self):
+        self._hand("mouseup", "1")
+
     def point(self, thing):
         self._move(*thing.middle)
 
