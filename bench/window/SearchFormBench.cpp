@@ -1,8 +1,8 @@
 #include "../BareLoop.h"
 #include "../Machine.h"
+#include "../SampleThumbnails.h"
 #include "AlbumStart.h"
 #include "BenchAlbum.h"
-#include "Encode.h"
 #include "Forms.h"
 #include "Guard.h"
 #include "JetSql.h"
@@ -38,40 +38,8 @@ namespace hearthbook::bench {
 namespace {
 
 constexpr int photoCount = 99'999;
-constexpr int differentThumbnails = 240;
 constexpr int decodeAheadMs = 300;
 constexpr double mostGrowth = 20e6;
-
-Picture smallLandscape(unsigned seed) {
-  Picture picture({73, 55});
-  std::uint32_t grain = seed * 2654435761U + 1;
-  for (int y = 0; y < picture.height(); ++y) {
-    std::uint32_t* row = picture.writableRow(y);
-    for (int x = 0; x < picture.width(); ++x) {
-      grain = grain * 1664525U + 1013904223U;
-      const std::uint32_t shade = (static_cast<std::uint32_t>(x * (seed % 7 + 1) + y * 3)) & 127U;
-      row[x] = 0xff000000U | (shade + (grain >> 27U)) << 16U | (shade + 60) << 8U | 90U;
-    }
-  }
-  return picture;
-}
-
-std::filesystem::path numbered(const std::filesystem::path& folder, int number) {
-  return folder / (std::to_string(100'000 + number).substr(1) + ".jpg");
-}
-
-/// A file for each photo, some of them the same.
-void writeThumbnails(const std::filesystem::path& folder) {
-  std::filesystem::create_directories(folder);
-  for (int number = 1; number <= photoCount; ++number)
-    if (number <= differentThumbnails) {
-      std::ofstream file(numbered(folder, number), std::ios::binary);
-      writeJpeg(file, smallLandscape(static_cast<unsigned>(number)), 15);
-    } else {
-      std::filesystem::create_hard_link(numbered(folder, number % differentThumbnails + 1),
-                                        numbered(folder, number));
-    }
-}
 
 /// With the library alone.
 QImage decode(const std::filesystem::path& path) {
@@ -109,7 +77,7 @@ double seconds(const QElapsedTimer& passed) {
 class OpenSearch {
 public:
   OpenSearch() : folder_(photoCount), album_(ApplicationFolder(folder_.path())) {
-    writeThumbnails(folder_.path() / "Thumbnails");
+    writeThumbnails(folder_.path() / "Thumbnails", photoCount);
     startAlbum(album_, [] { return false; });
     frame_ = std::make_unique<MDIForm1>(album_, ShellServices());
     wiring_ = std::make_unique<Wiring>(album_, *frame_);
