@@ -115,7 +115,7 @@ void StripDrag::cancel() {
 }
 
 void StripDrag::setPointer(const QWidget& icon) {
-  if (cell_->cursor().shape() != icon.cursor().shape())
+  if (cell_->cursor() != icon.cursor())
     cell_->setCursor(icon.cursor());
 }
 

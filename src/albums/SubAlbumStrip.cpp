@@ -6,6 +6,7 @@
 #include "StripCell.h"
 #include "StripDrag.h"
 #include "StripPage.h"
+#include "StripPointer.h"
 #include "StripZone.h"
 #include "Text.h"
 
@@ -51,11 +52,10 @@ QWidget* makeMark(QWidget* parent) {
   return mark;
 }
 
-/// Holds a pointer of the desktop.
-QWidget* makeDragIcon(const char* name, Qt::CursorShape shape, QWidget* parent) {
+/// Holds a pointer.
+QWidget* makeDragIcon(const char* name, QWidget* parent) {
   auto* icon = new QWidget(parent);
   icon->setObjectName(QString::fromLatin1(name));
-  icon->setCursor(shape);
   icon->hide();
   return icon;
 }
@@ -69,6 +69,7 @@ SubAlbumStrip::SubAlbumStrip(QWidget* parent) : Stage(wholeStrip, parent) {
   makeDrag();
   connect(scroll_, &QScrollBar::valueChanged, this, &SubAlbumStrip::scrolled);
   connect(this, &Stage::scaled, this, [this] {
+    makePointers();
     if (pictures_)
       pictures_->loadAgain();
   });
@@ -124,12 +125,19 @@ void SubAlbumStrip::makeCell(std::size_t cell) {
 void SubAlbumStrip::makeDrag() {
   QWidget* mark = makeMark(page_);
   page_->place(mark, stripCell(0));
-  drag_ = new StripDrag(
-      {page_, above_, below_, scroll_, mark, makeDragIcon("Image2", Qt::ForbiddenCursor, this),
-       makeDragIcon("Image3", Qt::DragMoveCursor, this), [this](QPoint at) { return photoAt(at); }},
-      this);
+  noDrop_ = makeDragIcon("Image2", this);
+  canDrop_ = makeDragIcon("Image3", this);
+  makePointers();
+  drag_ = new StripDrag({page_, above_, below_, scroll_, mark, noDrop_, canDrop_,
+                         [this](QPoint at) { return photoAt(at); }},
+                        this);
   connect(drag_, &StripDrag::dropped, this, &SubAlbumStrip::moveAsked);
   connect(drag_, &StripDrag::ended, this, &SubAlbumStrip::showCells);
+}
+
+void SubAlbumStrip::makePointers() {
+  noDrop_->setCursor(stripPointer(StripPointer::NoDrop, scale()));
+  canDrop_->setCursor(stripPointer(StripPointer::CanDrop, scale()));
 }
 
 void SubAlbumStrip::setSource(StripPictures::Source source, const PhotoOrder& order) {

@@ -53,6 +53,7 @@ private:
   void makeParts();
   void makeCell(std::size_t cell);
   void makeDrag();
+  void makePointers();
   void scrolled();
   void setScrollRange();
   void loadView();
@@ -74,6 +75,8 @@ private:
   StripZone* above_;
   StripZone* below_;
   QScrollBar* scroll_;
+  QWidget* noDrop_ = nullptr;
+  QWidget* canDrop_ = nullptr;
   StripDrag* drag_ = nullptr;
   std::array<StripCell*, stripInView> cells_{};
   std::size_t lastScroll_ = 0;

@@ -1,5 +1,6 @@
 #include "SubAlbumFixture.h"
 
+#include "PhotoFiles.h"
 #include "StripPage.h"
 #include "StripZone.h"
 
@@ -153,22 +154,28 @@ TEST_F(SubAlbumStripForm, TheMarkStandsInFrontOfOrBehindThePhotoUnderThePointer)
 
 TEST_F(SubAlbumStripForm, ThePointerSaysWhetherADropIsPossible) {
   auto& form = openAlbum(8);
-  const auto shape = [&] { return source_->cursor().shape(); };
-  const auto icon = [&](const char* name) {
-    return control<QWidget>(form, name)->cursor().shape();
-  };
+  const auto pointer = [&] { return source_->cursor(); };
+  const auto icon = [&](const char* name) { return control<QWidget>(form, name)->cursor(); };
   press(cell(form, 4));
   pullTo(cell(form, 1));
-  EXPECT_EQ(shape(), icon("Image3"));
+  EXPECT_TRUE(pointer() == icon("Image3"));
   for (const char* nowhere : {"Picture3", "Picture4", "VScroll1"}) {
     pullTo(*control<QWidget>(form, nowhere));
-    EXPECT_EQ(shape(), icon("Image2")) << nowhere;
+    EXPECT_TRUE(pointer() == icon("Image2")) << nowhere;
     EXPECT_FALSE(isShown(form, "Shape1"));
     pullTo(cell(form, 1));
   }
-  EXPECT_NE(icon("Image2"), icon("Image3"));
+  EXPECT_NE(icon("Image2").pixmap().toImage(), icon("Image3").pixmap().toImage());
   letGo(cell(form, 1));
   EXPECT_EQ(source_->cursor().shape(), Qt::ArrowCursor);
+}
+
+TEST_F(SubAlbumStripForm, ThePointerGrowsWithTheThumbnails) {
+  auto& form = openAlbum(8);
+  const auto side = [&] { return control<QWidget>(form, "Image3")->cursor().pixmap().width(); };
+  const int drawn = side();
+  form.resize(form.size() * 2);
+  EXPECT_GT(side(), drawn);
 }
 
 TEST_F(SubAlbumStripForm, WithEighteenPhotosNothingScrolls) {
@@ -193,6 +200,19 @@ TEST_F(SubAlbumStripForm, WithNineteenPhotosThereIsOneRowMore) {
   settle();
   EXPECT_EQ(shown(form), shownFrom(6, 13));
   EXPECT_LE(strip(form).heldPictures(), 18u);
+}
+
+TEST_F(SubAlbumStripForm, ASubAlbumOfAnySizeIsShownAndCountedWhole) {
+  addPhotoRows(folder_, 20);
+  auto& form = openForEditor();
+  for (const int size : {0, 1, 18, 19}) {
+    album_ = addSubAlbum(folder_, "Lake", size ? fromTo(2, size + 1) : Numbers{});
+    control<DataList>(form, "SubAlbumList")->ReFill();
+    choose(form, album_);
+    EXPECT_EQ(text(form, "lblCount"), std::to_string(size) + " photos in sub-album");
+    EXPECT_EQ(shown(form).size(), static_cast<std::size_t>(std::min(size, 18)));
+    EXPECT_EQ(scroll(form).isEnabled(), size > 18) << size;
+  }
 }
 
 TEST_F(SubAlbumStripForm, AZoneScrollsByOneRowAndWaitsForThePointerToMove) {
@@ -272,6 +292,26 @@ TEST_F(SubAlbumStripForm, NoMoreThanEighteenPicturesAreHeld) {
     EXPECT_EQ(shown(form), shownFrom(6 * row, 18)) << row;
     EXPECT_EQ(strip(form).heldPictures(), 18u) << row;
   }
+}
+
+TEST_F(SubAlbumStripForm, OfTenThousandPhotosOnlyThoseInViewAreDecoded) {
+  const auto album = addAlbumUpTo(10001);
+  data().rsSubAlbumPhotos.Open(stripQuery(std::to_string(album)));
+  PhotoOrder order;
+  order.read(data().rsSubAlbumPhotos);
+  std::size_t asked = 0;
+  SubAlbumStrip strip;
+  strip.setSource({loader_, pool_,
+                   [&asked](const std::string&) -> std::optional<std::filesystem::path> {
+                     ++asked;
+                     return std::nullopt;
+                   },
+                   notFoundPicture(this->album())},
+                  order);
+  strip.showOrder();
+  EXPECT_EQ(asked, 18u);
+  strip.findChild<QScrollBar*>()->setValue(1);
+  EXPECT_EQ(asked, 24u);
 }
 
 TEST_F(SubAlbumStripForm, APhotoWithoutAThumbnailShowsTheNotFoundPictureAndStays) {
