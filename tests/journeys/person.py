@@ -3,6 +3,7 @@
 Nothing here reaches into the program. What is found is what a screen reader would say, what is done
 is done with the mouse and the keyboard of the hidden desktop.
 """
+import functools
 import itertools
 import os
 import re
@@ -15,12 +16,15 @@ MENU_ITEMS = ("menu item", "check menu item")
 BOXES = ("dialog", "alert", "file chooser")
 UNSEEN_UNTIL_OPENED = ("menu item", "check menu item", "popup menu", "list item")
 LONG_LIST = 400
+LATEST_ANSWER = 60_000  # milliseconds
 
 
+@functools.cache
 def _atspi():
     import gi
     gi.require_version("Atspi", "2.0")
     from gi.repository import Atspi
+    Atspi.set_timeout(LATEST_ANSWER, LATEST_ANSWER)  # a busy program answers late; else 0.8 s
     return Atspi
 
 
