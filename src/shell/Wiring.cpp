@@ -72,16 +72,19 @@ PictureLoader::Deliver deliverHere() {
 
 /// Two pages of thumbnails at the size of a large screen: enough for the next one to be ready,
 /// little enough for a hundred thousand to go by.
-constexpr std::size_t thumbnailBytes = 12u << 20;
+constexpr PictureCache::Room thumbnailRoom{std::size_t{12} << 20};
 
-/// The photo on the full screen and its neighbours, of 12 megapixels each.
-constexpr std::size_t largePhotoBytes = 192u << 20;
+/// An album page with its two neighbours, and the photos of the editor.
+constexpr PictureCache::Room photoRoom{std::size_t{256} << 20, 20};
+
+/// The photo on the full screen and its neighbours, of 12 megapixels each; one of them magnified.
+constexpr PictureCache::Room largePhotoRoom{std::size_t{192} << 20, 6};
 
 } // namespace
 
 Wiring::Wiring(Album& album, MDIForm1& frame, const ShellServices& services)
-    : loader_(pool_, deliverHere()), thumbnails_(pool_, deliverHere(), thumbnailBytes),
-      largePhotos_(pool_, deliverHere(), largePhotoBytes), scanner_(deliverHere()),
+    : loader_(pool_, deliverHere(), photoRoom), thumbnails_(pool_, deliverHere(), thumbnailRoom),
+      largePhotos_(pool_, deliverHere(), largePhotoRoom), scanner_(deliverHere()),
       help_(album.vars, frame) {
   Forms::provide<Startup>([this, &album, &frame] {
     auto* start = new Startup(album, pool_, loader_, startupCommands(frame.commands()));

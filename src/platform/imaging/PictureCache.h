@@ -10,10 +10,20 @@
 
 namespace hearthbook {
 
-/// The decoded pictures used last, as many as fit into a number of bytes. Not thread-safe.
+/// What a picture of this size takes when it is decoded.
+std::size_t decodedBytes(PixelSize size);
+
+/// The decoded pictures used last, as many as there is room for. Not thread-safe.
 class PictureCache {
 public:
-  explicit PictureCache(std::size_t bytes) : room_(bytes) {}
+  /// What is held at most. The bytes are for large pictures; small ones would go on filling them
+  /// with what nobody comes back to.
+  struct Room {
+    std::size_t bytes = std::size_t{256} << 20;
+    std::size_t pictures = 1000;
+  };
+
+  explicit PictureCache(Room room) : room_(room) {}
 
   /// The picture, if it is here and its file is still the one it was made from.
   const Decoded* find(const PictureWish& wish, const FileStamp& stamp);
@@ -29,7 +39,7 @@ private:
 
   void erase(Entries::iterator entry);
 
-  std::size_t room_;
+  Room room_;
   std::size_t used_ = 0;
   Entries entries_;
   std::map<PictureWish, Entries::iterator> index_;

@@ -1,7 +1,5 @@
 #include "PictureLoader.h"
 
-#include "PictureCache.h"
-
 #include <algorithm>
 #include <condition_variable>
 #include <deque>
@@ -35,12 +33,13 @@ struct PictureLoader::Impl : std::enable_shared_from_this<PictureLoader::Impl> {
   static void tell(const Job& waiters, const Loaded& loaded);
   static bool anyoneWaits(const Job& waiters);
 
-  Impl(WorkPool& workPool, Deliver deliverTo, std::size_t cacheBytes)
-      : pool(workPool), deliver(std::move(deliverTo)), cache(cacheBytes) {}
+  Impl(WorkPool& workPool, Deliver deliverTo, PictureCache::Room cacheRoom)
+      : pool(workPool), deliver(std::move(deliverTo)), room(cacheRoom), cache(cacheRoom) {}
 
   void close();
   std::optional<Loaded> ready(const PictureWish& wish);
   void ask(const PictureWish& wish, Waiter waiter);
+  void keepWhatFits(std::deque<PictureWish>& wanted) const;
   void wishFor(std::deque<PictureWish> newWishes);
   void loadNow(const PictureWish& wish);
   void fulfilWishes();
@@ -51,6 +50,7 @@ struct PictureLoader::Impl : std::enable_shared_from_this<PictureLoader::Impl> {
 
   WorkPool& pool;
   const Deliver deliver;
+  const PictureCache::Room room;
 
   std::mutex mutex;
   std::condition_variable delivered;
@@ -102,7 +102,20 @@ void PictureLoader::Impl::ask(const PictureWish& wish, Waiter waiter) {
     pool.post([self = shared_from_this(), wish] { self->loadNow(wish); }, true);
 }
 
+/// A wish too many would only drive the likelier ones out again.
+void PictureLoader::Impl::keepWhatFits(std::deque<PictureWish>& wanted) const {
+  std::size_t bytes = 0;
+  std::size_t count = 0;
+  for (; count < std::min(wanted.size(), room.pictures); ++count) {
+    bytes += decodedBytes(wanted[count].size);
+    if (bytes > room.bytes)
+      break;
+  }
+  wanted.resize(count);
+}
+
 void PictureLoader::Impl::wishFor(std::deque<PictureWish> newWishes) {
+  keepWhatFits(newWishes);
   const std::lock_guard lock(mutex);
   wishes = std::move(newWishes);
   // One thread is left to what is asked for.
@@ -197,8 +210,8 @@ void PictureLoader::Impl::handOver(Job waiters, Loaded loaded) {
   delivered.notify_all();
 }
 
-PictureLoader::PictureLoader(WorkPool& pool, Deliver deliver, std::size_t cacheBytes)
-    : impl_(std::make_shared<Impl>(pool, std::move(deliver), cacheBytes)) {}
+PictureLoader::PictureLoader(WorkPool& pool, Deliver deliver, PictureCache::Room room)
+    : impl_(std::make_shared<Impl>(pool, std::move(deliver), room)) {}
 
 PictureLoader::~PictureLoader() { impl_->close(); }
 

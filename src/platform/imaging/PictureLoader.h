@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Decode.h"
+#include "PictureCache.h"
 #include "PictureWish.h"
 #include "WorkPool.h"
 
@@ -36,15 +37,15 @@ public:
     std::shared_ptr<void> alive_;
   };
 
-  PictureLoader(WorkPool& pool, Deliver deliver, std::size_t cacheBytes = 256u << 20);
+  PictureLoader(WorkPool& pool, Deliver deliver, PictureCache::Room room = {});
   ~PictureLoader();
 
   /// Asks for the picture at exactly `size` pixels, before all that is only decoded ahead. If
   /// it is ready the callback runs before load() returns.
   [[nodiscard]] Ticket load(const std::filesystem::path& file, PixelSize size, Callback callback);
 
-  /// Decodes ahead what will probably be asked for next. Newer wishes replace older ones that
-  /// have not begun.
+  /// Decodes ahead what will probably be asked for next, the likeliest first, as many as can be
+  /// kept beside each other. Newer wishes replace older ones that have not begun.
   void decodeAhead(const std::vector<PictureWish>& wishes);
 
 private:

@@ -63,6 +63,15 @@ protected:
     };
   }
 
+  static constexpr std::size_t twoPictures = std::size_t{2} * 32 * 24 * 4;
+
+  /// Asks for the picture; one that is not there is on its way.
+  bool isReady(PictureLoader& loader, const std::filesystem::path& path) {
+    const int before = calls_;
+    ticket_ = loader.load(path, {32, 24}, keep());
+    return calls_ > before;
+  }
+
   /// All that stands before it in the pool has been done.
   void settle() {
     pool_.run([] {}).wait();
@@ -84,6 +93,7 @@ protected:
   WorkPool pool_{1};
   int calls_ = 0;
   PictureLoader::Loaded last_;
+  PictureLoader::Ticket ticket_;
 };
 
 TEST_F(PictureLoaderTest, DeliversOnTheAlbumsThread) {
@@ -170,24 +180,40 @@ TEST_F(PictureLoaderTest, AReplacedFileIsDecodedAgain) {
 }
 
 TEST_F(PictureLoaderTest, TheCacheLetsGoOfWhatWasUsedLongestAgo) {
-  PictureLoader loader(pool_, mailbox_.deliver(), std::size_t{2} * 32 * 24 * 4);
   const auto a = file("a.jpg", red);
   const auto b = file("b.jpg", blue);
   const auto c = file("c.jpg", green);
-  const auto load = [&](const std::filesystem::path& path) {
-    const int before = calls_;
-    const auto ticket = loader.load(path, {32, 24}, keep());
-    const bool ready = calls_ > before;
-    if (!ready)
-      mailbox_.runNext();
-    return ready;
-  };
-  EXPECT_FALSE(load(a));
-  EXPECT_FALSE(load(b));
-  EXPECT_TRUE(load(a));
-  EXPECT_FALSE(load(c)); // b goes
-  EXPECT_TRUE(load(a));
-  EXPECT_FALSE(load(b));
+  for (const PictureCache::Room room : {PictureCache::Room{twoPictures, 100}, {1 << 20, 2}}) {
+    PictureLoader loader(pool_, mailbox_.deliver(), room);
+    const auto load = [&](const std::filesystem::path& path) {
+      const bool ready = isReady(loader, path);
+      if (!ready)
+        mailbox_.runNext();
+      return ready;
+    };
+    EXPECT_FALSE(load(a));
+    EXPECT_FALSE(load(b));
+    EXPECT_TRUE(load(a));
+    EXPECT_FALSE(load(c)); // b goes
+    EXPECT_TRUE(load(a));
+    EXPECT_FALSE(load(b));
+  }
+}
+
+TEST_F(PictureLoaderTest, OfWhatIsWishedTheLikeliestStay) {
+  const auto a = file("a.jpg", red);
+  const auto b = file("b.jpg", blue);
+  const auto c = file("c.jpg", green);
+  for (const PictureCache::Room room : {PictureCache::Room{twoPictures, 100}, {1 << 20, 2}}) {
+    PictureLoader loader(pool_, mailbox_.deliver(), room);
+    loader.decodeAhead({{a, {32, 24}}, {b, {32, 24}}, {c, {32, 24}}});
+    for (int wish = 0; wish < 3; ++wish)
+      settle();
+    EXPECT_TRUE(isReady(loader, a));
+    EXPECT_TRUE(isReady(loader, b));
+    EXPECT_FALSE(isReady(loader, c));
+    mailbox_.runNext();
+  }
 }
 
 TEST_F(PictureLoaderTest, AnErrorNamesTheFile) {
