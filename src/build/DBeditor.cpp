@@ -2,7 +2,6 @@
 
 #include "AddAudio.h"
 #include "AddSubAlbum.h"
-#include "Beside.h"
 #include "ButtonFace.h"
 #include "Command.h"
 #include "FilesBeside.h"
@@ -254,14 +253,10 @@ void DBeditor::showAudio() {
   soundOf_.reset();
   const std::string id = photos_.Collect("PictureID").toText();
   soundOf_ = id;
-  runBeside(
-      pool_, this, [folder = album_.folder, id] { return hasSound(folder, id); },
-      [this, id](bool attached) {
-        if (soundOf_ != id)
-          return;
-        soundChanged(attached);
-      },
-      true);
+  findSoundBeside(pool_, this, album_, id, [this, id](bool attached) {
+    if (soundOf_ == id)
+      soundChanged(attached);
+  });
 }
 
 void DBeditor::soundChanged(bool attached) {

@@ -1,6 +1,7 @@
 #include "FilesBeside.h"
 
 #include "Beside.h"
+#include "PhotoFiles.h"
 
 #include <utility>
 
@@ -15,12 +16,19 @@ void findFilesBeside(WorkPool& pool, QObject* wanted, const Album& album,
       pool, wanted,
       [&album, ids = std::move(ids), find] {
         std::vector<std::filesystem::path> files;
+        files.reserve(ids.size());
         for (const std::string& id : ids)
-          if (auto file = find(album, id))
-            files.push_back(std::move(*file));
+          files.push_back(find(album, id).value_or(std::filesystem::path()));
         return files;
       },
       std::move(then));
+}
+
+void findSoundBeside(WorkPool& pool, QObject* wanted, const Album& album, std::string id,
+                     std::function<void(bool attached)> then) {
+  runBeside(
+      pool, wanted, [folder = album.folder, id = std::move(id)] { return hasSound(folder, id); },
+      std::move(then), true);
 }
 
 } // namespace hearthbook

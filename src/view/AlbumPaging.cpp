@@ -11,10 +11,10 @@ std::string pageText(std::int64_t page, std::int64_t pages) {
   return "Page " + std::to_string(page) + " of " + std::to_string(pages);
 }
 
-void addIds(std::vector<std::string>& ids, Recordset& walker, std::int64_t position) {
+void addPage(std::vector<PlaceOnPage>& photos, Recordset& walker, std::int64_t position) {
   walker.Move(position - 1, Recordset::Start::First);
-  for (int photo = 0; photo < photosOnPage && !walker.atEOF(); ++photo, walker.MoveNext())
-    ids.push_back(walker.Collect("PictureID").toText());
+  for (int cell = 0; cell < photosOnPage && !walker.atEOF(); ++cell, walker.MoveNext())
+    photos.push_back({walker.Collect("PictureID").toText(), cell});
 }
 
 } // namespace
@@ -45,16 +45,16 @@ AlbumPaging albumPaging(const Recordset& rsViewer, std::int64_t viewPageCount) {
   return {pagePaging(rsViewer, photosOnPage, viewPageCount)};
 }
 
-std::vector<std::string> neighbourPageIds(const Recordset& rsViewer, std::int64_t viewPageCount) {
-  std::vector<std::string> ids;
+std::vector<PlaceOnPage> neighbourPages(const Recordset& rsViewer, std::int64_t viewPageCount) {
+  std::vector<PlaceOnPage> neighbours;
   const AlbumPaging paging = albumPaging(rsViewer, viewPageCount);
   if (paging.pages.recordCount == 0)
-    return ids;
+    return neighbours;
   const auto walker = rsViewer.Clone();
   for (const auto page : {paging.next(), paging.previous()})
     if (page)
-      addIds(ids, *walker, *page);
-  return ids;
+      addPage(neighbours, *walker, *page);
+  return neighbours;
 }
 
 void beginWithSelection(PublicVar& vars) {

@@ -32,8 +32,16 @@ struct AlbumPaging {
 
 AlbumPaging albumPaging(const Recordset& rsViewer, std::int64_t viewPageCount);
 
-/// The ids of the photos of the pages behind and before the one shown, those behind first.
-std::vector<std::string> neighbourPageIds(const Recordset& rsViewer, std::int64_t viewPageCount);
+/// Where a photo will stand when its page is turned to.
+struct PlaceOnPage {
+  std::string id;
+  int cell = 0;
+
+  bool operator==(const PlaceOnPage&) const = default;
+};
+
+/// The photos of the pages behind and before the one shown, those behind first.
+std::vector<PlaceOnPage> neighbourPages(const Recordset& rsViewer, std::int64_t viewPageCount);
 
 /// Puts rsViewer on the photos with which the pages of a search's results begin: all of them
 /// from the first page, where one photo is selected from its page; several selected ones become

@@ -1,6 +1,7 @@
 #include "FactsPanel.h"
 
 #include "DescriptionIcon.h"
+#include "FilesBeside.h"
 #include "Look.h"
 #include "NamesGrid.h"
 #include "PaperPanel.h"
@@ -92,6 +93,7 @@ void FactsPanel::makeIcons(const Design& design) {
   const double third = design.size.width / 3;
   place(description_, {third - iconSize.width / 2, iconTop, iconSize.width, iconSize.height});
   place(sound_, {2 * third - iconSize.width / 2, iconTop, iconSize.width, iconSize.height});
+  sound_->hide();
   connect(description_, &QToolButton::clicked, this, &FactsPanel::descriptionAsked);
   connect(sound_, &QToolButton::clicked, this, &FactsPanel::soundAsked);
 }
@@ -116,8 +118,21 @@ void FactsPanel::showFacts(const PhotoFacts& facts) {
   place_->setToolTip(toQString(facts.place));
   setTextColour(*place_, look::darkRed);
   description_->setVisible(facts.hasDescription);
-  sound_->setVisible(facts.hasSound);
   names_->showNames(facts.names);
+}
+
+/// Read again, a photo keeps its icon meanwhile; another one has none until it is known.
+void FactsPanel::lookForSound(WorkPool& pool, const Album& album, const std::string& id) {
+  if (soundOf_ != id)
+    sound_->hide();
+  soundOf_ = id;
+  isLookingForSound_ = true;
+  findSoundBeside(pool, this, album, id, [this, lookup = ++lookups_](bool attached) {
+    if (lookup != lookups_)
+      return;
+    isLookingForSound_ = false;
+    sound_->setVisible(attached);
+  });
 }
 
 std::array<QWidget*, 3> FactsPanel::tabOrder() const { return {description_, sound_, names_}; }

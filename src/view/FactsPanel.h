@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Album.h"
 #include "PhotoFacts.h"
 #include "Picture.h"
 #include "Stage.h"
@@ -15,6 +16,7 @@ namespace hearthbook {
 
 class NamesGrid;
 class PaperPanel;
+class WorkPool;
 
 /// The panel beside a photo: its year, its event and place on a sheet of paper, icons where it
 /// has a description or a sound, and at its foot the people in it.
@@ -33,6 +35,9 @@ public:
 
   void setArrow(const QPixmap& arrow); ///< of the names that have a marker
   void showFacts(const PhotoFacts& facts);
+  /// Shows the icon of a sound as soon as it is known that the photo has one.
+  void lookForSound(WorkPool& pool, const Album& album, const std::string& id);
+  [[nodiscard]] bool isLookingForSound() const { return isLookingForSound_; }
 
   [[nodiscard]] NamesGrid& names() const { return *names_; }
   /// The controls in the order in which Tab goes through them.
@@ -63,6 +68,9 @@ private:
   QLabel* place_;
   QToolButton* description_;
   QToolButton* sound_;
+  std::string soundOf_; ///< the photo for which it was looked last
+  int lookups_ = 0;
+  bool isLookingForSound_ = false;
   NamesGrid* names_;
 };
 

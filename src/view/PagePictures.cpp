@@ -73,9 +73,11 @@ void PagePictures::failed(int cell, const std::filesystem::path& file) {
 }
 
 void PagePictures::showAgain() {
+  aheadIsDue_ = true;
   for (int cell = 0; cell < photosOnPage; ++cell)
     if (const auto file = slots_[cell].wanted ? slots_[cell].wanted : slots_[cell].shown)
       show(cell, *file);
+  beginAhead();
 }
 
 /// A photo of the last page must not be taken for this one's.
@@ -89,16 +91,22 @@ bool PagePictures::isWaiting() const {
   return std::ranges::any_of(slots_, [](const Slot& slot) { return slot.wanted.has_value(); });
 }
 
-void PagePictures::decodeAhead(std::vector<std::filesystem::path> files) {
-  ahead_ = std::move(files);
+void PagePictures::decodeAhead(std::vector<Neighbour> neighbours) {
+  ahead_ = std::move(neighbours);
+  aheadIsDue_ = true;
   beginAhead();
 }
 
-/// The cells have boxes of one size, so that any of them tells for all.
+/// Boxes of one size in twips differ by a pixel on most screens.
 void PagePictures::beginAhead() {
-  if (!ahead_ || isWaiting())
+  if (!aheadIsDue_ || isWaiting())
     return;
-  pictures_.decodeAhead(*std::exchange(ahead_, std::nullopt), fitInto(0));
+  aheadIsDue_ = false;
+  std::vector<FittedPictures::Wish> wishes;
+  wishes.reserve(ahead_.size());
+  for (const Neighbour& neighbour : ahead_)
+    wishes.push_back({neighbour.file, fitInto(neighbour.cell)});
+  pictures_.decodeAhead(std::move(wishes));
 }
 
 } // namespace hearthbook

@@ -33,8 +33,13 @@ public:
   void show(int cell, const std::filesystem::path& file);
   void clear(int cell); ///< the cell is empty
 
-  /// What will probably be shown next, the likeliest first; begun when the page is complete.
-  void decodeAhead(std::vector<std::filesystem::path> files);
+  struct Neighbour {
+    std::filesystem::path file;
+    int cell = 0; ///< in which it will stand
+  };
+  /// What will probably be shown next, the likeliest first; begun when the page is complete, and
+  /// again at another size of the stage.
+  void decodeAhead(std::vector<Neighbour> neighbours);
 
   /// The file whose picture is on the screen; nothing in an empty cell.
   [[nodiscard]] const std::optional<std::filesystem::path>& shown(int cell) const {
@@ -66,7 +71,8 @@ private:
   FittedPictures pictures_;
   std::filesystem::path notFound_;
   std::array<Slot, photosOnPage> slots_;
-  std::optional<std::vector<std::filesystem::path>> ahead_; ///< not yet begun
+  std::vector<Neighbour> ahead_;
+  bool aheadIsDue_ = false; ///< not yet begun
   QTimer patience_;
 };
 

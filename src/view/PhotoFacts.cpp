@@ -4,7 +4,6 @@
 #include "NamesCords.h"
 #include "Numbers.h"
 #include "PassOver.h"
-#include "PhotoFiles.h"
 
 #include <algorithm>
 #include <string_view>
@@ -62,16 +61,15 @@ PhotoMarkers markersOf(const Recordset& photo) {
 
 } // namespace
 
-PhotoFacts photoFacts(Album& album, const Recordset& photo, std::size_t leastRows) {
+PhotoFacts photoFacts(AlbumData& data, const Recordset& photo, std::size_t leastRows) {
   PhotoFacts facts;
   passOver([&] { facts.year = photo.Collect("Year").toText(); });
-  passOver([&] { facts.place = placeText(album.data, photo); });
+  passOver([&] { facts.place = placeText(data, photo); });
   passOver([&] { facts.hasDescription = !photo.Collect("Description").toText().empty(); });
-  passOver([&] { facts.hasSound = hasSound(album.folder, photo.Collect("PictureID").toText()); });
   passOver([&] { facts.markers = markersOf(photo); });
   facts.names.resize(leastRows);
   passOver([&] {
-    facts.names = namesRows(album.data.rsAppearances, photo.Collect("NamesInPhoto").toText(),
+    facts.names = namesRows(data.rsAppearances, photo.Collect("NamesInPhoto").toText(),
                             facts.markers, leastRows);
   });
   return facts;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Album.h"
+#include "AlbumData.h"
 #include "Twips.h"
 
 #include <cstddef>
@@ -28,7 +28,6 @@ struct PhotoFacts {
   std::string year;
   std::string place; ///< event and place: "Wedding in Lake"; "Wedding in " without a place
   bool hasDescription = false;
-  bool hasSound = false;
   std::vector<NamesRow> names;
   PhotoMarkers markers;
 
@@ -37,7 +36,7 @@ struct PhotoFacts {
 
 /// The facts of the row on which `photo` stands. A place, event or person who is gone is left
 /// out; a fact that cannot be read stays empty and keeps no other from being told.
-PhotoFacts photoFacts(Album& album, const Recordset& photo, std::size_t leastRows);
+PhotoFacts photoFacts(AlbumData& data, const Recordset& photo, std::size_t leastRows);
 
 /// The rows of the names of a photo, at least so many. Each name takes the place of an empty
 /// row, at its own place in the field, so that somebody who is gone leaves his row empty.

@@ -7,6 +7,7 @@
 #include "Command.h"
 #include "CommentsBox.h"
 #include "DBeditor.h"
+#include "FilesBeside.h"
 #include "Forms.h"
 #include "Guard.h"
 #include "HelpKeys.h"
@@ -60,7 +61,7 @@ int stepOf(int key) {
 
 Viewer::Viewer(Album& album, PictureLoader& loader, WorkPool& pool, HoverHelp& help,
                ViewerWindows windows)
-    : Form(QStringLiteral("Viewer"), Kind::Work), album_(album), help_(help),
+    : Form(QStringLiteral("Viewer"), Kind::Work), album_(album), pool_(pool), help_(help),
       windows_(std::move(windows)), stage_(new Stage(workFormSize, this)),
       ui(std::make_unique<Ui::Viewer>()), background_(new BackgroundSound(this)),
       clip_(new ClipPlayer(background_, this)) {
@@ -184,21 +185,32 @@ void Viewer::composeCell(int cell) {
 /// The caption of "Edit" is chosen before the cell's frame is put to rest, so that a photo that
 /// was selected in the last cell of the page before still tells.
 void Viewer::fillCell(int cell) {
-  passOver([&] {
-    cells_->fill(cell, photos().Collect("PictureID").toText());
-    resolveImage(album_, cells_->at(cell).tag);
-    pictures_->show(cell, album_.vars.ImagePicture.file);
-  });
+  std::string id;
+  passOver([&] { id = photos().Collect("PictureID").toText(); });
+  cells_->fill(cell, id);
+  pictures_->show(cell, fileOf(id));
   showEditCaption();
-  passOver([&] {
-    const PhotoFacts facts = photoFacts(album_, photos(), namesInSight);
-    album_.vars.PageMarkers[cell] = facts.markers;
-    if (cell == 0)
-      firstMarkers_ = facts.markers;
-    cells_->showFacts(cell, facts);
-  });
-  photos().MoveNext();
+  showFacts(cell);
+  passOver([&] { photos().MoveNext(); });
   album_.vars.ViewPageCount = static_cast<std::int16_t>(cell + 1);
+}
+
+std::filesystem::path Viewer::fileOf(const std::string& id) {
+  auto file = notFoundPicture(album_);
+  passOver([&] {
+    resolveImage(album_, id);
+    file = album_.vars.ImagePicture.file;
+  });
+  return file;
+}
+
+void Viewer::showFacts(int cell) {
+  const PhotoFacts facts = photoFacts(album_.data, photos(), namesInSight);
+  album_.vars.PageMarkers[cell] = facts.markers;
+  if (cell == 0)
+    firstMarkers_ = facts.markers;
+  cells_->showFacts(cell, facts);
+  cells_->at(cell).facts->lookForSound(pool_, album_, cells_->at(cell).tag);
 }
 
 void Viewer::showEditCaption() {
@@ -225,11 +237,17 @@ void Viewer::allowSubAlbumEdit(bool allowed) {
 
 void Viewer::decodeNeighbours() {
   passOver([&] {
-    std::vector<std::filesystem::path> files;
-    for (const std::string& id : neighbourPageIds(photos(), album_.vars.ViewPageCount))
-      if (const auto file = imagePath(album_, id))
-        files.push_back(*file);
-    pictures_->decodeAhead(files);
+    auto neighbours = neighbourPages(photos(), album_.vars.ViewPageCount);
+    std::vector<std::string> ids;
+    for (const PlaceOnPage& neighbour : neighbours)
+      ids.push_back(neighbour.id);
+    findFilesBeside(pool_, this, album_, std::move(ids), imagePath,
+                    [this, neighbours = std::move(neighbours)](const auto& files) {
+                      std::vector<PagePictures::Neighbour> ahead;
+                      for (std::size_t photo = 0; photo < files.size(); ++photo)
+                        ahead.push_back({files[photo], neighbours[photo].cell});
+                      pictures_->decodeAhead(std::move(ahead));
+                    });
   });
 }
 
@@ -253,6 +271,13 @@ AlbumPrintCell Viewer::printCell(int cell) const {
   print.grid = shown.facts->namesPicture();
   print.caption = shown.facts->heading();
   return print;
+}
+
+bool Viewer::isLookingForSounds() const {
+  for (int cell = 0; cell < photosOnPage; ++cell)
+    if (cells_->at(cell).facts->isLookingForSound())
+      return true;
+  return false;
 }
 
 void Viewer::nextPage() {
@@ -312,33 +337,38 @@ void Viewer::rowsChanged(const RowsChanged& change) {
   case RowsChanged::By::EditorClosed:
     return returnTo(paging().returnRowOfEditor());
   case RowsChanged::By::BatchEdited:
-    return returnUnderProgress(paging().returnRowOfBatch());
+    return returnTo(paging().returnRowOfBatch(), true);
   case RowsChanged::By::OrderWritten:
     return returnTo(0);
   }
 }
 
-void Viewer::returnUnderProgress(std::int64_t row) {
+void Viewer::composeUnderProgress() {
   auto& progress = Forms::get<Progress>();
   const auto unload = qScopeGuard([&progress] { progress.Unload(); });
   progress.setCaption(QStringLiteral("Updating Viewer, Please Wait"));
   progress.setRange(0, 1);
   progress.setValue(0);
   progress.Show();
-  returnTo(row);
+  ComposeAlbumPage();
   progress.setValue(1);
 }
 
-void Viewer::returnTo(std::int64_t row) {
+/// Of a single photo the page is there at once: nobody is asked to wait for it.
+void Viewer::returnTo(std::int64_t row, bool underProgress) {
   photos().Requery();
-  if (photos().RecordCount() == 0) {
+  const std::int64_t count = photos().RecordCount();
+  if (count == 0) {
     Unload();
     return;
   }
-  photos().Move(photos().RecordCount() > 1 ? row : 0, Recordset::Start::First);
+  photos().Move(count > 1 ? row : 0, Recordset::Start::First);
   if (photos().atEOF())
     photos().MoveFirst();
-  ComposeAlbumPage();
+  if (underProgress && count > 1)
+    composeUnderProgress();
+  else
+    ComposeAlbumPage();
 }
 
 void Viewer::toggleSelection(int cell) {

@@ -65,6 +65,7 @@ public:
   [[nodiscard]] BackgroundSound& background() const { return *background_; }
   /// True while pixels of the page are on their way.
   [[nodiscard]] bool isWaitingForPictures() const;
+  [[nodiscard]] bool isLookingForSounds() const;
 
 protected:
   void load() override;
@@ -81,6 +82,8 @@ private:
 
   void composeCell(int cell);
   void fillCell(int cell);
+  std::filesystem::path fileOf(const std::string& id);
+  void showFacts(int cell);
   void showEditCaption();
   void showPosition();
   void decodeNeighbours();
@@ -94,8 +97,8 @@ private:
   void firstPage();
   void lastPage();
   void composeFrom(std::int64_t position);
-  void returnUnderProgress(std::int64_t row);
-  void returnTo(std::int64_t row);
+  void composeUnderProgress();
+  void returnTo(std::int64_t row, bool underProgress = false);
   bool walkByArrow(int key);
   void walkOffPage(int to);
 
@@ -113,6 +116,7 @@ private:
   void done();
 
   Album& album_;
+  WorkPool& pool_;
   HoverHelp& help_;
   ViewerWindows windows_;
   bool isSubAlbum_ = false;

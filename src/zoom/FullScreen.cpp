@@ -62,12 +62,19 @@ FullScreen::~FullScreen() = default;
 void FullScreen::begin(const ZoomPicture& shown) {
   picture_->adopt(shown);
   picture_->sharpen(picture_->fullSize());
+  namePhoto();
+}
+
+/// Nothing else on the screen says which photo it is to somebody who cannot see it.
+void FullScreen::namePhoto() {
+  ui->Image1->setAccessibleName(toQString("Photo " + shownLabel(photos())));
 }
 
 void FullScreen::showNext() {
   LoadFullPhoto();
   makeFull();
   moveBehindShown(photos());
+  namePhoto();
   Q_EMIT shownAnother();
 }
 

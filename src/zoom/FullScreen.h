@@ -68,6 +68,7 @@ private:
   void drag(QPointF position, bool leftDown);
   void tellKeys();
   void photoPlaced();
+  void namePhoto();
   void showPlace();
   void showPointer();
   void hidePointer();

@@ -6,6 +6,7 @@
 #include "Command.h"
 #include "CommentsBox.h"
 #include "FactsPanel.h"
+#include "FilesBeside.h"
 #include "Forms.h"
 #include "FullScreen.h"
 #include "HelpKeys.h"
@@ -64,7 +65,7 @@ void tellNoMoreRecords(const char* title) {
 
 Zoom::Zoom(Album& album, PictureLoader& loader, WorkPool& pool, HoverHelp& help)
     : Form(QStringLiteral("Zoom"), Kind::Work), album_(album), help_(help), loader_(loader),
-      stage_(new Stage(workFormSize, this)), ui(std::make_unique<Ui::Zoom>()),
+      pool_(pool), stage_(new Stage(workFormSize, this)), ui(std::make_unique<Ui::Zoom>()),
       clip_(new ClipPlayer(albumsSound(), this)), Timer1_(new QTimer(this)),
       awake_(std::make_unique<ScreenAwake>("Slide show")) {
   ui->setupUi(this);
@@ -189,29 +190,30 @@ void Zoom::composeNothing() {
 }
 
 void Zoom::composeFacts() {
-  const PhotoFacts facts = photoFacts(album_, photos(), namesInView);
+  const PhotoFacts facts = photoFacts(album_.data, photos(), namesInView);
   markers_ = facts.markers;
   album_.vars.PageMarkers[0] = facts.markers;
   facts_->showFacts(facts);
+  facts_->lookForSound(pool_, album_, shownId_);
   facts_->show();
   ui->Image1->setAccessibleDescription(facts_->summary());
 }
 
-std::filesystem::path Zoom::fileOf(const std::string& id) const {
-  return imagePath(album_, id).value_or(notFoundPicture(album_));
-}
-
 void Zoom::decodeNeighbours() {
   passOver([&] {
-    std::vector<std::filesystem::path> files;
-    for (const std::string& id : slideNeighbourIds(photos()))
-      files.push_back(fileOf(id));
-    if (ui->Command8->isChecked())
-      Forms::get<FullScreen>().decodeAhead(files);
-    else
-      area_->decodeAhead(files);
+    findFilesBeside(pool_, this, album_, slideNeighbourIds(photos()), imagePath,
+                    [this](const auto& files) { decodeAhead(files); });
   });
 }
+
+void Zoom::decodeAhead(const std::vector<std::filesystem::path>& files) {
+  if (auto* full = Forms::loaded<FullScreen>())
+    full->decodeAhead(files);
+  else
+    area_->decodeAhead(files);
+}
+
+bool Zoom::isLookingForSound() const { return facts_->isLookingForSound(); }
 
 bool Zoom::isWaitingForPicture() const {
   return area_->picture().isWaiting() || area_->picture().isSharpening();

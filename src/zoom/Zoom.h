@@ -12,6 +12,7 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <vector>
 
 class QTimer;
 
@@ -53,6 +54,7 @@ public:
   [[nodiscard]] const SlideShow& show() const { return show_; }
   /// True while the pixels of the photo are on their way.
   [[nodiscard]] bool isWaitingForPicture() const;
+  [[nodiscard]] bool isLookingForSound() const;
 
 protected:
   void load() override;
@@ -71,8 +73,8 @@ private:
   void composeFacts();
   void composeNothing();
   void decodeNeighbours();
+  void decodeAhead(const std::vector<std::filesystem::path>& files);
   [[nodiscard]] Recordset& photos() const { return *album_.vars.rsZoom; }
-  [[nodiscard]] std::filesystem::path fileOf(const std::string& id) const;
 
   void nextPhoto();
   void previousPhoto();
@@ -101,6 +103,7 @@ private:
   Album& album_;
   HoverHelp& help_;
   PictureLoader& loader_;
+  WorkPool& pool_;
   std::string shownId_; ///< the Tag of the photo
   SlideShow show_;
   bool isTelling_ = false;

@@ -158,7 +158,10 @@ void ZoomArea::showBars() {
   ui_.reduce->setEnabled(steps_.canReduce);
 }
 
-void ZoomArea::scaled() { picture_->sharpen(ui_.photo->wantedSize()); }
+void ZoomArea::scaled() {
+  picture_->sharpen(ui_.photo->wantedSize());
+  picture_->decodeAheadAgain();
+}
 
 void ZoomArea::setArrow(const QPixmap& arrow) { ui_.arrow->setPixmap(arrow); }
 

@@ -14,6 +14,10 @@ std::int64_t shownPosition(const Recordset& photos) {
   return behind < 2 ? photos.RecordCount() : behind - 1;
 }
 
+std::string labelOf(std::int64_t position, const Recordset& photos) {
+  return std::to_string(position) + " Of " + std::to_string(photos.RecordCount());
+}
+
 } // namespace
 
 /// Where the row before was deleted meanwhile, a set takes its next one for the one behind that.
@@ -62,7 +66,9 @@ std::vector<std::string> slideNeighbourIds(const Recordset& photos) {
 }
 
 std::string positionLabel(const Recordset& photos) {
-  return std::to_string(photos.AbsolutePosition()) + " Of " + std::to_string(photos.RecordCount());
+  return labelOf(photos.AbsolutePosition(), photos);
 }
+
+std::string shownLabel(const Recordset& photos) { return labelOf(shownPosition(photos), photos); }
 
 } // namespace hearthbook

@@ -32,5 +32,7 @@ std::vector<std::string> slideNeighbourIds(const Recordset& photos);
 
 /// "17 Of 120", while the set stands on the photo itself.
 std::string positionLabel(const Recordset& photos);
+/// The same, while it stands behind the photo.
+std::string shownLabel(const Recordset& photos);
 
 } // namespace hearthbook

@@ -11,18 +11,21 @@ namespace hearthbook {
 
 namespace {
 
-/// What is decoded of one photo at most, in pixels; what is magnified further is stretched.
-constexpr double mostSharpened = 50e6;
+/// What is decoded of one photo at most, in pixels; what is shown larger is stretched.
+constexpr double mostDecoded = 50e6;
 
-PixelSize withinFile(PixelSize wanted, PixelSize full) {
-  if (wanted.width > full.width || wanted.height > full.height)
-    wanted = full;
+PixelSize withinReason(PixelSize wanted) {
   const double pixels = static_cast<double>(wanted.width) * wanted.height;
-  if (pixels <= mostSharpened)
+  if (pixels <= mostDecoded)
     return wanted;
-  const double part = std::sqrt(mostSharpened / pixels);
+  const double part = std::sqrt(mostDecoded / pixels);
   return {std::max(1, static_cast<int>(wanted.width * part)),
           std::max(1, static_cast<int>(wanted.height * part))};
+}
+
+PixelSize withinFile(PixelSize wanted, PixelSize full) {
+  const bool isMore = wanted.width > full.width || wanted.height > full.height;
+  return withinReason(isMore ? full : wanted);
 }
 
 } // namespace
@@ -30,7 +33,8 @@ PixelSize withinFile(PixelSize wanted, PixelSize full) {
 ZoomPicture::ZoomPicture(PictureBox& image, PictureLoader& loader, WorkPool& pool,
                          std::filesystem::path notFound, Fit fit, QObject* parent)
     : QObject(parent), image_(image), pictures_(loader, pool, nullptr),
-      notFound_(std::move(notFound)), fit_(std::move(fit)) {}
+      notFound_(std::move(notFound)),
+      fit_([fit = std::move(fit)](PixelSize own) { return withinReason(fit(own)); }) {}
 
 void ZoomPicture::show(const std::filesystem::path& file) {
   sharper_.reset();
@@ -96,8 +100,11 @@ void ZoomPicture::adopt(const ZoomPicture& other) {
   Q_EMIT placed();
 }
 
-void ZoomPicture::decodeAhead(const std::vector<std::filesystem::path>& files) {
-  pictures_.decodeAhead(files, fit_);
+void ZoomPicture::decodeAhead(std::vector<std::filesystem::path> files) {
+  ahead_ = std::move(files);
+  decodeAheadAgain();
 }
+
+void ZoomPicture::decodeAheadAgain() { pictures_.decodeAhead(ahead_, fit_); }
 
 } // namespace hearthbook

@@ -31,7 +31,8 @@ public:
   void sharpen(PixelSize wanted);
   /// The photo is shown already, somewhere else, in these pixels.
   void adopt(const ZoomPicture& other);
-  void decodeAhead(const std::vector<std::filesystem::path>& files);
+  void decodeAhead(std::vector<std::filesystem::path> files);
+  void decodeAheadAgain(); ///< at another size of the form
 
   [[nodiscard]] bool isWaiting() const { return wanted_.has_value(); }
   [[nodiscard]] bool isSharpening() const { return sharpening_; }
@@ -51,6 +52,7 @@ private:
   FittedPictures pictures_;
   std::filesystem::path notFound_;
   Fit fit_;
+  std::vector<std::filesystem::path> ahead_;
   std::optional<std::filesystem::path> wanted_;
   std::optional<std::filesystem::path> shown_;
   PixelSize fullSize_;

@@ -164,6 +164,12 @@ std::string greyJpegOf(const Picture& picture) {
       });
 }
 
+std::string plainGreyJpeg(PixelSize size, int light) {
+  return compress(
+      size, 1, JCS_GRAYSCALE, [](jpeg_compress_struct&) {},
+      [&](int, JSAMPLE* row) { std::fill_n(row, size.width, static_cast<JSAMPLE>(light)); });
+}
+
 std::string progressiveJpegOf(const Picture& picture) {
   return compress(
       picture.size(), 3, JCS_RGB,

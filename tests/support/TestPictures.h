@@ -33,6 +33,8 @@ std::string withSegment(std::string_view jpeg, int kind, std::string_view conten
 /// A JPEG in the four inks of the press, as Adobe's programs write it (`adobe`) or plainly.
 std::string pressJpegOf(const Picture& picture, bool adobe);
 std::string greyJpegOf(const Picture& picture);
+/// All of one grey, written line by line, so that it may be far larger than what is decoded.
+std::string plainGreyJpeg(PixelSize size, int light);
 std::string progressiveJpegOf(const Picture& picture);
 
 /// In the named Qt format ("png", "bmp", "tiff"), with as many bits in each channel.

@@ -96,14 +96,16 @@ TEST_F(AlbumPagingTest, AnEmptyAlbumHasNoPage) {
   EXPECT_EQ(paging().label(), "Page 0 of 0");
   EXPECT_EQ(paging().next(), std::nullopt);
   EXPECT_EQ(paging().previous(), std::nullopt);
-  EXPECT_TRUE(neighbourPageIds(photos(), shown_).empty());
+  EXPECT_TRUE(neighbourPages(photos(), shown_).empty());
 }
 
 TEST_F(AlbumPagingTest, TheNeighboursAreTheNextPageAndThePreviousOne) {
   openAlbumOf(10);
   composeFrom(5);
-  EXPECT_EQ(neighbourPageIds(photos(), shown_),
-            (std::vector{idOf(9), idOf(10), idOf(1), idOf(2), idOf(3), idOf(4)}));
+  EXPECT_EQ(
+      neighbourPages(photos(), shown_),
+      (std::vector<PlaceOnPage>{
+          {idOf(9), 0}, {idOf(10), 1}, {idOf(1), 0}, {idOf(2), 1}, {idOf(3), 2}, {idOf(4), 3}}));
   EXPECT_EQ(photos().AbsolutePosition(), 9);
 }
 

@@ -1,7 +1,6 @@
 #include "PhotoFacts.h"
 
 #include "AlbumFixture.h"
-#include "FileBytes.h"
 
 #include <algorithm>
 
@@ -17,7 +16,7 @@ protected:
     folder_.addPhoto("HD00002", fields);
     Recordset& photos = data().rsPhotoAlbum;
     photos.Find("PictureID = 'HD00002'", Recordset::Start::First);
-    return photoFacts(album(), photos, least);
+    return photoFacts(data(), photos, least);
   }
   std::vector<std::string> textsOf(const std::vector<NamesRow>& rows) {
     std::vector<std::string> texts;
@@ -43,7 +42,6 @@ TEST_F(PhotoFactsTest, AnEmptyRowTellsNothing) {
   EXPECT_EQ(known.year, "");
   EXPECT_EQ(known.place, "");
   EXPECT_FALSE(known.hasDescription);
-  EXPECT_FALSE(known.hasSound);
   EXPECT_EQ(known.names, std::vector<NamesRow>(least));
   EXPECT_EQ(known.markers, std::nullopt);
 }
@@ -82,11 +80,6 @@ TEST_F(PhotoFactsTest, AnEmptyDescriptionIsNone) {
 
 TEST_F(PhotoFactsTest, ADescriptionIsSeen) {
   EXPECT_TRUE(facts({{"Description", "Behind the house"}}).hasDescription);
-}
-
-TEST_F(PhotoFactsTest, ASoundIsAnyFileOfTheNumber) {
-  writeBytes(at("Audio/00002.mid"), "x");
-  EXPECT_TRUE(facts({}).hasSound);
 }
 
 TEST_F(PhotoFactsTest, SixNamesKeepSixRows) {

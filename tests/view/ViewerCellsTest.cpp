@@ -88,6 +88,23 @@ TEST_F(ViewerCells, IconsShowWhatThePhotoHas) {
   EXPECT_TRUE(isSeen(viewer, "Image3", 2));
 }
 
+TEST_F(ViewerCells, TheSoundsAreLookedForBesideTheWindow) {
+  writeBytes(at("Audio/00001.wav"), "x");
+  addPhotosUpTo(5);
+  const auto& viewer = openPages();
+  const auto freePool = holdPool();
+  Forms::tellRowsChanged({RowsChanged::By::EditorClosed});
+  EXPECT_TRUE(isSeen(viewer, "Image3")); // known from before
+  FormControls::press(viewer, "Command1");
+  EXPECT_TRUE(viewer.isLookingForSounds());
+  EXPECT_FALSE(isSeen(viewer, "Image3")); // another photo's
+  freePool();
+  settlePages();
+  EXPECT_FALSE(isSeen(viewer, "Image3"));
+  press(viewer, "Command2");
+  EXPECT_TRUE(isSeen(viewer, "Image3"));
+}
+
 TEST_F(ViewerCells, SixNamesFillTheGridWithoutAScrollBar) {
   const auto& viewer = openPageOf("NamesInPhoto = '" + addPeople(6) + "'");
   auto& grid = names(viewer, 0);
@@ -146,11 +163,14 @@ TEST_F(ViewerCells, AnotherPhotosNamesKeepTheArrowWhereTheyHaveNoMarkersAtAll) {
   EXPECT_TRUE(control<QLabel>(viewer, "Picture1")->isVisible());
 }
 
-TEST_F(ViewerCells, AMarkerOfRubbishPointsSomewhereAndFailsNothing) {
+TEST_F(ViewerCells, AMarkerOfRubbishPointsNowhereAndFailsNothing) {
   const auto field = addPeople(1);
   const auto& viewer = openPageOf("NamesInPhoto = '" + field + "', NamesCords = '001-abc,,001'");
+  EXPECT_EQ(names(viewer, 0).nameText(0), toQString("P1      ")); // both name the person
+  EXPECT_EQ(names(viewer, 0).names(), 6);
   clickName(viewer, 0, 0);
-  clickName(viewer, 0, 4);
+  EXPECT_EQ(names(viewer, 0).chosenPerson(), 1);
+  EXPECT_TRUE(control<QLabel>(viewer, "Picture1")->isHidden()); // no place can be read
   EXPECT_TRUE(control<QLabel>(viewer, "Picture1")->isHidden());
 }
 

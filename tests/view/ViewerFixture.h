@@ -72,7 +72,7 @@ protected:
   static void settlePages() {
     const auto isWaiting = [] {
       const auto* viewer = Forms::loaded<Viewer>();
-      return viewer && viewer->isWaitingForPictures();
+      return viewer && (viewer->isWaitingForPictures() || viewer->isLookingForSounds());
     };
     waitUntil([&] { return !isWaiting(); });
     QCoreApplication::processEvents();

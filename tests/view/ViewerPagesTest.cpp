@@ -1,7 +1,11 @@
 #include "ViewerFixture.h"
 
+#include "Pointer.h"
 #include "ProgressNote.h"
 #include "TestPictures.h"
+
+#include <algorithm>
+#include <stdexcept>
 
 namespace hearthbook::test {
 
@@ -269,6 +273,19 @@ TEST_F(ViewerPages, AfterABatchAPageOfOneGoesBackByFive) {
   EXPECT_EQ(Forms::loaded<Progress>(), nullptr);
 }
 
+TEST_F(ViewerPages, AfterABatchOneOrNoPhotoIsNothingToWaitFor) {
+  const auto& viewer = openAlbumOf(2);
+  const ProgressNote progress;
+  execute("DELETE FROM PhotoAlbum WHERE PictureID = 'HD00002'");
+  Forms::tellRowsChanged({RowsChanged::By::BatchEdited});
+  settlePages();
+  EXPECT_EQ(shownIds(viewer), ids(1, 1));
+  execute("DELETE FROM PhotoAlbum");
+  Forms::tellRowsChanged({RowsChanged::By::BatchEdited});
+  EXPECT_EQ(Forms::loaded<Viewer>(), nullptr);
+  EXPECT_TRUE(progress.values.empty());
+}
+
 TEST_F(ViewerPages, AMissingPhotoIsStoodInForAndStopsNothing) {
   addPhotosUpTo(3);
   writeJpeg(at("Media/NotFound.gif"), 50, 50, 0x112233);
@@ -291,6 +308,17 @@ TEST_F(ViewerPages, ABrokenPhotoIsStoodInForAndStopsNothing) {
   press(viewer, "Command1");
   press(viewer, "Command2");
   EXPECT_TRUE(hasPhotoIn(viewer, 0));
+}
+
+TEST_F(ViewerPages, APhotoOfTwoHundredMegapixelsIsOneLikeTheOthers) {
+  addPhotosUpTo(2);
+  writeBytes(at("Photos/00001.jpg"), plainGreyJpeg({16000, 12500}, 180));
+  const auto& viewer = openPages();
+  EXPECT_TRUE(hasPhotoIn(viewer, 0));
+  EXPECT_TRUE(hasPhotoIn(viewer, 1));
+  const auto& photo = *viewer.cells().at(0).photo;
+  EXPECT_EQ(photo.picture().size(), photo.wantedSize());
+  EXPECT_LE(distance(photo.picture().row(50)[50], 0xffb4b4b4), 2);
 }
 
 TEST_F(ViewerPages, WithoutTheStandInABrokenPhotoIsAnEmptyFrame) {
@@ -329,6 +357,61 @@ TEST_F(ViewerPages, TheNeighboursOfThePageAreDecodedAheadAtTheSizeShown) {
     EXPECT_FALSE(viewer.isWaitingForPictures()) << command;
     settlePages();
   }
+}
+
+TEST_F(ViewerPages, AtEverySizeOfTheWindowTheNeighboursAreDecodedAheadForTheirOwnCells) {
+  addPhotosUpTo(12);
+  for (int number = 1; number <= 12; ++number)
+    writeJpeg(at("Photos/" + ids(number, number).front().substr(2) + ".jpg"), 80, 60);
+  auto& viewer = openPages();
+  for (const QSize window : {QSize(1012, 669), QSize(1024, 700), QSize(1920, 1000)}) {
+    viewer.resize(window);
+    settlePages();
+    for (const char* command : {"Command1", "Command2"}) {
+      awaitPicturesAhead();
+      FormControls::press(viewer, command);
+      EXPECT_FALSE(viewer.isWaitingForPictures()) << window.width() << " " << command;
+      settlePages();
+    }
+  }
+}
+
+TEST_F(ViewerPages, AStepThatFailsStopsNoOther) {
+  auto& viewer = openAlbumOf(6);
+  press(viewer, "Command1");
+  pages().MoveFirst();
+  const auto stubborn = pages().observe({[] { throw std::runtime_error("no way on"); }, {}});
+  viewer.ComposeAlbumPage();
+  settlePages();
+  EXPECT_EQ(shownIds(viewer),
+            (std::vector<std::string>{"HD00001", "HD00001", "HD00001", "HD00001"}));
+  for (int cell = 0; cell < photosOnPage; ++cell)
+    EXPECT_TRUE(hasPhotoIn(viewer, cell)) << cell;
+  EXPECT_NE(position(viewer), "Page 2 of 2");
+}
+
+TEST_F(ViewerPages, TheHourglassStandsWhileAPageIsComposed) {
+  auto& viewer = openAlbumOf(2);
+  std::vector<bool> shown;
+  const auto* filled = names(viewer, 1).model();
+  QObject::connect(filled, &QAbstractItemModel::rowsInserted, filled,
+                   [&] { shown.push_back(Hourglass::isShown()); });
+  EXPECT_FALSE(Hourglass::isShown());
+  pages().MoveFirst();
+  viewer.ComposeAlbumPage();
+  EXPECT_FALSE(Hourglass::isShown());
+  EXPECT_FALSE(shown.empty());
+  EXPECT_EQ(std::ranges::count(shown, false), 0);
+}
+
+TEST_F(ViewerPages, AllPeopleCanBeNamedWhateverTheEditorsFilterLeft) {
+  const auto anna = folder_.addPerson("Anna");
+  set("HD00001", "NamesInPhoto = '" + std::to_string(1000 + anna).substr(1) + ",'");
+  data().rsAppearances.Close();
+  data().rsAppearances.Open("SELECT * FROM Appearances WHERE AppearancesID = 0");
+  const auto& viewer = openPages();
+  EXPECT_EQ(names(viewer, 0).nameText(0), toQString("Anna"));
+  EXPECT_EQ(data().rsAppearances.Source(), "Select * From Appearances Order By AppearancesNames");
 }
 
 TEST_F(ViewerPages, AtAnotherSizeThePhotosAreDecodedForIt) {

@@ -77,11 +77,13 @@ TEST_F(FullScreenView, StandsInWithThePixelsOfTheZoomViewUntilItsOwnAreThere) {
 TEST_F(FullScreenView, TheArrowsWalk) {
   const auto& zoom = openZoomOf(3);
   watch(zoom, [&](FullScreen& full) {
+    EXPECT_EQ(photo(full).accessibleName(), toQString("Photo 1 Of 3"));
     key(full, Qt::Key_Right);
     EXPECT_EQ(vars().ImagePath.filename(), "00002.jpg");
     key(full, Qt::Key_Right);
     EXPECT_EQ(vars().ImagePath.filename(), "00003.jpg");
     EXPECT_TRUE(slides().atEOF());
+    EXPECT_EQ(photo(full).accessibleName(), toQString("Photo 3 Of 3"));
     key(full, Qt::Key_Left);
     EXPECT_EQ(vars().ImagePath.filename(), "00002.jpg");
   });

@@ -57,7 +57,8 @@ protected:
     const auto isWaiting = [] {
       const auto* zoom = Forms::loaded<Zoom>();
       const auto* full = Forms::loaded<FullScreen>();
-      return (zoom && zoom->isWaitingForPicture()) || (full && full->isWaitingForPicture());
+      return (zoom && (zoom->isWaitingForPicture() || zoom->isLookingForSound())) ||
+             (full && full->isWaitingForPicture());
     };
     waitUntil([&] { return !isWaiting(); });
     QCoreApplication::processEvents();

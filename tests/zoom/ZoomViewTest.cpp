@@ -1,8 +1,13 @@
 #include "ZoomFixture.h"
 
 #include "FileBytes.h"
+#include "Pointer.h"
+#include "TestPictures.h"
 
+#include <QAbstractItemModel>
 #include <QWheelEvent>
+
+#include <algorithm>
 
 namespace hearthbook::test {
 
@@ -30,6 +35,22 @@ protected:
     EXPECT_NEAR(arrowOf(zoom).left, x - 100, 0.01);
     EXPECT_NEAR(arrowOf(zoom).top, y - 288, 0.01);
   }
+  /// Two fingers on the middle of the photo that go from one distance to another.
+  void pinch(LargePhoto& photo, int from, int to) {
+    const QPoint middle(200, 150);
+    const auto fingers = [&](int distance) {
+      return std::pair{middle - QPoint(distance / 2, 0), middle + QPoint(distance / 2, 0)};
+    };
+    auto [left, right] = fingers(from);
+    QTest::touchEvent(&photo, pad_.get()).press(0, left, &photo).press(1, right, &photo);
+    constexpr int moves = 10;
+    for (int move = 1; move <= moves; ++move) {
+      std::tie(left, right) = fingers(from + (to - from) * move / moves);
+      QTest::touchEvent(&photo, pad_.get()).move(0, left, &photo).move(1, right, &photo);
+    }
+    QTest::touchEvent(&photo, pad_.get()).release(0, left, &photo).release(1, right, &photo);
+    settleZoom();
+  }
   static void wheel(LargePhoto& photo, int angle) {
     const QPointF place(photo.rect().center());
     QWheelEvent event(place, photo.mapToGlobal(place), {}, {0, angle}, Qt::NoButton, Qt::NoModifier,
@@ -39,6 +60,7 @@ protected:
   }
 
   std::string ids_;
+  std::unique_ptr<QPointingDevice> pad_{QTest::createTouchDevice()};
 };
 
 } // namespace
@@ -166,6 +188,36 @@ TEST_F(ZoomView, TellsTheFactsOfThePhoto) {
   EXPECT_FALSE(control(zoom, "Image3(0)")->isVisible());
 }
 
+TEST_F(ZoomView, ASoundIsLookedForBesideTheWindow) {
+  writeBytes(at("Audio/00002.wav"), "x");
+  const auto& zoom = openZoomOf(2);
+  EXPECT_FALSE(control(zoom, "Image3(0)")->isVisible());
+  const auto freePool = holdPool();
+  FormControls::press(zoom, "Command2");
+  EXPECT_TRUE(zoom.isLookingForSound());
+  EXPECT_FALSE(control(zoom, "Image3(0)")->isVisible());
+  freePool();
+  settleZoom();
+  EXPECT_TRUE(control(zoom, "Image3(0)")->isVisible());
+}
+
+TEST_F(ZoomView, AtEverySizeOfTheWindowTheNeighboursAreDecodedAhead) {
+  addPhotosUpTo(4);
+  for (const char* photo : {"1", "2", "3", "4"})
+    writeJpeg(at("Photos/0000" + std::string(photo) + ".jpg"), 1200, 900);
+  auto& zoom = openZoom(2);
+  for (const QSize window : {QSize(790, 522), QSize(1012, 669), QSize(1920, 1000)}) {
+    zoom.resize(window);
+    settleZoom();
+    for (const char* command : {"Command2", "Command3"}) {
+      awaitPicturesAhead();
+      FormControls::press(zoom, command);
+      EXPECT_FALSE(zoom.isWaitingForPicture()) << window.width() << " " << command;
+      settleZoom();
+    }
+  }
+}
+
 TEST_F(ZoomView, TheDescriptionRisesFromTheFootOfTheFactsAndGoesAtAClick) {
   set("HD00001", "Description = 'By the boat'");
   const auto& zoom = openZoom();
@@ -178,6 +230,16 @@ TEST_F(ZoomView, TheDescriptionRisesFromTheFootOfTheFactsAndGoesAtAClick) {
   EXPECT_TRUE(slides().atEOF()); // the place of the view has stayed
   FormControls::press(zoom, "Label3");
   EXPECT_TRUE(box->isHidden());
+}
+
+TEST_F(ZoomView, AnotherPhotoTakesTheDescriptionAway) {
+  addPhotosUpTo(2);
+  set("HD00001", "Description = 'By the boat'");
+  const auto& zoom = openZoom();
+  press(zoom, "Image2(0)");
+  EXPECT_FALSE(control(zoom, "CommentsBox")->isHidden());
+  press(zoom, "Command2");
+  EXPECT_TRUE(control(zoom, "CommentsBox")->isHidden());
 }
 
 TEST_F(ZoomView, WalksThroughThePhotosAndTellsTheEnds) {
@@ -249,6 +311,47 @@ TEST_F(ZoomView, TheWheelZoomsAboutTheMouse) {
   EXPECT_NEAR(photoRect(zoom).left + photoRect(zoom).width / 2, 8285 / 2.0, 20);
   wheel(photo(zoom), -120);
   EXPECT_NEAR(photoRect(zoom).width, 8285, 0.01);
+}
+
+TEST_F(ZoomView, TwoFingersZoomAStepWhenTheyHaveGoneFarEnough) {
+  const auto& zoom = openPhoto(1200, 900);
+  pinch(photo(zoom), 100, 130);
+  EXPECT_NEAR(photoRect(zoom).width, 8285, 0.01);
+  pinch(photo(zoom), 100, 180);
+  EXPECT_NEAR(photoRect(zoom).width, 8285 * 1.5, 0.01);
+  pinch(photo(zoom), 180, 100);
+  EXPECT_NEAR(photoRect(zoom).width, 8285, 0.01);
+}
+
+TEST_F(ZoomView, APhotoOfTwoHundredMegapixelsIsShownMagnifiedAndPutOnTheFullScreen) {
+  writeBytes(at("Photos/00001.jpg"), plainGreyJpeg({16000, 12500}, 180));
+  const auto& zoom = openZoom();
+  expectPlace(photoRect(zoom), {0, 0, 8285, 8285 * 12500.0 / 16000});
+  EXPECT_EQ(photo(zoom).picture().size(), photo(zoom).wantedSize());
+  press(zoom, "Command4");
+  EXPECT_EQ(photo(zoom).picture().size(), photo(zoom).wantedSize());
+  QTimer::singleShot(0, &zoom, [] {
+    settleZoom();
+    auto& full = Forms::get<FullScreen>();
+    EXPECT_EQ(photo(full).size(), QSize(16000, 12500));
+    const PixelSize decoded = photo(full).picture().size();
+    EXPECT_GT(decoded.width, 7000);
+    EXPECT_LE(double{1} * decoded.width * decoded.height, 50e6);
+    full.Unload();
+  });
+  press(zoom, "Command8");
+}
+
+TEST_F(ZoomView, TheHourglassStandsWhileAPhotoIsComposed) {
+  auto& zoom = openZoomOf(2);
+  std::vector<bool> shown;
+  const auto* filled = names(zoom).model();
+  QObject::connect(filled, &QAbstractItemModel::rowsInserted, filled,
+                   [&] { shown.push_back(Hourglass::isShown()); });
+  press(zoom, "Command2");
+  EXPECT_FALSE(Hourglass::isShown());
+  EXPECT_FALSE(shown.empty());
+  EXPECT_EQ(std::ranges::count(shown, false), 0);
 }
 
 TEST_F(ZoomView, AMagnifiedPhotoIsSharpAsSoonAsItsPixelsAreThere) {

@@ -83,14 +83,22 @@ void FittedPictures::start(const std::shared_ptr<Request>& request, PixelSize si
       });
 }
 
-void FittedPictures::decodeAhead(const std::vector<std::filesystem::path>& files, Fit fit) {
-  std::vector<std::filesystem::path> unknown;
+void FittedPictures::decodeAhead(const std::vector<std::filesystem::path>& files, const Fit& fit) {
+  std::vector<Wish> wishes;
+  wishes.reserve(files.size());
   for (const auto& file : files)
-    if (!knownSize(file))
-      unknown.push_back(file);
+    wishes.push_back({file, fit});
+  decodeAhead(std::move(wishes));
+}
+
+void FittedPictures::decodeAhead(std::vector<Wish> wishes) {
+  std::vector<std::filesystem::path> unknown;
+  for (const Wish& wish : wishes)
+    if (!knownSize(wish.file))
+      unknown.push_back(wish.file);
   const int number = ++wishes_;
   if (unknown.empty())
-    return wish(files, fit);
+    return begin(wishes);
   const auto readAll = [unknown] {
     std::vector<ReadHead> heads;
     heads.reserve(unknown.size());
@@ -99,20 +107,20 @@ void FittedPictures::decodeAhead(const std::vector<std::filesystem::path>& files
     return heads;
   };
   runBeside(pool_, this, readAll,
-            [this, number, files, fit = std::move(fit)](const std::vector<ReadHead>& heads) {
+            [this, number, wishes = std::move(wishes)](const std::vector<ReadHead>& heads) {
               for (const ReadHead& head : heads)
                 remember(head);
               if (number == wishes_)
-                wish(files, fit);
+                begin(wishes);
             });
 }
 
-void FittedPictures::wish(const std::vector<std::filesystem::path>& files, const Fit& fit) {
-  std::vector<PictureWish> wishes;
-  for (const auto& file : files)
-    if (const auto size = knownSize(file))
-      wishes.push_back({file, fit(*size)});
-  loader_.decodeAhead(wishes);
+void FittedPictures::begin(const std::vector<Wish>& wishes) {
+  std::vector<PictureWish> sized;
+  for (const Wish& wish : wishes)
+    if (const auto size = knownSize(wish.file))
+      sized.push_back({wish.file, wish.fit(*size)});
+  loader_.decodeAhead(sized);
 }
 
 } // namespace hearthbook

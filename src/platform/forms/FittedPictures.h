@@ -41,9 +41,16 @@ public:
   /// If the picture is ready the callback runs before load() returns.
   [[nodiscard]] Ticket load(const std::filesystem::path& file, Fit fit, Callback callback);
 
+  /// A picture that will probably be asked for.
+  struct Wish {
+    std::filesystem::path file;
+    Fit fit;
+  };
+
   /// Has pictures decoded that will probably be asked for next, the likeliest first. Newer
   /// wishes replace older ones; a broken or missing file is left out.
-  void decodeAhead(const std::vector<std::filesystem::path>& files, Fit fit);
+  void decodeAhead(std::vector<Wish> wishes);
+  void decodeAhead(const std::vector<std::filesystem::path>& files, const Fit& fit);
 
 private:
   struct Request;
@@ -62,7 +69,7 @@ private:
   void remember(const ReadHead& read);
   void start(const std::shared_ptr<Request>& request, PixelSize size);
   void headRead(const std::weak_ptr<Request>& asked, const ReadHead& read);
-  void wish(const std::vector<std::filesystem::path>& files, const Fit& fit);
+  void begin(const std::vector<Wish>& wishes);
 
   PictureLoader& loader_;
   WorkPool& pool_;

@@ -65,6 +65,24 @@ TEST_F(FittedPicturesTest, WhatWasDecodedAheadIsThereAtOnce) {
   EXPECT_EQ(arrived_->picture.size(), (PixelSize{40, 20}));
 }
 
+TEST_F(FittedPicturesTest, EachPictureAheadHasASizeOfItsOwn) {
+  const auto first = jpeg("a.jpg", {80, 40});
+  const auto second = jpeg("b.jpg", {80, 40});
+  const auto third = [](PixelSize picture) {
+    return PixelSize{picture.width / 4, picture.height / 4};
+  };
+  pictures_.decodeAhead({{first, third}, {{}, half}, {second, half}});
+  settle();
+  settle(); // one picture to each turn
+  const auto ticket = load(second);
+  ASSERT_TRUE(arrived_);
+  EXPECT_EQ(arrived_->picture.size(), (PixelSize{40, 20}));
+  std::optional<FittedPictures::Loaded> smaller;
+  const auto other = pictures_.load(first, third, [&](const auto& loaded) { smaller = loaded; });
+  ASSERT_TRUE(smaller);
+  EXPECT_EQ(smaller->picture.size(), (PixelSize{20, 10}));
+}
+
 TEST_F(FittedPicturesTest, AReplacedFileIsLookedAtAgain) {
   const auto file = jpeg("a.jpg", {80, 40});
   pictures_.decodeAhead({file}, half);
