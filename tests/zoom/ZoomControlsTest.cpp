@@ -74,6 +74,24 @@ TEST_F(ZoomControls, EveryHelpKeyHasItsRow) {
   }
 }
 
+TEST_F(ZoomControls, TheMouseOverAControlAsksForItsHelp) {
+  const auto& zoom = openZoom();
+  for (const Control& wanted : zoomControls) {
+    if (!*wanted.helpItem)
+      continue;
+    frame_.keys.clear();
+    auto* over = control<QWidget>(zoom, wanted.name);
+    QTest::mouseMove(over, {3, 3});
+    QTest::mouseMove(over, {5, 4});
+    EXPECT_TRUE(frame_.keys.contains(toQString("Zoom*") + toQString(wanted.helpItem)))
+        << wanted.name;
+  }
+  frame_.keys.clear();
+  QTest::mouseMove(names(zoom).viewport(), {3, 3});
+  QTest::mouseMove(names(zoom).viewport(), {6, 6});
+  EXPECT_EQ(frame_.keys.last(), toQString("View Album*Names List"));
+}
+
 TEST_F(ZoomControls, TabReachesEveryControlBothWays) {
   set("HD00001", "Description = 'By the boat'");
   auto& zoom = openPhoto(1200, 900);

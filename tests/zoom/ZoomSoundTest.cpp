@@ -1,5 +1,6 @@
 #include "ZoomFixture.h"
 
+#include "BackgroundSound.h"
 #include "SoundDaemon.h"
 #include "TestSounds.h"
 
@@ -31,6 +32,26 @@ TEST_F(ZoomSound, AClickOnTheNotePlaysThePhotosClipToItsEnd) {
   EXPECT_EQ(clip_->mode(), Mode::Playing);
   EXPECT_EQ(clip_->length(), 300);
   waitUntil([&] { return clip_->mode() == Mode::NotOpen; });
+}
+
+TEST_F(ZoomSound, UnderAClipTheSoundOfTheAlbumRestsAndThenGoesOnWhereItStopped) {
+  writeTone(at("Audio/A7.wav"), 220, 60'000);
+  vars().chosenAlbum = {7, "Lake"};
+  vars().CallerForm = "Viewer";
+  vars().rsViewer = data().rsPhotoAlbum.Clone();
+  auto& pages = Forms::get<Viewer>();
+  pages.Show();
+  const auto& album = pages.background().player();
+  const auto& zoom = openWithSound(300);
+  waitUntil([&] { return album.position() >= 400; });
+  FormControls::press(zoom, "Image3(0)");
+  EXPECT_EQ(album.mode(), Mode::NotOpen);
+  const auto stopped = album.position();
+  EXPECT_GE(stopped, 400);
+  waitUntil([&] { return clip_->mode() == Mode::NotOpen; });
+  EXPECT_EQ(album.mode(), Mode::Playing);
+  EXPECT_GE(album.position(), stopped);
+  EXPECT_LT(album.position(), stopped + 30'000);
 }
 
 TEST_F(ZoomSound, ThePhotoWithoutASoundHasNoNote) {
