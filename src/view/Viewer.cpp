@@ -239,11 +239,13 @@ void Viewer::decodeNeighbours() {
   passOver([&] {
     auto neighbours = neighbourPages(photos(), album_.vars.ViewPageCount);
     std::vector<std::string> ids;
+    ids.reserve(neighbours.size());
     for (const PlaceOnPage& neighbour : neighbours)
       ids.push_back(neighbour.id);
     findFilesBeside(pool_, this, album_, std::move(ids), imagePath,
                     [this, neighbours = std::move(neighbours)](const auto& files) {
                       std::vector<PagePictures::Neighbour> ahead;
+                      ahead.reserve(files.size());
                       for (std::size_t photo = 0; photo < files.size(); ++photo)
                         ahead.push_back({files[photo], neighbours[photo].cell});
                       pictures_->decodeAhead(std::move(ahead));

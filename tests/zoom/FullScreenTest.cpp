@@ -1,6 +1,7 @@
 #include "ZoomFixture.h"
 
 #include "FileBytes.h"
+#include "TestPictures.h"
 
 namespace hearthbook::test {
 
@@ -59,6 +60,38 @@ TEST_F(FullScreenView, ShowsThePhotoAtItsOwnSizeInTheMiddleOfBlack) {
     EXPECT_EQ(photo(full).y(), full.height() / 2 - 100);
     EXPECT_EQ(full.place().pointer, DragPointer::None);
     EXPECT_EQ(full.grab().toImage().pixelColor(1, 1), QColor(Qt::black));
+  });
+}
+
+TEST_F(FullScreenView, AtAnotherSizeOfTheScreenThePhotoIsInTheMiddleAgain) {
+  const auto& zoom = openPhoto(300, 200);
+  watch(zoom, [](FullScreen& full) {
+    full.resize(1000, 280);
+    EXPECT_EQ(photo(full).pos(), QPoint(350, 40));
+    full.resize(640, 120);
+    EXPECT_EQ(photo(full).pos(), QPoint(170, 0));
+    EXPECT_EQ(full.place().pointer, DragPointer::UpAndDown);
+    EXPECT_EQ(photo(full).cursor().shape(), Qt::SizeVerCursor);
+  });
+}
+
+TEST_F(FullScreenView, AnyButtonThatIsPressedBeginsADrag) {
+  const auto& zoom = openPhoto(2000, 1500);
+  watch(zoom, [](FullScreen& full) {
+    auto& image = photo(full);
+    QTest::mouseClick(&image, Qt::MiddleButton, {}, {500, 500});
+    QMouseEvent move(QEvent::MouseMove, QPointF(460, 490), image.mapToGlobal(QPointF(460, 490)),
+                     Qt::NoButton, Qt::LeftButton, {});
+    QCoreApplication::sendEvent(&image, &move);
+    EXPECT_EQ(image.pos(), QPoint(-40, -10));
+  });
+}
+
+TEST_F(FullScreenView, APhotoOfTwoHundredMegapixelsIsShownFromAQuarterOfThem) {
+  writeBytes(at("Photos/00001.jpg"), plainGreyJpeg({16000, 12500}, 180));
+  watch(openZoom(), [](FullScreen& full) {
+    EXPECT_EQ(photo(full).size(), QSize(16000, 12500));
+    EXPECT_EQ(pixels(full), QSize(8000, 6250));
   });
 }
 

@@ -1,4 +1,5 @@
 #include "ControlChecks.h"
+#include "FaceChecks.h"
 #include "ZoomFixture.h"
 
 namespace hearthbook::test {
@@ -34,6 +35,11 @@ const Control zoomControls[] = {
     {"Command1", "QPushButton", "Done"},
 };
 
+const Faces zoomFaces = {{"Btn_Grn.jpg", {"Command4", "Command5"}},
+                         {"Btn_Gry.jpg", {"Command2", "Command3", "Command6", "Command7"}},
+                         {"Btn_Org.jpg", {"Command8"}},
+                         {"Btn_Red.jpg", {"Command1"}}};
+
 class ZoomControls : public ZoomFixture {
 protected:
   static void expectDrawnAt(const Zoom& zoom, const char* name, TwipsRect place) {
@@ -62,6 +68,11 @@ TEST_F(ZoomControls, ThePanelsStandWhereTheyAreTold) {
   expectDrawnAt(zoom, "HScroll1", {0, 6900, 5865, 255}); // 5870 in whole pixels
   EXPECT_EQ(rectOf(zoom, "VScroll2").left, 1920);
   EXPECT_EQ(rectOf(zoom, "VScroll2").top, 6840);
+}
+
+TEST_F(ZoomControls, TheCommandsTakeTheirFacesFromMedia) {
+  paintFaces(at("Media"), zoomFaces);
+  expectFaces(openZoom(), zoomFaces);
 }
 
 TEST_F(ZoomControls, EveryHelpKeyHasItsRow) {
