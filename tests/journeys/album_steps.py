@@ -10,6 +10,8 @@ from person import MENU_ITEMS, Person
 POSITION = re.compile(r"^-?\d+ of \d+$")
 THUMBNAIL = re.compile(r"^Photo \d+")
 ON_PAGE = re.compile(r"^Photo [1-4]\b")
+ZOOMED = re.compile(r"^\d+ Of \d+$")
+ALONE = re.compile(r"^Photo \d+ Of \d+$")
 
 
 class Home:
@@ -320,6 +322,26 @@ def photos_on_page(person):
 
 def photo_on_page(person, number):
     return person.find("image", re.compile(rf"^Photo {number}\b"))
+
+
+def zoom(person, number):
+    """Shows a photo of the page large, and answers with the button that puts it on the full screen."""
+    person.click(photo_on_page(person, number))
+    person.find("push button", "Edit Selected")
+    person.click(person.find("push button", "Zoom"))
+    person.find("label", ZOOMED)
+    return person.find("check box", "Full screen")
+
+
+def zoomed(person):
+    """Which photo the zoom view shows, and of how many: (3, 11)."""
+    return tuple(int(n) for n in person.find("label", ZOOMED).name.split(" Of "))
+
+
+def on_full_screen(person):
+    """The same of the full screen; nothing while it is not there."""
+    photos = person.all("image", ALONE)
+    return tuple(int(n) for n in photos[0].name.removeprefix("Photo ").split(" Of ")) if photos else None
 
 
 def quit_program(person):

@@ -167,11 +167,11 @@ class Person:
         for key in holding:
             self._hand("keyup", key)
 
-    def click_at(self, thing, across, down):
+    def click_at(self, thing, across, down, button=1):
         """A spot of a picture, told in shares of its width and height."""
         left, top, width, height = thing.place
         self._move(round(left + across * width), round(top + down * height))
-        self._hand("click", "1")
+        self._hand("click", str(button))
 
     def drag_on(self, thing, start, end):
         """Draws on a picture with the button held; told in shares of its width and height."""
