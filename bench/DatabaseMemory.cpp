@@ -1,28 +1,15 @@
 #include "DatabaseMemory.h"
 
 #include "Connection.h"
+#include "Machine.h"
 #include "Recordset.h"
 
-#include <unistd.h>
-
 #include <cstdio>
-#include <fstream>
 #include <memory>
 #include <stdexcept>
 #include <string>
 
 namespace hearthbook::bench {
-
-namespace {
-
-std::size_t residentBytes() {
-  std::size_t total = 0;
-  std::size_t resident = 0;
-  std::ifstream("/proc/self/statm") >> total >> resident;
-  return resident * static_cast<std::size_t>(sysconf(_SC_PAGESIZE));
-}
-
-} // namespace
 
 std::size_t residentWithOpened(const std::filesystem::path& album) {
   const auto self = std::filesystem::read_symlink("/proc/self/exe");

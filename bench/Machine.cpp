@@ -1,6 +1,7 @@
 #include "Machine.h"
 
 #include <cstdlib>
+#include <fstream>
 #include <stdexcept>
 #include <system_error>
 
@@ -54,6 +55,13 @@ void runProgram(std::vector<std::string> words) {
   posix_spawn_file_actions_destroy(&actions);
   if (status != 0)
     throw std::runtime_error("cannot run " + words[0]);
+}
+
+std::size_t residentBytes() {
+  std::size_t total = 0;
+  std::size_t resident = 0;
+  std::ifstream("/proc/self/statm") >> total >> resident;
+  return resident * static_cast<std::size_t>(sysconf(_SC_PAGESIZE));
 }
 
 } // namespace hearthbook::bench

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <filesystem>
 #include <string>
 #include <vector>
@@ -36,5 +37,8 @@ private:
 
 /// Runs a program, its output thrown away, and waits for its end.
 void runProgram(std::vector<std::string> words);
+
+/// What this process holds of the machine's memory.
+std::size_t residentBytes();
 
 } // namespace hearthbook::bench

@@ -62,13 +62,6 @@ QImage decode(const std::filesystem::path& path) {
   return picture;
 }
 
-std::size_t residentBytes() {
-  std::size_t total = 0;
-  std::size_t resident = 0;
-  std::ifstream("/proc/self/statm") >> total >> resident;
-  return resident * static_cast<std::size_t>(sysconf(_SC_PAGESIZE));
-}
-
 double seconds(const QElapsedTimer& passed) {
   return static_cast<double>(passed.nsecsElapsed()) * 1e-9;
 }
