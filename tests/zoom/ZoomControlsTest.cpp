@@ -37,7 +37,6 @@ const Control zoomControls[] = {
 
 const Faces zoomFaces = {{"Btn_Grn.jpg", {"Command4", "Command5"}},
                          {"Btn_Gry.jpg", {"Command2", "Command3", "Command6", "Command7"}},
-                         {"Btn_Org.jpg", {"Command8"}},
                          {"Btn_Red.jpg", {"Command1"}}};
 
 class ZoomControls : public ZoomFixture {
