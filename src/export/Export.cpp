@@ -14,6 +14,7 @@
 #include <QCoreApplication>
 #include <QKeyEvent>
 #include <QScopeGuard>
+#include <QScreen>
 
 #include <algorithm>
 #include <cmath>
@@ -30,6 +31,7 @@ Export::Export(Album& album, WorkPool& pool, HyperlinkControl::Opener openPage)
     : Form(QStringLiteral("Export"), Kind::Dialog), album_(album), pool_(pool),
       ui(std::make_unique<Ui::Export>()) {
   ui->setupUi(this);
+  resize(sizeOn(screen()->availableSize(), size()));
   ui->ImgX1->hide();
   ui->UserControl11->setOpener(std::move(openPage));
   ui->Preview->installEventFilter(this); // keeps the photo's proportions
@@ -38,6 +40,8 @@ Export::Export(Album& album, WorkPool& pool, HyperlinkControl::Opener openPage)
 }
 
 Export::~Export() = default;
+
+QSize Export::sizeOn(QSize screen, QSize drawn) { return drawn.expandedTo(screen * 2 / 5); }
 
 void Export::wireControls() {
   for (const Optimization& choice : optimizations())

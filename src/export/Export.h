@@ -5,6 +5,8 @@
 #include "Form.h"
 #include "HyperlinkControl.h"
 
+#include <QSize>
+
 #include <filesystem>
 #include <memory>
 #include <optional>
@@ -28,6 +30,9 @@ class Export : public Form {
 public:
   Export(Album& album, WorkPool& pool, HyperlinkControl::Opener openPage);
   ~Export() override;
+
+  /// As drawn, and larger where the screen has room for the photos.
+  static QSize sizeOn(QSize screen, QSize drawn);
 
   /// Goes to a folder, on the drive on which it lies.
   void showFolder(const std::filesystem::path& folder);

@@ -82,6 +82,11 @@ TEST_F(ExportForm, BeginsInTheProgramsFolderWithTheFirstChoice) {
   EXPECT_FALSE(control(dialog, "ImgX1")->isVisible());
 }
 
+TEST_F(ExportForm, GrowsWithTheScreen) {
+  EXPECT_EQ(Export::sizeOn({1024, 768}, {900, 600}), QSize(900, 600));
+  EXPECT_EQ(Export::sizeOn({3840, 2160}, {900, 600}), QSize(1536, 864));
+}
+
 TEST_F(ExportForm, WithoutAnAlbumChosenItAsksForOne) {
   addSubAlbum("Trip");
   auto& dialog = open();
