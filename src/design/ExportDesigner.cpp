@@ -37,6 +37,12 @@ Picture pictureOrNone(const std::filesystem::path& file) {
   return picture;
 }
 
+/// One of the two is in sight. The other goes before it comes: the window would grow for both.
+void showFirst(bool first, QWidget* one, QWidget* other) {
+  (first ? other : one)->hide();
+  (first ? one : other)->show();
+}
+
 /// The region as sharp as the box can show it.
 Picture pieceOf(const Picture& photo, const PixelRect& region, PixelSize box) {
   const Picture piece = cropped(photo, region);
@@ -116,11 +122,10 @@ void ExportDesigner::load() {
 
 void ExportDesigner::showRole(Role role) {
   const bool templates = role == Role::Template;
-  ui->templatePage->setVisible(templates);
-  ui->boxSearch->setVisible(!templates);
-  ui->frmTemplate->setVisible(role != Role::Region);
-  ui->frameRegion->setVisible(role == Role::Region);
-  ui->Command1->setEnabled(role != Role::Region);
+  const bool marks = role == Role::Region;
+  showFirst(templates, ui->templatePage, ui->boxSearch);
+  showFirst(marks, ui->frameRegion, ui->frmTemplate);
+  ui->Command1->setEnabled(!marks);
   ui->frameLeft->setTitle(templates ? QStringLiteral("Select Template")
                                     : QStringLiteral("Select photo for ") +
                                           toQString(surface_->box(asked_).caption));
