@@ -1,9 +1,9 @@
+#include "../Machine.h"
+#include "../SamplePhotos.h"
 #include "Guard.h"
 #include "Look.h"
-#include "Machine.h"
 #include "PrintLayout.h"
 #include "PrintRun.h"
-#include "SamplePhotos.h"
 #include "SheetText.h"
 #include "WorkPool.h"
 
