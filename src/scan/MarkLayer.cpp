@@ -170,7 +170,7 @@ void MarkLayer::wheelEvent(QWheelEvent* event) {
   const double across = event->angleDelta().x() / static_cast<double>(wheelStep);
   event->accept();
   if (event->modifiers().testFlag(Qt::ControlModifier)) {
-    if (steps != 0)
+    if (steps != 0 && hasPage())
       Q_EMIT zoomAsked(steps > 0 ? 1 : -1);
     return;
   }

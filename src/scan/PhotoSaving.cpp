@@ -75,15 +75,17 @@ void writePhoto(const Picture& picture, const PhotoPlaces& places) {
 KeptPage::KeptPage(const ApplicationFolder& folder)
     : file_(folder.path(backupFolder) / "Scanned page.jpg") {}
 
-void KeptPage::keep(const Picture& page) {
+void KeptPage::keep(const Picture& page, int turn) {
   const std::string bytes = jpegBytes(page, photoFactor);
-  const std::scoped_lock lock(turn_);
-  if (!isForgotten_)
-    replaceWith(file_, bytes);
+  const std::scoped_lock lock(mutex_);
+  if (isForgotten_ || turn < newest_)
+    return;
+  newest_ = turn;
+  replaceWith(file_, bytes);
 }
 
 void KeptPage::forget() {
-  const std::scoped_lock lock(turn_);
+  const std::scoped_lock lock(mutex_);
   isForgotten_ = true;
   deleteFile(file_);
 }

@@ -46,12 +46,15 @@ public:
   explicit KeptPage(const ApplicationFolder& folder);
 
   [[nodiscard]] const std::filesystem::path& file() const { return file_; }
-  void keep(const Picture& page); ///< does nothing once it was forgotten
+  /// Does nothing once it was forgotten, or where a page with a later turn is kept: of two that are
+  /// written at the same time, the first may be ready last.
+  void keep(const Picture& page, int turn = 0);
   void forget();
 
 private:
   std::filesystem::path file_;
-  std::mutex turn_;
+  std::mutex mutex_;
+  int newest_ = 0;
   bool isForgotten_ = false;
 };
 

@@ -101,8 +101,8 @@ bool Scan::unloading() {
     return false;
   if (work_ == Work::Scanning)
     scanner_.cancel();
-  ++job_; // what is still on its way comes too late
-  if (!isEditUse_ || isScanned_)
+  ++job_;         // what is still on its way comes too late
+  if (isScanned_) // a page that a crash has left and nobody has seen again stays
     passOver([this] { kept_->forget(); });
   return true;
 }

@@ -106,8 +106,8 @@ void Scan::acquire(std::function<void(const ScannedPage&)> failed) {
 void Scan::acquired(const ScannedPage& page) {
   isScanned_ = true;
   showNewPage(page.picture);
-  pool_.post([kept = kept_, picture = page.picture] {
-    passOver([&] { kept->keep(picture); }); // a full disk takes no page from the screen
+  pool_.post([kept = kept_, picture = page.picture, turn = job_] {
+    passOver([&] { kept->keep(picture, turn); }); // a full disk takes no page from the screen
   });
 }
 
@@ -119,6 +119,8 @@ void Scan::scanFirst() {
 }
 
 void Scan::scanAgain() {
+  if (!mayDropEdits())
+    return;
   edit_.selection().clear();
   acquire([this](const ScannedPage&) { setCommands(false, false); });
 }

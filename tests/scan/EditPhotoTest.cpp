@@ -224,6 +224,32 @@ TEST_F(EditPhoto, ScanAgainTakesThePhotoAnewFromTheScanner) {
   EXPECT_EQ(readPictureInfo(photo_).size, (PixelSize{300, 200}));
 }
 
+TEST_F(EditPhoto, ScanAgainAsksBeforeItDropsWhatWasChanged) {
+  const auto& scan = openPhoto();
+  press(scan, "Command11");
+  const Picture edited = scan.page().picture();
+  expectLosingEdits(MsgAnswer::Cancel);
+  press(scan, "Command2");
+  EXPECT_TRUE(scanner_.wishes.empty());
+  EXPECT_TRUE(isSame(scan.page().picture(), edited));
+  willSend(corners({300, 200}));
+  expectLosingEdits(MsgAnswer::Ok);
+  press(scan, "Command2");
+  EXPECT_TRUE(isSame(scan.page().picture(), corners({300, 200})));
+}
+
+TEST_F(EditPhoto, APartThatCannotBeSavedIsToldAndItsRowStays) {
+  const auto& scan = openPhoto();
+  fs::rename(at("Photos"), at("Photos away"));
+  writeBytes(at("Photos"), "no folder");
+  draw(scan, {100, 100}, {300, 200});
+  boxes_.expectMessage(toQString("File Could Not Be Saved, Please Scan Photo Again"),
+                       toQString("Save Selected"), MsgIcon::Exclamation);
+  press(scan, "Command7");
+  EXPECT_EQ(rows().back().substr(0, 8), "HD00004|");
+  EXPECT_TRUE(scan.page().selection().isThere()) << "so that it can be tried again";
+}
+
 TEST_F(EditPhoto, APageLeftByACrashIsNotTouched) {
   writeBytes(at("Backup/Scanned page.jpg"), jpegOf(grainy({60, 40})));
   auto& scan = openPhoto();

@@ -114,4 +114,13 @@ TEST_F(PhotoSaving, TheScannedPageIsOnTheDiskUntilItIsForgotten) {
   EXPECT_FALSE(fs::exists(page.file())) << "what was still being written comes too late";
 }
 
+TEST_F(PhotoSaving, AnOlderPageThatIsReadyLateDoesNotTakeThePlaceOfANewerOne) {
+  KeptPage page(album().folder);
+  page.keep(grainy({90, 60}), 2);
+  page.keep(grainy({30, 20}), 1);
+  EXPECT_EQ(readPictureInfo(page.file()).size, (PixelSize{90, 60}));
+  page.keep(grainy({50, 40}), 3);
+  EXPECT_EQ(readPictureInfo(page.file()).size, (PixelSize{50, 40}));
+}
+
 } // namespace hearthbook::test

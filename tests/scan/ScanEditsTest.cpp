@@ -220,7 +220,7 @@ TEST_F(ScanEdits, KeysMoveGrowAndRemoveTheRectangle) {
   EXPECT_EQ(scan.page().selected(), (PixelRect{0, 0, 600, 400}));
 }
 
-TEST_F(ScanEdits, KeysAndTheWheelZoom) {
+TEST_F(ScanEdits, KeysZoom) {
   const auto& scan = openWith(page_);
   QTest::keyClick(layer(scan), Qt::Key_Plus);
   EXPECT_EQ(scan.page().view().factor(), 1.25);

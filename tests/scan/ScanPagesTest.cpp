@@ -7,6 +7,7 @@
 #include <QComboBox>
 #include <QProgressBar>
 #include <QScrollBar>
+#include <QWheelEvent>
 
 namespace hearthbook::test {
 
@@ -29,9 +30,26 @@ protected:
     boxes_.expectMessage(toQString("Please Make A Selection\nBy Draging Your Mouse On The Image."),
                          toQString("Save Selected Image"));
   }
+  void expectNotSaved() {
+    boxes_.expectMessage(toQString("File Could Not Be Saved, Please Scan Photo Again"),
+                         toQString("Save Selected"), MsgIcon::Exclamation);
+  }
+  void expectKeptPage(MsgAnswer answer) {
+    boxes_.expectQuestion(toQString("A scanned page was still open when the program ended. Show it "
+                                    "again, instead of scanning another one?"),
+                          toQString("Scan Photo"), MsgIcon::Question, MsgButtons::YesNo, answer);
+  }
   std::string lastId() {
     photos().MoveLast();
     return photos().Collect("PictureID").toText();
+  }
+  static void turnWheel(const Scan& scan, int by) {
+    auto* layer = control<MarkLayer>(scan, "NotX1");
+    const QPointF middle = QRectF(layer->rect()).center();
+    QWheelEvent event(middle, layer->mapToGlobal(middle), {}, QPoint(0, by), Qt::NoButton,
+                      Qt::ControlModifier, Qt::NoScrollPhase, false);
+    QCoreApplication::sendEvent(layer, &event);
+    settle();
   }
   const Picture page_ = grainy(prints);
 };
@@ -235,8 +253,7 @@ TEST_F(ScanPages, APhotoThatCannotBeSavedIsToldAndItsRowStays) {
   fs::rename(at("Photos"), at("Photos away"));
   writeBytes(at("Photos"), "no folder");
   draw(scan, {100, 100}, {300, 200});
-  boxes_.expectMessage(toQString("File Could Not Be Saved, Please Scan Photo Again"),
-                       toQString("Save Selected"), MsgIcon::Exclamation);
+  expectNotSaved();
   press(scan, "Command1");
   EXPECT_EQ(photos().RecordCount(), 2);
   EXPECT_TRUE(scan.page().selection().isThere()) << "so that it can be tried again";
@@ -246,12 +263,22 @@ TEST_F(ScanPages, APhotoThatCannotBeSavedIsToldAndItsRowStays) {
 
 TEST_F(ScanPages, AThumbnailThatCannotBeSavedIsReported) {
   const auto& scan = openWith(page_);
-  fs::rename(at("Thumbnails"), at("Thumbnails away"));
-  writeBytes(at("Thumbnails"), "no folder");
+  fs::create_directories(at("Thumbnails/00002.jpg/in the way"));
   draw(scan, {100, 100}, {300, 200});
   boxes_.expectFailure(toQString("Thumbnails"));
   press(scan, "Command1");
   EXPECT_TRUE(fs::exists(at("Photos/00002.jpg")));
+}
+
+TEST_F(ScanPages, WithoutAPlaceForThumbnailsNothingIsSavedAndTheUserIsTold) {
+  const auto& scan = openWith(page_);
+  fs::rename(at("Thumbnails"), at("Thumbnails away"));
+  writeBytes(at("Thumbnails"), "no folder");
+  draw(scan, {100, 100}, {300, 200});
+  expectNotSaved();
+  press(scan, "Command1");
+  EXPECT_THAT(namesIn(at("Photos")), ElementsAre("00001.jpg"));
+  EXPECT_TRUE(scan.page().selection().isThere()) << "so that it can be tried again";
 }
 
 TEST_F(ScanPages, ThePageIsKeptOnTheDiskUntilTheFormIsClosed) {
@@ -265,10 +292,7 @@ TEST_F(ScanPages, ThePageIsKeptOnTheDiskUntilTheFormIsClosed) {
 
 TEST_F(ScanPages, APageThatWasOpenWhenTheProgramEndedComesBackOnWish) {
   writeBytes(at("Backup/Scanned page.jpg"), jpegOf(page_));
-  boxes_.expectQuestion(toQString("A scanned page was still open when the program ended. Show it "
-                                  "again, instead of scanning another one?"),
-                        toQString("Scan Photo"), MsgIcon::Question, MsgButtons::YesNo,
-                        MsgAnswer::Yes);
+  expectKeptPage(MsgAnswer::Yes);
   auto& scan = open("Scan");
   EXPECT_EQ(scan.page().picture().size(), prints);
   EXPECT_TRUE(scanner_.wishes.empty());
@@ -279,22 +303,43 @@ TEST_F(ScanPages, APageThatWasOpenWhenTheProgramEndedComesBackOnWish) {
 
 TEST_F(ScanPages, AnotherPageIsScannedWhereTheOldOneIsNotWanted) {
   writeBytes(at("Backup/Scanned page.jpg"), jpegOf(page_));
-  boxes_.expectQuestion(toQString("A scanned page was still open when the program ended. Show it "
-                                  "again, instead of scanning another one?"),
-                        toQString("Scan Photo"), MsgIcon::Question, MsgButtons::YesNo,
-                        MsgAnswer::No);
+  expectKeptPage(MsgAnswer::No);
   const auto& scan = openWith(corners({300, 200}));
   EXPECT_TRUE(isSame(scan.page().picture(), corners({300, 200})));
 }
 
 TEST_F(ScanPages, AKeptPageThatCannotBeReadIsScannedAnew) {
   writeBytes(at("Backup/Scanned page.jpg"), "no picture");
-  boxes_.expectQuestion(toQString("A scanned page was still open when the program ended. Show it "
-                                  "again, instead of scanning another one?"),
-                        toQString("Scan Photo"), MsgIcon::Question, MsgButtons::YesNo,
-                        MsgAnswer::Yes);
+  expectKeptPage(MsgAnswer::Yes);
   const auto& scan = openWith(page_);
   EXPECT_TRUE(isSame(scan.page().picture(), page_));
+}
+
+TEST_F(ScanPages, AKeptPageThatWasNotSeenAgainIsStillKept) {
+  writeBytes(at("Backup/Scanned page.jpg"), jpegOf(page_));
+  expectKeptPage(MsgAnswer::Yes);
+  auto& unseen = Forms::get<Scan>();
+  unseen.begin();
+  unseen.Unload(); // before the page has been read
+  EXPECT_TRUE(fs::exists(at("Backup/Scanned page.jpg")));
+  expectKeptPage(MsgAnswer::No);
+  expectScannerError();
+  willFail(ScanStatus::NoScanner);
+  open("Scan").Unload();
+  EXPECT_TRUE(fs::exists(at("Backup/Scanned page.jpg")));
+}
+
+TEST_F(ScanPages, TheWheelZoomsOnlyWhatTheCommandsMayTouch) {
+  willSend(page_);
+  willFail(ScanStatus::Jammed);
+  const auto& scan = open("Scan");
+  turnWheel(scan, 120);
+  EXPECT_EQ(scan.page().view().factor(), 1.25);
+  turnWheel(scan, -120);
+  EXPECT_EQ(scan.page().view().factor(), 1);
+  press(scan, "Command2");
+  turnWheel(scan, 120);
+  EXPECT_EQ(scan.page().view().factor(), 1) << "only Close is left";
 }
 
 } // namespace hearthbook::test
