@@ -135,11 +135,15 @@ void AddSubAlbum::openViewedAlbum() {
     ui->SubAlbumList->setBoundText(Value(toUtf8(viewedId_)));
     chooseAlbum();
   }
-  ui->Label1->setText(QStringLiteral("Editing ") + chosenName());
+  showViewedName();
   ui->SubAlbumList->hide();
   ui->listSpace->show();
   showProperties(true);
   showAudio();
+}
+
+void AddSubAlbum::showViewedName() {
+  ui->Label1->setText(QStringLiteral("Editing ") + chosenName());
 }
 
 void AddSubAlbum::showTask() {
@@ -294,6 +298,8 @@ bool AddSubAlbum::endName() {
   ui->OKButton->setEnabled(true);
   ui->Command1->setEnabled(true);
   refillList();
+  if (Tag == viewerTask)
+    showViewedName();
   navigator_.renameAlbumEntry(std::stoi(chosenId()),
                               toQString(albums_.Collect("AlbumName").toText()));
   return true;

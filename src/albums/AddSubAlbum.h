@@ -54,6 +54,7 @@ private:
   void showOnPaper();
 
   void soundChanged(bool attached) override;
+  void showViewedName();
   void showTask();
   void showAudio();
   void showProperties(bool shown);

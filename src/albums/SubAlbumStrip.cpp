@@ -289,7 +289,7 @@ bool SubAlbumStrip::act(const QKeyEvent& event) {
   if (!at)
     return false;
   if (event.key() == Qt::Key_Delete) {
-    Q_EMIT removeAsked(*at);
+    removeByKey(*at);
     return true;
   }
   const auto walked = walkedTo(static_cast<int>(*at), static_cast<int>(count()) - 1,
@@ -307,6 +307,13 @@ bool SubAlbumStrip::act(const QKeyEvent& event) {
 void SubAlbumStrip::moveByKey(std::size_t from, std::size_t to) {
   Q_EMIT moveAsked(from, to);
   focusOn(to);
+}
+
+/// The next Delete is for the photo that came into the place, not for one of the first row.
+void SubAlbumStrip::removeByKey(std::size_t position) {
+  Q_EMIT removeAsked(position);
+  if (count() > 0)
+    focusOn(std::min(position, count() - 1));
 }
 
 void SubAlbumStrip::wheelEvent(QWheelEvent* event) {

@@ -63,6 +63,7 @@ private:
   void setCurrent(std::size_t cell);
   void focusOn(std::size_t position);
   void moveByKey(std::size_t from, std::size_t to);
+  void removeByKey(std::size_t position);
   bool act(const QKeyEvent& event);
   [[nodiscard]] std::size_t count() const;
   [[nodiscard]] std::size_t first() const; ///< position of the first cell in view

@@ -107,6 +107,7 @@ void deleteSubAlbum(Album& album, const std::string& albumId) {
     });
   } catch (...) {
     data.rsSubAlbums.Requery(); // it may have let go of a row that is still there
+    findSubAlbum(data.rsSubAlbums, albumId);
     throw;
   }
   standOnFirst(data.rsSubAlbums);

@@ -1,5 +1,7 @@
 #include "SubAlbumFixture.h"
 
+#include <QTimer>
+
 #include <filesystem>
 #include <fstream>
 
@@ -189,8 +191,10 @@ TEST_F(AddSubAlbumForm, AMovedPhotoIsStoredBeforeAnotherSubAlbumIsMade) {
   auto& form = openForEditor();
   choose(form, lake);
   Q_EMIT strip(form).moveAsked(2, 0);
+  EXPECT_EQ(text(form, "Combo1"), "Manually");
   create(form, "Home");
   EXPECT_EQ(storedNumbers(folder_, lake), (Numbers{4, 2, 3}));
+  EXPECT_EQ(text(form, "Combo1"), "Select Auto Arrange:");
 }
 
 TEST_F(AddSubAlbumForm, ADeletedSubAlbumIsGoneFromTheListAndTheMenu) {
@@ -250,6 +254,12 @@ TEST_F(AddSubAlbumForm, ANewNameIsInTheListAndTheMenuWhenTheFieldIsLeft) {
   EXPECT_EQ(menu_.told, QStringList{toQString("rename 1 A name of more than twenty characters")});
 }
 
+TEST_F(AddSubAlbumForm, OverTheAlbumPagesTheHeadingFollowsANewName) {
+  auto& form = openForViewer(addAlbumUpTo(3));
+  enter(form, "txtAlbumName", "Sea");
+  EXPECT_EQ(text(form, "Label1"), "Editing Sea");
+}
+
 TEST_F(AddSubAlbumForm, ANewNameWithQuotesIsStoredAsTyped) {
   const auto lake = addAlbumUpTo(3);
   auto& form = openForEditor();
@@ -307,6 +317,27 @@ TEST_F(AddSubAlbumForm, TheAudioCommandSaysWhetherThereIsASound) {
   choose(form, lake);
   EXPECT_EQ(text(form, "Command3"), "Update Background Audio");
   choose(form, home);
+  EXPECT_EQ(text(form, "Command3"), "Add Background Audio");
+}
+
+TEST_F(AddSubAlbumForm, TheAudioCommandOpensTheSoundOfTheSubAlbumAndTellsWhatBecameOfIt) {
+  const auto lake = addAlbumUpTo(3);
+  std::ofstream(at("Audio") / "A1.mid") << "la";
+  auto& form = openForEditor();
+  choose(form, lake);
+  QString task;
+  QTimer::singleShot(0, &form, [&] {
+    auto& dialog = Forms::get<AddAudio>();
+    task = dialog.Tag;
+    boxes_.expectQuestion(toQString("Are you sure you want to remove audio from current album?"),
+                          toQString("Remove Audio"), MsgIcon::Information, MsgButtons::OkCancel,
+                          MsgAnswer::Ok);
+    FormControls::press(dialog, "Command5");
+    dialog.Unload();
+  });
+  press(form, "Command3");
+  EXPECT_EQ(task, toQString("album"));
+  EXPECT_FALSE(std::filesystem::exists(at("Audio") / "A1.mid"));
   EXPECT_EQ(text(form, "Command3"), "Add Background Audio");
 }
 

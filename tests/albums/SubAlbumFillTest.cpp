@@ -103,6 +103,14 @@ TEST_F(SubAlbumFillForm, ARemovedPhotoLeavesTheSubAlbumAlone) {
             (Stored{{photoId(2), 0}, {photoId(4), 1}, {photoId(5), 2}}));
 }
 
+TEST_F(SubAlbumFillForm, RemovingWantsASubAlbum) {
+  const auto lake = addAlbumUpTo(3);
+  auto& form = openForEditor();
+  vars().ContextPhotoID = photoId(2);
+  form.removePhoto();
+  EXPECT_EQ(storedNumbers(folder_, lake), (Numbers{2, 3}));
+}
+
 TEST_F(SubAlbumFillForm, TheLastPhotoCanBeRemoved) {
   const auto lake = addSubAlbum(folder_, "Lake", {1});
   auto& form = openForEditor();
@@ -158,6 +166,42 @@ TEST_F(SubAlbumFillForm, AnArrangementSortsAndIsStoredAtTheEnd) {
   EXPECT_EQ(storedNumbers(folder_, lake), (Numbers{2, 3, 4, 5, 6}));
   leave();
   EXPECT_EQ(storedNumbers(folder_, lake), (Numbers{6, 5, 4, 3, 2}));
+}
+
+TEST_F(SubAlbumFillForm, AnArrangementIsStoredBeforeAnotherSubAlbumIsShown) {
+  addPhotoRows(folder_, 6);
+  const auto lake = addSubAlbum(folder_, "Lake", {2, 3, 4});
+  const auto home = addSubAlbum(folder_, "Home", {6, 5});
+  auto& form = openForEditor();
+  choose(form, lake);
+  expectArrangeQuestion(MsgAnswer::Ok);
+  arrange(form, "By Year");
+  choose(form, home);
+  EXPECT_EQ(storedNumbers(folder_, lake), (Numbers{4, 3, 2}));
+  EXPECT_EQ(shown(form), (Numbers{6, 5}));
+  EXPECT_EQ(text(form, "Combo1"), "Select Auto Arrange:");
+}
+
+// The arrangement stays with the open sub-album until it is chosen anew.
+TEST_F(SubAlbumFillForm, AnArrangementSortsAgainWhenAPhotoIsRemovedOrAdded) {
+  addPhotoRows(folder_, 6);
+  const auto lake = addSubAlbum(folder_, "Lake", {2, 3, 4, 5});
+  data().rsPhotoAlbum.MoveLast();
+  auto& form = openForEditor();
+  choose(form, lake);
+  expectArrangeQuestion(MsgAnswer::Ok);
+  arrange(form, "By Year");
+  Q_EMIT strip(form).moveAsked(3, 0);
+  EXPECT_EQ(shown(form), (Numbers{2, 5, 4, 3}));
+  Q_EMIT strip(form).removeAsked(2);
+  settle();
+  EXPECT_EQ(shown(form), (Numbers{5, 3, 2}));
+  Q_EMIT strip(form).moveAsked(2, 0);
+  expectAdded("Photo Was Successfully Added to Lake Sub-Album");
+  press(form, "OKButton");
+  EXPECT_EQ(shown(form), (Numbers{6, 5, 3, 2}));
+  leave();
+  EXPECT_EQ(storedNumbers(folder_, lake), (Numbers{6, 5, 3, 2}));
 }
 
 TEST_F(SubAlbumFillForm, AnArrangementThatIsRefusedLeavesTheStrip) {

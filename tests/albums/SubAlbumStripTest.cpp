@@ -152,6 +152,17 @@ TEST_F(SubAlbumStripForm, TheMarkStandsInFrontOfOrBehindThePhotoUnderThePointer)
   EXPECT_FALSE(isShown(form, "Shape1"));
 }
 
+TEST_F(SubAlbumStripForm, TheMarkStandsBesideThePhotoInScrolledRowsToo) {
+  auto& form = openAlbum(40);
+  scroll(form).setValue(2); // positions 12 to 29
+  settle();
+  press(cell(form, 12));
+  pullTo(cell(form, 20));
+  EXPECT_EQ(markOf(form).left, 2670 + 1155 + 60);
+  EXPECT_EQ(markOf(form).top, 1395);
+  letGo(cell(form, 12));
+}
+
 TEST_F(SubAlbumStripForm, ThePointerSaysWhetherADropIsPossible) {
   auto& form = openAlbum(8);
   const auto pointer = [&] { return source_->cursor(); };
@@ -412,6 +423,25 @@ TEST_F(SubAlbumStripForm, DeleteTakesAPhotoOut) {
   type(form, 2, Qt::Key_Delete);
   EXPECT_EQ(shown(form), (Numbers{2, 3, 5, 6, 7, 8, 9}));
   EXPECT_EQ(storedNumbers(folder_, album_).size(), 7u);
+}
+
+TEST_F(SubAlbumStripForm, DeleteStaysAtItsPlaceForTheNext) {
+  auto& form = openAlbum(40);
+  scroll(form).setValue(4); // positions 24 to 39
+  type(form, 38, Qt::Key_Delete);
+  EXPECT_EQ(QApplication::focusWidget(), &cell(form, 38));
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Delete);
+  settle();
+  EXPECT_EQ(QApplication::focusWidget(), &cell(form, 37));
+  EXPECT_EQ(storedNumbers(folder_, album_), shownFrom(0, 38));
+}
+
+TEST_F(SubAlbumStripForm, TheMenuKeyAsksForThePhotoThatHasTheFocus) {
+  auto& form = openAlbum(8);
+  QContextMenuEvent asked(QContextMenuEvent::Keyboard, {}, {});
+  QApplication::sendEvent(&cell(form, 3), &asked);
+  EXPECT_EQ(vars().ContextPhotoID, photoId(5));
+  EXPECT_EQ(menu_.popUps, 1);
 }
 
 TEST_F(SubAlbumStripForm, TheMenuOfAPhotoIsAskedForThatPhoto) {

@@ -98,6 +98,16 @@ TEST_F(SubAlbums, ADeletionThatFailsLeavesEverything) {
   EXPECT_EQ(storedNumbers(folder_, lake), Numbers{1});
 }
 
+TEST_F(SubAlbums, ADeletionThatFailsLeavesTheSetOnTheSubAlbum) {
+  addSubAlbum(folder_, "Home", {});
+  const auto lake = addSubAlbum(folder_, "Lake", {1});
+  open(lake);
+  data().AlbumDB.execute("CREATE TEMP TRIGGER Full BEFORE DELETE ON SubAlbumPhotos BEGIN SELECT "
+                         "RAISE(ABORT, 'full'); END");
+  EXPECT_THROW(deleteSubAlbum(album(), std::to_string(lake)), RunTimeError);
+  EXPECT_EQ(data().rsSubAlbums.Collect("AlbumName").toText(), "Lake");
+}
+
 TEST_F(SubAlbums, ANewMemberGetsThePlaceBehindTheLast) {
   addPhotoRows(folder_, 4);
   const auto lake = addSubAlbum(folder_, "Lake", {3, 1});
