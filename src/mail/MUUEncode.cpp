@@ -88,7 +88,7 @@ private:
     at_ = 0;
     end_ = static_cast<std::size_t>(std::min<std::uintmax_t>(left_, bytesOnLine * linesAtOnce));
     in_.read(reinterpret_cast<char*>(held_.data()), static_cast<std::streamsize>(end_));
-    if (static_cast<std::size_t>(in_.gcount()) != end_)
+    if (!in_ || static_cast<std::size_t>(in_.gcount()) != end_)
       throw RunTimeError("The file ends earlier than it should.");
     left_ -= end_;
     std::fill(held_.begin() + static_cast<std::ptrdiff_t>(end_), held_.end(), filler);

@@ -174,7 +174,7 @@ void frmSendMail::openMailProgram() {
   showSending(true);
   try {
     auto* mail = new DesktopMail(this);
-    connect(mail, &DesktopMail::opened, this, [this] { Unload(); });
+    connect(mail, &DesktopMail::opened, this, &frmSendMail::mailProgramEnded);
     connect(mail, &DesktopMail::failed, this, &frmSendMail::mailProgramFailed);
     if (!handOverPhotos([&](const auto& photo, const auto& jpeg) { mail->add(photo, jpeg); }))
       return;
@@ -186,6 +186,12 @@ void frmSendMail::openMailProgram() {
     reportFailure(failure);
     showSending(false);
   }
+}
+
+/// A program may run for long; what is being sent by then is not broken off.
+void frmSendMail::mailProgramEnded() {
+  if (ui->cmdSend->isEnabled())
+    Unload();
 }
 
 void frmSendMail::mailProgramFailed() {

@@ -59,6 +59,7 @@ private:
   void openMailProgram();
   bool handOverPhotos(
       const std::function<void(const std::filesystem::path& photo, const std::string& jpeg)>& then);
+  void mailProgramEnded();
   void mailProgramFailed();
 
   void showSending(bool sending);

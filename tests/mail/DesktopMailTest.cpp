@@ -1,5 +1,7 @@
+#include "OddServer.h"
 #include "SendMailFixture.h"
 
+#include "DesktopMail.h"
 #include "ReducedPhoto.h"
 #include "ScopedVariable.h"
 
@@ -134,6 +136,24 @@ TEST_F(StubbedDesktopMail, ClosedWhilePhotosAreReducedNoProgramOpens) {
   release();
   QCoreApplication::processEvents();
   EXPECT_FALSE(std::filesystem::exists(at("told")));
+}
+
+TEST_F(StubbedDesktopMail, AProgramThatEndsWhileAMailIsSentDoesNotBreakItOff) {
+  install("xdg-email", "until [ -e '" + at("closed").string() + "' ]; do :; done");
+  OddServer server([](QTcpSocket&, const std::string&) {});
+  openFilled(server.host());
+  press("mailProgram");
+  bool isEnded = false;
+  QObject::connect(form().findChild<DesktopMail*>(), &DesktopMail::opened,
+                   [&isEnded] { isEnded = true; });
+  press("cmdSend");
+  EXPECT_TRUE(waitFor([&] { return server.guests() == 1; }));
+  writeBytes(at("closed"), "");
+  EXPECT_TRUE(waitFor([&] { return isEnded; }));
+  ASSERT_TRUE(isOpen());
+  EXPECT_TRUE(isSending());
+  EXPECT_FALSE(server.isLeft());
+  press("cmdClose");
 }
 
 TEST_F(DesktopMailTest, TheDesktopsOwnOpenerHandsAllOfItOn) {

@@ -81,6 +81,10 @@ TEST(MUUEncode, TheLastGroupIsFilledUpWithBlanks) {
   EXPECT_EQ(dataOf("ABC"), "#04)#\r\n");
 }
 
+TEST(MUUEncode, TheLastGroupOfALongFileIsFilledUpWithBlanksToo) {
+  EXPECT_TRUE(dataOf(std::string(100'036, 'A')).ends_with("\r\n!02`@\r\n"));
+}
+
 TEST(MUUEncode, ThreeZeroBytesAreFourBackquotes) {
   EXPECT_EQ(dataOf(std::string(3, '\0')), "#````\r\n");
 }
@@ -102,7 +106,8 @@ TEST(MUUEncode, EveryLineEndsWithCrLf) {
 }
 
 TEST(MUUEncode, AnIndependentProgramTakesTheSameBytesOut) {
-  for (const std::size_t length : {0, 1, 2, 3, 44, 45, 46, 90, 135, 256, 4499, 4500, 4501, 100'003})
+  for (const std::size_t length : {0, 1, 2, 3, 44, 45, 46, 90, 135, 256, 4499, 4500, 4501, 44'999,
+                                   45'000, 45'001, 90'000, 100'003})
     EXPECT_EQ(decoded(encoded(everyByte(length))), everyByte(length)) << length;
 }
 
@@ -142,6 +147,15 @@ TEST(MUUEncode, AFileThatIsShorterThanToldFails) {
   std::istringstream in(everyByte(100));
   std::ostringstream out;
   EXPECT_THROW(MUUEncode(in, 101, "a.jpg", out), RunTimeError);
+}
+
+TEST(MUUEncode, AFileThatCannotBeReadFailsEvenWhereItIsEmpty) {
+  for (const std::uintmax_t bytes : {0, 100}) {
+    std::istringstream in(everyByte(bytes));
+    in.setstate(std::ios::failbit);
+    std::ostringstream out;
+    EXPECT_THROW(MUUEncode(in, bytes, "a.jpg", out), RunTimeError) << bytes;
+  }
 }
 
 TEST(MUUEncode, ATextThatCannotBeWrittenFails) {

@@ -1,6 +1,7 @@
 #include "ReducedPhoto.h"
 
 #include "Decode.h"
+#include "Encode.h"
 #include "FileBytes.h"
 #include "RunTimeError.h"
 #include "TemporaryFolder.h"
@@ -63,6 +64,13 @@ TEST_F(ReducedPhoto, IsAJpegOfThatSizeAndLooksTheSame) {
   EXPECT_EQ(small.size(), (PixelSize{320, 240}));
   EXPECT_LT(distance(small.row(20)[20], red), 12);
   EXPECT_LT(distance(small.row(220)[300], white), 12);
+}
+
+TEST_F(ReducedPhoto, IsCompressedByAFactorOfFive) {
+  const auto photo = put(jpegOf(grainy({640, 480}, 1)));
+  const Picture small = decodePictureAt(photo, {320, 240}).picture;
+  EXPECT_TRUE(reducedForMail(photo) == jpegBytes(small, 5));
+  EXPECT_FALSE(jpegBytes(small, 5) == jpegBytes(small, 4));
 }
 
 TEST_F(ReducedPhoto, ATinyOneIsEncodedAnewAtItsSize) {

@@ -40,6 +40,7 @@ TEST_F(SendMailServers, ThePortBehindTheColonIsUsed) {
   expectSent();
   send();
   EXPECT_EQ(server.guests(), 1);
+  EXPECT_EQ(kept("EmailHost"), ""); // only Change Server keeps it
 }
 
 TEST_F(SendMailServers, TheTalkIsHeldLineByLine) {
@@ -105,6 +106,16 @@ TEST_F(SendMailServers, ARefusalWithoutALineEndIsToldWhenTheServerHangsUp) {
   send();
 }
 
+TEST_F(SendMailServers, ASenderWithoutAnAtSignLeavesTheServerWithoutAWord) {
+  OddServer server(agreesUntil(99, ""));
+  openFilled(server.host());
+  write("txtSender", "henry");
+  boxes_.expectFailure(toQString("This could not be done:"));
+  send();
+  EXPECT_TRUE(waitFor([&] { return server.isLeft(); }));
+  EXPECT_EQ(server.heard(), "");
+}
+
 TEST_F(SendMailServers, AServerThatSpeaksByteByByteIsUnderstood) {
   std::string left;
   QTcpSocket* listener = nullptr;
@@ -167,6 +178,7 @@ TEST_F(SendMailServers, TwoAnswersInOnePacketLeaveTheTalkAStepBehind) {
   EXPECT_TRUE(waitFor([&] { return server.heard() == "HELO henry\r\n"; }));
   EXPECT_TRUE(isSending());
   EXPECT_EQ(progress(), 50);
+  EXPECT_EQ(control<QProgressBar>(form(), "ProgressBar1")->maximum(), 100);
   listener->write("250 once more\r\n"); // only another answer leads on
   EXPECT_TRUE(
       waitFor([&] { return server.heard() == "HELO henry\r\nMAIL FROM:henry@example.com\r\n"; }));

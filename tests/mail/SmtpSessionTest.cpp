@@ -124,6 +124,15 @@ TEST(SmtpSession, TheAnswerToQuitIsSuccess) {
   EXPECT_EQ(end.notice->title, "");
 }
 
+TEST(SmtpSession, EveryOtherAnswerToQuitIsSuccessToo) {
+  for (const char* reply : {"421 busy\r\n", "500 what?\r\n", "554 no\r\n", "2", ""}) {
+    const auto end = sessionIn(State::Quit).reply(reply);
+    EXPECT_TRUE(end.close) << reply;
+    ASSERT_TRUE(end.notice) << reply;
+    EXPECT_EQ(end.notice->text, "Message sent successfully.") << reply;
+  }
+}
+
 TEST(SmtpSession, AGoodAnswerToQuitEndsWithoutAWord) {
   SmtpSession session = sessionIn(State::Quit);
   const auto end = session.reply("250 ok\r\n");
