@@ -46,7 +46,7 @@ void updateOurs(benchmark::State& state) {
   SearchedAlbum album;
   int year = 1900;
   for (auto _ : state) {
-    const BatchUpdated run =
+    const BatchReport run =
         updatePhotos(album.result, album.positions,
                      {3, 5, ++year, "We were at the lake with everybody.", {7, 12, 150}});
     if (run.ids.size() != chosen)
