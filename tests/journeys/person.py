@@ -106,6 +106,7 @@ class Person:
         self.process = subprocess.Popen([str(program)], env=self._environment, stdin=subprocess.DEVNULL,
                                         stdout=self._log, stderr=subprocess.STDOUT)
         self.program = Thing(wait_for(self._on_the_bus, "the program's first window"))
+        self._let_the_window_come_up()
 
     def __enter__(self):
         return self
@@ -276,6 +277,16 @@ class Person:
         if wanted is None:
             return True
         return bool(wanted.search(text)) if isinstance(wanted, re.Pattern) else text == wanted
+
+    def _let_the_window_come_up(self):
+        """It is on the bus before the desktop shows it, and a click before that is lost."""
+        def is_up():
+            self._must_run()
+            return any(window.has("active") for window in self.program.children())
+        try:
+            wait_for(is_up, "the program in front", limit=20)
+        except Failure:
+            pass  # some desktops put no window in front by themselves
 
     def _must_run(self):
         if self.process.poll() is not None:
