@@ -23,6 +23,10 @@ namespace {
 constexpr std::string_view backgroundTag = "Background";
 constexpr std::string_view musicTag = "Music";
 
+constexpr const char* pageName = "index.htm";
+constexpr const char* backgroundName = "background";
+constexpr const char* musicName = "music";
+
 fs::path pageFolder(const ApplicationFolder& folder) { return folder.path("\\export\\testing1"); }
 
 std::vector<fs::path> filesOf(const fs::path& design) {
@@ -35,25 +39,34 @@ std::vector<fs::path> filesOf(const fs::path& design) {
   return files;
 }
 
-/// What a page of any design may have left: the files of all designs, backgrounds and music.
-void removeEarlierPage(const ApplicationFolder& folder, const fs::path& target) {
+/// Under which names the family's own files go along.
+bool isTakenAlong(const fs::path& file) {
+  return file.parent_path().empty() && (file.stem() == backgroundName || file.stem() == musicName);
+}
+
+/// What a page of any design has left: files of the designs, its background and its music.
+void removeEarlierPage(const ApplicationFolder& folder, const fs::path& target,
+                       const std::set<fs::path>& present) {
   std::set<fs::path> ours;
   for (const PageDesign& design : pageDesigns())
     for (const fs::path& file : filesOf(designFolder(folder, design.name)))
       ours.insert(file);
   for (const fs::path& file : filesOf(target))
-    if (ours.contains(file) || file.stem() == "background" || file.stem() == "music")
+    if (!present.contains(file) && (ours.contains(file) || isTakenAlong(file)))
       deleteFile(target / file);
 }
 
-void copyDesign(const fs::path& design, const fs::path& target) {
+/// All but the page itself, which says something only when its boxes are filled.
+std::set<fs::path> copyDesign(const fs::path& design, const fs::path& target) {
   const auto files = filesOf(design);
   if (files.empty())
     throw RunTimeError("The files of the design are not there: " + design.string());
   for (const fs::path& file : files) {
     fs::create_directories((target / file).parent_path());
-    copyFileSafely(design / file, target / file);
+    if (file != pageName)
+      copyFileSafely(design / file, target / file);
   }
+  return {files.begin(), files.end()};
 }
 
 std::string readWhole(const fs::path& file) {
@@ -68,10 +81,13 @@ std::string replaced(const std::string& text, std::string_view tag, std::string_
   return withToken(text, "^^" + std::string(tag) + "^^", value);
 }
 
-/// Copies a file of the family's beside the page; tells its new name.
+/// Copies a file of the family's beside the page, if it is not that of the page before; tells its
+/// new name.
 std::string takeAlong(const fs::path& file, const char* name, const fs::path& target) {
   std::string taken = name + asciiLower(file.extension().string());
-  copyFileSafely(file, target / taken);
+  std::error_code notThere;
+  if (!fs::equivalent(file, target / taken, notThere))
+    copyFileSafely(file, target / taken);
   return taken;
 }
 
@@ -93,20 +109,23 @@ fs::path paperPicture(const ApplicationFolder& folder) {
 
 fs::path writeDesignedPage(const ApplicationFolder& folder, const DesignedPage& page) {
   const fs::path target = pageFolder(folder);
-  removeEarlierPage(folder, target);
-  copyDesign(designFolder(folder, page.design), target);
-  fs::path file = target / "index.htm";
-  std::string text = readWhole(file);
+  std::set<fs::path> written = copyDesign(designFolder(folder, page.design), target);
+  std::string text = readWhole(designFolder(folder, page.design) / pageName);
   for (const DesignedPage::Text& box : page.texts)
     text = replaced(text, box.tag, box.text);
   for (const DesignedPage::Photo& photo : page.photos)
     savePhoto(photo, target);
-  text = replaced(text, backgroundTag,
-                  fileExists(page.background) ? takeAlong(page.background, "background", target)
-                                              : std::string());
-  text = replaced(text, musicTag,
-                  page.music ? takeAlong(*page.music, "music", target) : std::string());
+  const auto goesAlong = [&](std::string_view tag, const fs::path& own, const char* name) {
+    const std::string taken = own.empty() ? std::string() : takeAlong(own, name, target);
+    text = replaced(text, tag, taken);
+    written.insert(taken);
+  };
+  goesAlong(backgroundTag, fileExists(page.background) ? page.background : fs::path(),
+            backgroundName);
+  goesAlong(musicTag, page.music.value_or(fs::path()), musicName);
+  const fs::path file = target / pageName;
   replaceFile(file, [&](std::ostream& out) { out << text; });
+  removeEarlierPage(folder, target, written);
   return file;
 }
 

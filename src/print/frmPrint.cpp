@@ -127,7 +127,7 @@ void frmPrint::updatePreview() {
 
 void frmPrint::updateEnabled() {
   const bool hasPage = !ui->preview->sheet().operations.empty();
-  ui->Command4->setEnabled(hasPage);
+  ui->Command4->setEnabled(hasPage && !devices_->isLooking()); // the device may change until then
   ui->note->setText(!hasPage                ? QStringLiteral("There is nothing to print.")
                     : devices_->isLooking() ? QStringLiteral("Looking for printers...")
                                             : QString());

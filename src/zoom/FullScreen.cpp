@@ -94,7 +94,8 @@ void FullScreen::photoPlaced() {
 void FullScreen::makeFull() {
   place_.makeFull(sizeInTwips());
   showPlace();
-  showPointer();
+  if (cursor().shape() != Qt::BlankCursor) // a slide show does not bring back what rests
+    ui->Image1->setCursor(shapeOf(place_.pointer));
 }
 
 void FullScreen::showPlace() {

@@ -96,6 +96,35 @@ TEST_F(DesignedPageTest, AnotherPageTakesThePlaceOfTheOneBefore) {
   EXPECT_EQ(readBytes(target / "letter.txt"), "of the family's own");
 }
 
+TEST_F(DesignedPageTest, ThePageBeforeStaysWhereTheNextOneFails) {
+  const std::string before = write();
+  page.texts.clear();
+  page.music = at("Audio/gone.wav");
+  EXPECT_THROW(writeDesignedPage(album().folder, page), std::exception);
+  EXPECT_EQ(readBytes(target / "index.htm"), before);
+}
+
+TEST_F(DesignedPageTest, TheMusicAndTheBackgroundOfThePageBeforeMayBeTakenAgain) {
+  writeBytes(at("Audio/march.wav"), "a march");
+  writeBytes(at("Media/Roses.GIF"), "roses");
+  page.music = at("Audio/march.wav");
+  page.background = at("Media/Roses.GIF");
+  write();
+  page.music = target / "music.wav";
+  page.background = target / "background.gif";
+  EXPECT_THAT(write(), testing::HasSubstr("|music.wav|"));
+  EXPECT_EQ(readBytes(target / "music.wav"), "a march");
+  EXPECT_EQ(readBytes(target / "background.gif"), "roses");
+}
+
+TEST_F(DesignedPageTest, FilesOfTheFamilysOwnInFoldersBesideThePageStay) {
+  write();
+  std::filesystem::create_directories(target / "letters");
+  writeBytes(target / "letters/background.doc", "how it began");
+  write();
+  EXPECT_EQ(readBytes(target / "letters/background.doc"), "how it began");
+}
+
 TEST_F(DesignedPageTest, ADesignWithoutFilesIsTold) {
   page.design = "Funeral";
   EXPECT_THROW(writeDesignedPage(album().folder, page), RunTimeError);

@@ -284,6 +284,19 @@ TEST_F(PrintForm, CloseUnloadsIt) {
   EXPECT_FALSE(Forms::loaded<frmPrint>());
 }
 
+TEST_F(PrintForm, NothingIsPrintedBeforeThePrintersAreKnown) {
+  Forms::get<frmPrint>().Unload();
+  auto& form = Forms::get<frmPrint>();
+  form.Tag = toQString("Editor");
+  form.allowPhotoChoices();
+  form.setPage(editorPage(), QStringLiteral("Summer"));
+  form.Show();
+  ASSERT_TRUE(form.devices().isLooking()); // nothing can be told before events come in
+  EXPECT_FALSE(isEnabled(form, "Command4"));
+  EXPECT_TRUE(waitFor([&] { return !form.devices().isLooking(); }));
+  EXPECT_TRUE(isEnabled(form, "Command4"));
+}
+
 TEST_F(PrintForm, CanBeClosedWhilePrintersAreLookedFor) {
   Forms::get<frmPrint>().Unload();
   open("Editor", editorPage()); // what was found for the first one is not told

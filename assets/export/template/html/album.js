@@ -15,7 +15,7 @@ var album = (function () {
 
   // One of the album's pages beside the frame page, never an address elsewhere.
   function startPage(name) {
-    return /^[^\/\\:?#%]+\.htm$/i.test(name) ? name : "";
+    return /^[^\/\\:?]+\.htm$/i.test(name) ? name : "";
   }
 
   function frameAddress(folder, number, start) {
