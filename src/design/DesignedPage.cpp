@@ -123,7 +123,7 @@ fs::path writeDesignedPage(const ApplicationFolder& folder, const DesignedPage& 
   goesAlong(backgroundTag, fileExists(page.background) ? page.background : fs::path(),
             backgroundName);
   goesAlong(musicTag, page.music.value_or(fs::path()), musicName);
-  const fs::path file = target / pageName;
+  fs::path file = target / pageName;
   replaceFile(file, [&](std::ostream& out) { out << text; });
   removeEarlierPage(folder, target, written);
   return file;
