@@ -64,7 +64,7 @@ std::string CupsDaemon::whyNot() {
 
 CupsDaemon::CupsDaemon()
     : port_(freePort()), server_("CUPS_SERVER", "127.0.0.1:" + std::to_string(port_)),
-      user_("CUPS_USER", "nobody-of-this-machine") {
+      user_("CUPS_USER", "nobody-of-this-machine"), home_("HOME", folder_.path().string()) {
   writeSettings();
   process_ = startProcess({cupsd, "-f", "-c", at("cupsd.conf"), "-s", at("cups-files.conf")},
                           {"HOME=" + folder_.path().string()});
@@ -97,6 +97,9 @@ void CupsDaemon::writeSettings() const {
              files + "TempDir " + in + "/tmp\nSystemGroup root\nUser lp\nGroup lp\n");
   writeBytes(at("cupsd.conf"), "Listen 127.0.0.1:" + std::to_string(port_) +
                                    "\nBrowsing Off\nWebInterface No\nDefaultAuthType None\n"
+                                   "PageLogFormat %p %u %j %T %P %C %{job-billing} "
+                                   "%{job-originating-host-name} %{job-name} %{media} %{sides} "
+                                   "quality %{print-quality} priority %{job-priority}\n"
                                    "<Location />\nOrder deny,allow\nAllow 127.0.0.1\n</Location>\n"
                                    "<Location /admin>\nOrder deny,allow\nAllow 127.0.0.1\n"
                                    "</Location>\n<Policy default>\n<Limit All>\n"
@@ -132,6 +135,11 @@ void CupsDaemon::addPrinter(const std::string& name) {
 }
 
 void CupsDaemon::makeCurrent(const std::string& name) { administer({"lpadmin", "-d", name}); }
+
+void CupsDaemon::keepChoices(const std::string& name, const std::string& choices) {
+  std::filesystem::create_directory(at(".cups"));
+  writeBytes(at(".cups/lpoptions"), "Default " + name + ' ' + choices + '\n');
+}
 
 void CupsDaemon::takePrinterAway(const std::string& name) { administer({"lpadmin", "-x", name}); }
 

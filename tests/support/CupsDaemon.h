@@ -29,6 +29,9 @@ public:
 
   void addPrinter(const std::string& name);
   void makeCurrent(const std::string& name);
+  /// "Printer/set": choices of the user's own for a printer, as his desktop keeps them; they are
+  /// his current printer then. Each as "name=value".
+  void keepChoices(const std::string& name, const std::string& choices);
   void takePrinterAway(const std::string& name);
   void refuseJobs(const std::string& name); ///< the printer is there and takes none
   void kill();
@@ -37,7 +40,7 @@ public:
   [[nodiscard]] std::string uniqueTitle() const;
   /// What the job of that title has printed, as soon as it is all there; empty until then.
   [[nodiscard]] std::filesystem::path printed(const std::string& title) const;
-  /// A line for each job: printer, user, pages, title, paper.
+  /// A line for each job: printer, user, pages, title, paper, sides, quality and priority.
   [[nodiscard]] std::string pageLog() const;
 
 private:
@@ -50,6 +53,7 @@ private:
   int port_;
   ScopedVariable server_;
   ScopedVariable user_;
+  ScopedVariable home_; ///< there the user's choices lie
   pid_t process_ = 0;
 };
 

@@ -5,6 +5,7 @@
 
 #include <memory>
 #include <span>
+#include <string_view>
 
 #include <sys/socket.h>
 
@@ -47,12 +48,28 @@ private:
   std::unique_ptr<http_t, decltype(CupsLibrary::close)> http_;
 };
 
+// Of one printer the user may keep several sets of choices, each with a name of its own behind that
+// of the printer: "Laser/photo".
+constexpr char instanceMark = '/';
+
+std::string nameOf(const cups_dest_t& dest) {
+  return dest.instance ? dest.name + (instanceMark + std::string(dest.instance)) : dest.name;
+}
+
+cups_dest_t* findNamed(const PrintService& service, const std::string& printer) {
+  const std::size_t mark = printer.find(instanceMark);
+  if (mark == std::string::npos)
+    return cups().getNamedDest(service.get(), printer.c_str(), nullptr);
+  return cups().getNamedDest(service.get(), printer.substr(0, mark).c_str(),
+                             printer.substr(mark + 1).c_str());
+}
+
 /// One printer, with what it says of itself.
 class Destination {
 public:
   Destination(const PrintService& service, const std::string& printer)
-      : service_(service), dest_(cups().getNamedDest(service.get(), printer.c_str(), nullptr),
-                                 [](cups_dest_t* dest) { cups().freeDests(1, dest); }) {
+      : service_(service),
+        dest_(findNamed(service, printer), [](cups_dest_t* dest) { cups().freeDests(1, dest); }) {
     if (!dest_)
       failPrinting("The printer " + printer + " is not there");
     info_.reset(cups().copyDestInfo(service.get(), dest_.get()));
@@ -73,7 +90,9 @@ private:
 
 class JobOptions {
 public:
-  explicit JobOptions(const PrintSettings& settings) {
+  JobOptions(const cups_dest_t& printer, const PrintSettings& settings) {
+    if (printer.instance)
+      addKept(printer, !settings.media.empty());
     add("copies", std::to_string(settings.copies));
     add("print-color-mode", settings.colorMode == ColorMode::Color ? "color" : "monochrome");
     add("print-quality", qualityOf(settings.quality));
@@ -98,6 +117,16 @@ private:
       break;
     }
     return "4";
+  }
+  /// What the user has set under that name. The form's own choices come later and take its place.
+  void addKept(const cups_dest_t& printer, bool hasPaper) {
+    for (const cups_option_t& kept :
+         std::span(printer.options, static_cast<std::size_t>(printer.num_options)))
+      if (!hasPaper || !isPaper(kept.name))
+        add(kept.name, kept.value);
+  }
+  static bool isPaper(std::string_view option) {
+    return option == "PageSize" || option == "PageRegion" || option == "media-col";
   }
   void add(const char* name, const std::string& value) {
     count_ = cups().addOption(name, value.c_str(), count_, &options_);
@@ -140,8 +169,7 @@ std::vector<Printer> listPrinters() {
     failPrinting("The list of printers cannot be read");
   std::vector<Printer> printers;
   for (const cups_dest_t& dest : std::span(found, static_cast<std::size_t>(count)))
-    if (!dest.instance)
-      printers.push_back({dest.name, dest.is_default != 0});
+    printers.push_back({nameOf(dest), dest.is_default != 0});
   cups().freeDests(count, found);
   return printers;
 }
@@ -160,12 +188,11 @@ void printPdf(const std::string& printer, const std::string& title, const PrintS
               const std::string& pdf) {
   const PrintService service;
   const Destination to(service, printer);
-  const JobOptions options(settings);
+  const JobOptions options(*to.dest(), settings);
   const int job = createJob(to, title, options);
   if (sendDocument(to, job, title, pdf))
     return;
-  const RunTimeError failure(
-      "The page did not reach the printer: " + std::string(cups().lastErrorText()) + ".");
+  const RunTimeError failure("The page did not reach the printer" + lastError() + ".");
   cups().cancelJob(to.http(), to.dest(), job); // half a page is not to be printed later
   throw failure;
 }

@@ -87,6 +87,41 @@ TEST_F(PrintersTest, AreListedByNameWithTheCurrentOneKnown) {
   EXPECT_TRUE(printers.at(1).isCurrent);
 }
 
+TEST_F(PrintersTest, ASetOfTheUsersOwnChoicesIsAPrinterToo) {
+  service().addPrinter("Album_PDF");
+  service().addPrinter("Other_PDF");
+  service().makeCurrent("Other_PDF");
+  service().keepChoices("Album_PDF/photo", "job-priority=77 PageSize=A3 print-quality=3");
+  const auto printers = listed();
+  ASSERT_EQ(printers.size(), 3u);
+  EXPECT_EQ(printers.at(1).name, "Album_PDF/photo");
+  EXPECT_TRUE(printers.at(1).isCurrent);
+  EXPECT_FALSE(printers.at(2).isCurrent);
+
+  PrintSettings settings;
+  settings.media = "na_letter_8.5x11in";
+  const std::string title = service().uniqueTitle();
+  print("Album_PDF/photo", title, settings);
+  printedOf(title);
+  const std::string log = service().pageLog();
+  EXPECT_NE(log.find("quality 4 priority 77"), std::string::npos)
+      << log; // the form's own counts more
+  EXPECT_NE(log.find(title + " na_letter_8.5x11in"), std::string::npos) << log;
+}
+
+TEST_F(PrintersTest, AreToldTheQuality) {
+  service().addPrinter("Album_PDF");
+  for (const auto& [quality, told] : {std::pair(PrintQuality::Draft, "quality 3"),
+                                      {PrintQuality::Normal, "quality 4"},
+                                      {PrintQuality::Best, "quality 5"}}) {
+    PrintSettings settings;
+    settings.quality = quality;
+    print("Album_PDF", service().uniqueTitle(), settings);
+    EXPECT_TRUE(test::waitFor([&] { return service().pageLog().find(told) != std::string::npos; }))
+        << service().pageLog();
+  }
+}
+
 TEST_F(PrintersTest, TellTheirOwnPaper) {
   service().addPrinter("Album_PDF");
   const auto paper = onAThreadOfItsOwn([] { return ownPaperOf("Album_PDF"); });
