@@ -133,34 +133,50 @@ void frmPrint::updateEnabled() {
                                             : QString());
 }
 
+/// The form is read before the file is asked for: a wrong entry is told at once.
 void frmPrint::print() {
-  const bool toFile = devices_->printer().empty();
-  const auto file = toFile ? askPdfFile_(suggestedFile()) : std::filesystem::path();
-  if (!file)
-    return;
   QString why;
-  showProcessing(true);
   try {
-    const auto end = qScopeGuard([this] { showProcessing(false); });
-    const Hourglass hourglass;
-    printTo(*file);
+    PrintOrder order;
+    whileProcessing([&] { order = readOrder(); });
+    if (!chooseFile(order))
+      return;
+    whileProcessing([&] { carryOut(order); });
+    showResult(order);
   } catch (const std::exception& failure) {
     why = toQString(failure.what());
   }
-  if (why.isNull())
-    showResult(*file);
-  else
+  if (!why.isNull())
     tellFailure(why);
 }
 
-void frmPrint::printTo(const std::filesystem::path& file) {
+PrintOrder frmPrint::readOrder() const {
   waitUntil([this] { return !devices_->isAskingForPaper(); });
-  const PrintOrder order{sheet(), readSettings(), toUtf8(title_), devices_->printer(), file};
+  return {sheet(), readSettings(), toUtf8(title_), devices_->printer(), {}};
+}
+
+/// False where the user thinks better of it. Paper needs no file.
+bool frmPrint::chooseFile(PrintOrder& order) const {
+  if (!order.printer.empty())
+    return true;
+  const auto file = askPdfFile_(suggestedFile());
+  order.file = file.value_or(std::filesystem::path());
+  return file.has_value();
+}
+
+void frmPrint::carryOut(const PrintOrder& order) {
   ui->ProgressBar1->setMaximum(printSteps(page_));
   runPrint(pool_, order, [this](PrintStep step, std::size_t pictures) {
     if (const auto value = printStepValue(page_, step, pictures))
       ui->ProgressBar1->setValue(*value);
   });
+}
+
+void frmPrint::whileProcessing(const std::function<void()>& work) {
+  showProcessing(true);
+  const auto end = qScopeGuard([this] { showProcessing(false); });
+  const Hourglass hourglass;
+  work();
 }
 
 void frmPrint::showProcessing(bool on) {
@@ -173,9 +189,10 @@ void frmPrint::showProcessing(bool on) {
     ui->note->clear();
 }
 
-void frmPrint::showResult(const std::filesystem::path& file) {
-  ui->note->setText(file.empty() ? QStringLiteral("Sent to %1.").arg(toQString(devices_->printer()))
-                                 : QStringLiteral("Saved as %1").arg(toQString(file)));
+void frmPrint::showResult(const PrintOrder& order) {
+  ui->note->setText(order.printer.empty()
+                        ? QStringLiteral("Saved as %1").arg(toQString(order.file))
+                        : QStringLiteral("Sent to %1.").arg(toQString(order.printer)));
 }
 
 void frmPrint::tellFailure(const QString& why) {

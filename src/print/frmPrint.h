@@ -18,6 +18,7 @@ class frmPrint;
 namespace hearthbook {
 
 class PrintDevices;
+struct PrintOrder;
 class WorkPool;
 
 /// Asks where a PDF is to lie, with a name to begin with; nothing where the user thinks better
@@ -50,9 +51,12 @@ protected:
 private:
   void wireControls();
   void print();
-  void printTo(const std::filesystem::path& file);
+  [[nodiscard]] PrintOrder readOrder() const;
+  bool chooseFile(PrintOrder& order) const;
+  void carryOut(const PrintOrder& order);
+  void whileProcessing(const std::function<void()>& work);
   void showProcessing(bool on);
-  void showResult(const std::filesystem::path& file);
+  void showResult(const PrintOrder& order);
   void tellFailure(const QString& why);
   void tellNoPrinters(const QString& why);
   void choicesChanged();

@@ -27,6 +27,7 @@
 #include <QRadioButton>
 #include <QScrollBar>
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -40,6 +41,7 @@ protected:
     Forms::provide<frmPrint>([this] {
       return new frmPrint(pool_, [this](const QString& suggested) {
         suggested_ = suggested;
+        whileAsked_();
         return pdf_;
       });
     });
@@ -114,6 +116,7 @@ protected:
   TemporaryFolder folder_;
   std::optional<std::filesystem::path> pdf_ = folder_.path() / "page.pdf";
   QString suggested_;
+  std::function<void()> whileAsked_ = [] {}; ///< while the question for the file stands
   WorkPool pool_;
   BoxScript boxes_;
 };

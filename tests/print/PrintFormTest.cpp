@@ -162,6 +162,37 @@ TEST_F(PrintForm, TheArrowsGoOnFromWhatWasTyped) {
   EXPECT_EQ(text->text(), QStringLiteral("6"));
 }
 
+TEST_F(PrintForm, TheArrowsReachEveryNumberOfCopiesThatCanBeTyped) {
+  const frmPrint& form = open("Editor", editorPage());
+  auto* text = control<QLineEdit>(form, "Text1");
+  auto* arrows = control<QScrollBar>(form, "VScroll2");
+  text->selectAll();
+  QTest::keyClicks(text, QStringLiteral("998"));
+  for (const char* more : {"999", "999"}) {
+    arrows->triggerAction(QAbstractSlider::SliderSingleStepSub);
+    EXPECT_EQ(text->text(), toQString(more));
+  }
+  arrows->triggerAction(QAbstractSlider::SliderToMaximum);
+  EXPECT_EQ(text->text(), QStringLiteral("1"));
+}
+
+TEST_F(PrintForm, PrintsWhatTheFormSaidWhenTheFileWasAskedFor) {
+  const frmPrint& form = open("Editor", editorPage());
+  auto* copies = control<QLineEdit>(form, "Text1");
+  copies->setText(QStringLiteral("2"));
+  whileAsked_ = [copies] { copies->setText(QStringLiteral("3")); };
+  press(form, "Command4");
+  EXPECT_EQ(pdfPages(*pdf_, 20).size(), 2u);
+}
+
+TEST_F(PrintForm, AWrongEntryIsToldBeforeAFileIsAskedFor) {
+  const frmPrint& form = open("Editor", editorPage());
+  control<QLineEdit>(form, "Text1")->setText(QStringLiteral("many"));
+  boxes_.expectMessage(printFailureText, QStringLiteral("Print"));
+  press(form, "Command4");
+  EXPECT_EQ(suggested_, QString());
+}
+
 TEST_F(PrintForm, NothingIsPrintedWhereTheUserTakesTheFileBack) {
   pdf_.reset();
   const frmPrint& form = open("Editor", editorPage());

@@ -78,6 +78,18 @@ TEST_F(PrintToPrinter, AnAlbumPageComesOutOfThePrinter) {
   EXPECT_NEAR(blues, 4 * quarter, quarter / 5);
 }
 
+TEST_F(PrintToPrinter, TheChosenQualityReachesThePrinter) {
+  service().addPrinter("Album_PDF");
+  const frmPrint& form = openTitled("Editor", editorPage());
+  for (const auto& [option, told] :
+       {std::pair("Option5", "quality 3"), {"Option4", "quality 4"}, {"Option3", "quality 5"}}) {
+    check(form, option);
+    press(form, "Command4");
+    EXPECT_TRUE(waitFor([&] { return service().pageLog().find(told) != std::string::npos; }))
+        << service().pageLog();
+  }
+}
+
 TEST_F(PrintToPrinter, APhotoOnPhotoPaperComesOutOnIt) {
   service().addPrinter("Album_PDF");
   const frmPrint& form = openTitled("Zoom", editorPage());
