@@ -38,7 +38,9 @@ PixelRect drawnRegion(PhotoPoint from, PhotoPoint to, PixelSize photo, PixelSize
   const double roomX = right > 0 ? photo.width - startX : startX;
   const double roomY = down > 0 ? photo.height - startY : startY;
   const double ratio = ratioOf(box);
-  const double drawn = std::max(std::abs(to.x - from.x), std::abs(to.y - from.y) * ratio);
+  const double wentX = std::max(0.0, (to.x - startX) * right);
+  const double wentY = std::max(0.0, (to.y - startY) * down);
+  const double drawn = std::max(wentX, wentY * ratio);
   const double width = std::min({drawn, roomX, roomY * ratio});
   if (width < leastSide)
     return {};

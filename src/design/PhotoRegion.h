@@ -17,7 +17,8 @@ struct PhotoPoint {
 PixelRect wholeRegion(PixelSize photo, PixelSize box);
 
 /// What a mouse marks that was pressed at `from` and is at `to`: it goes as far as the mouse in the
-/// direction in which that went further. Empty where it did not go anywhere.
+/// direction in which that went further, counted from where it came onto the photo. Empty where it
+/// did not go anywhere.
 PixelRect drawnRegion(PhotoPoint from, PhotoPoint to, PixelSize photo, PixelSize box);
 
 PixelRect movedRegion(PixelRect region, int right, int down, PixelSize photo);

@@ -36,13 +36,19 @@ TEST(PhotoRegion, KeepsTheProportionsOfTheBoxHoweverItIsDrawn) {
 
 TEST(PhotoRegion, EndsWhereThePhotoEnds) {
   EXPECT_EQ(drawnRegion({1000, 100}, {5000, 200}, photo, square), (PixelRect{1000, 100, 200, 200}));
-  EXPECT_EQ(drawnRegion({-50, -50}, {90, 90}, photo, square), (PixelRect{0, 0, 140, 140}));
+}
+
+TEST(PhotoRegion, BeginsWhereTheMouseComesOntoThePhoto) {
+  EXPECT_EQ(drawnRegion({-50, -50}, {90, 90}, photo, square), (PixelRect{0, 0, 90, 90}));
+  EXPECT_EQ(drawnRegion({-50, 100}, {90, 120}, photo, square), (PixelRect{0, 100, 90, 90}));
+  EXPECT_EQ(drawnRegion({1250, 850}, {1100, 780}, photo, square), (PixelRect{1100, 700, 100, 100}));
 }
 
 TEST(PhotoRegion, OfAMouseThatWentNowhereIsNone) {
   EXPECT_TRUE(drawnRegion({100, 100}, {100, 100}, photo, square).isEmpty());
   EXPECT_TRUE(drawnRegion({100, 100}, {103, 102}, photo, square).isEmpty());
   EXPECT_TRUE(drawnRegion({1200, 800}, {1900, 900}, photo, square).isEmpty());
+  EXPECT_TRUE(drawnRegion({-80, -80}, {-20, -20}, photo, square).isEmpty());
 }
 
 TEST(PhotoRegion, IsMovedAsFarAsThePhotoReaches) {
