@@ -54,7 +54,7 @@ Picture pieceOf(const Picture& photo, const PixelRect& region, PixelSize box) {
 
 /// A photo that was decoded beside the window, or what stands in for it.
 struct ExportDesigner::Arrived {
-  Picture picture;
+  PhotoLevels picture;
   bool isPhoto = false;
 };
 
@@ -68,8 +68,8 @@ ExportDesigner::ExportDesigner(Album& album, WorkPool& pool, DesignFiles files)
   ui->ImgX1->setParts(ui->HScroll2, ui->VScroll2, ui->boxRegion);
   ui->frmThumbCells->setSource(
       pool_, ui->VScroll1,
-      [this](const DesignHit& hit) {
-        return ownThumbnailPath(album_, hit.pictureId).value_or(notFoundPicture(album_));
+      [&album = album_](const DesignHit& hit) {
+        return thumbnailPath(album, hit.pictureId).value_or(std::filesystem::path());
       },
       notFoundPicture(album_));
   chooser_ = new PhotoChooser(
@@ -162,19 +162,21 @@ void ExportDesigner::askForPhoto(int index) {
 }
 
 void ExportDesigner::takePhoto(const std::string& pictureId) {
-  const auto file = imagePath(album_, pictureId).value_or(std::filesystem::path());
   if (!waiting_)
     waiting_.emplace();
   showRegion();
   runBeside(
       pool_, this,
-      [file, other = notFoundPicture(album_)] {
+      [&album = album_, pictureId] {
         Arrived arrived;
+        const auto file = imagePath(album, pictureId).value_or(std::filesystem::path());
         if (fileExists(file))
-          passOver([&] { arrived.picture = decodePictureRoughly(file, photoSide).picture; });
-        arrived.isPhoto = !arrived.picture.isNull();
+          passOver([&] {
+            arrived.picture = PhotoLevels(decodePictureRoughly(file, photoSide).picture);
+          });
+        arrived.isPhoto = !arrived.picture.photo().isNull();
         if (!arrived.isPhoto)
-          arrived.picture = pictureOrNone(other);
+          arrived.picture = PhotoLevels(pictureOrNone(notFoundPicture(album)));
         return arrived;
       },
       [this, request = ++request_](const Arrived& arrived) {
@@ -195,7 +197,7 @@ void ExportDesigner::photoArrived(const Arrived& arrived) {
   if (arrived.isPhoto)
     ui->ImgX1->showPhoto(arrived.picture, photoPixels(surface_->box(asked_)));
   else
-    ui->ImgX1->showOnly(arrived.picture);
+    ui->ImgX1->showOnly(arrived.picture.photo());
 }
 
 void ExportDesigner::selectRegion() {
@@ -234,8 +236,12 @@ void ExportDesigner::done() {
   Unload();
 }
 
+bool ExportDesigner::isTouched() const {
+  return surface_->isTouched() || background_ != paperPicture(album_.folder) || music_;
+}
+
 bool ExportDesigner::unloading() {
-  if (made_ || !surface_->isTouched())
+  if (made_ || !isTouched())
     return true;
   return MsgBox(toQString("The page has not been made, and what you have put into it would be "
                           "lost.\r\nWould you like to leave it?"),

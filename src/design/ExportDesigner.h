@@ -65,6 +65,7 @@ private:
   void selectRegion();
   void returnToTemplates();
   void done();
+  [[nodiscard]] bool isTouched() const; ///< there is something to lose
 
   Album& album_;
   WorkPool& pool_;

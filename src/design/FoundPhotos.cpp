@@ -3,11 +3,13 @@
 #include "ApplicationFolder.h"
 #include "Beside.h"
 #include "Decode.h"
+#include "GridWalk.h"
 #include "Look.h"
 #include "PhotoBox.h"
 #include "Text.h"
 
 #include <QGridLayout>
+#include <QKeyEvent>
 #include <QPainter>
 #include <QScrollBar>
 #include <QWheelEvent>
@@ -19,7 +21,10 @@ namespace hearthbook {
 
 namespace {
 
+constexpr int cellCount = FoundPhotos::columns * FoundPhotos::rows;
 constexpr int thumbnailSide = 160; // as large as a cell is on a large screen
+
+const QString nothingFound = QStringLiteral("There are no such photos.");
 
 /// The thumbnail, else what stands in for it.
 Picture thumbnailOr(const std::filesystem::path& file, const std::filesystem::path& notFound) {
@@ -38,17 +43,20 @@ void FoundPhotos::makeCells() {
   auto* grid = new QGridLayout(this);
   grid->setContentsMargins(0, 0, 0, 0);
   grid->setSpacing(4);
-  for (int index = 0; index < columns * rows; ++index) {
+  for (int index = 0; index < cellCount; ++index) {
     auto* cell = new PhotoBox(PhotoBox::Fit::Within, {}, this);
     cell->setObjectName(QStringLiteral("Image1"));
     cell->setProperty("index", index);
     cell->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
     cell->setEnabled(false);
+    cell->installEventFilter(this);
     grid->addWidget(cell, index / columns, index % columns);
-    connect(cell, &QAbstractButton::clicked, this,
-            [this, index] { Q_EMIT chosen(hits_[hitOf(index)].pictureId); });
+    connect(cell, &QAbstractButton::clicked, this, [this, index] {
+      Q_EMIT chosen(hits_[static_cast<std::size_t>(hitOf(index))].pictureId);
+    });
     cells_.push_back(cell);
   }
+  tickets_.resize(cells_.size());
 }
 
 void FoundPhotos::setSource(WorkPool& pool, QScrollBar* bar, FileOf fileOf,
@@ -79,55 +87,107 @@ void FoundPhotos::layOutBar() {
   bar_->setPageStep(rows);
   bar_->setValue(0);
   bar_->setEnabled(bar_->maximum() > 0);
+  setAccessibleDescription(searched_ && hits_.empty() ? nothingFound : QString());
   showPage();
   update();
 }
 
-std::size_t FoundPhotos::hitOf(int cell) const {
-  const int hit = bar_->value() * columns + cell;
-  return static_cast<std::size_t>(hit);
+int FoundPhotos::hitOf(int cell) const { return bar_->value() * columns + cell; }
+
+int FoundPhotos::focusedCell() const {
+  const auto at = std::ranges::find_if(cells_, &QWidget::hasFocus);
+  return at == cells_.end() ? -1 : static_cast<int>(at - cells_.begin());
 }
 
 void FoundPhotos::showPage() {
-  for (int cell = 0; cell < columns * rows; ++cell)
+  const int last = std::min(cellCount, count() - hitOf(0)) - 1;
+  if (focusedCell() > last && last >= 0)
+    cells_[static_cast<std::size_t>(last)]->setFocus(Qt::OtherFocusReason);
+  setTabStop(std::max(0, focusedCell()));
+  for (int cell = 0; cell < cellCount; ++cell)
     showCell(cell);
 }
 
 void FoundPhotos::showCell(int cell) {
   PhotoBox* box = cells_[static_cast<std::size_t>(cell)];
-  const std::size_t hit = hitOf(cell);
+  const bool filled = hitOf(cell) < count();
+  const QString told =
+      filled ? toQString(hits_[static_cast<std::size_t>(hitOf(cell))].toolTip) : QString();
   box->setPicture({});
-  box->setEnabled(hit < hits_.size());
-  const QString told = box->isEnabled() ? toQString(hits_[hit].toolTip) : QString();
+  box->setEnabled(filled);
   box->setToolTip(told);
-  box->setAccessibleName(box->isEnabled() ? QStringLiteral("Photo ") + told : QString());
-  if (!box->isEnabled())
-    return;
-  const std::string id = hits_[hit].pictureId;
-  const auto stillWanted = [this, cell, id] {
-    const std::size_t now = hitOf(cell);
-    return now < hits_.size() && hits_[now].pictureId == id;
-  };
+  box->setAccessibleName(filled ? QStringLiteral("Photo ") + told : QString());
+  tickets_[static_cast<std::size_t>(cell)].reset();
+  if (filled)
+    askForPicture(cell);
+}
+
+/// A picture that is scrolled away before its turn is not decoded.
+void FoundPhotos::askForPicture(int cell) {
+  const auto place = static_cast<std::size_t>(cell);
+  PhotoBox* box = cells_[place];
+  tickets_[place] = std::make_shared<int>();
+  const std::weak_ptr<void> ticket = tickets_[place];
   runBeside(
       *pool_, box,
-      [file = fileOf_(hits_[hit]), other = notFound_] { return thumbnailOr(file, other); },
-      [box, stillWanted](const Picture& picture) {
-        if (stillWanted())
+      [ticket, fileOf = fileOf_, hit = hits_[static_cast<std::size_t>(hitOf(cell))],
+       other = notFound_] {
+        return ticket.expired() ? Picture() : thumbnailOr(fileOf(hit), other);
+      },
+      [box, ticket](const Picture& picture) {
+        if (!ticket.expired())
           box->setPicture(picture);
       });
 }
 
+bool FoundPhotos::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::FocusIn)
+    setTabStop(focusedCell());
+  else if (event->type() == QEvent::KeyPress && walk(static_cast<QKeyEvent*>(event)->key()))
+    return true;
+  return QWidget::eventFilter(watched, event);
+}
+
+bool FoundPhotos::walk(int key) {
+  const int from = hitOf(focusedCell());
+  const int last = count() - 1;
+  if (key == Qt::Key_PageUp)
+    focusOn(std::max(0, from - cellCount));
+  else if (key == Qt::Key_PageDown)
+    focusOn(std::min(last, from + cellCount));
+  else if (const auto target = walkedTo(from, last, columns, key))
+    focusOn(*target);
+  else
+    return false;
+  return true;
+}
+
+void FoundPhotos::focusOn(int hit) {
+  const int row = hit / columns;
+  if (row < bar_->value())
+    bar_->setValue(row);
+  else if (row >= bar_->value() + rows)
+    bar_->setValue(row - rows + 1);
+  cells_[static_cast<std::size_t>(hit - hitOf(0))]->setFocus(Qt::OtherFocusReason);
+}
+
+void FoundPhotos::setTabStop(int cell) {
+  for (int other = 0; other < cellCount; ++other)
+    cells_[static_cast<std::size_t>(other)]->setFocusPolicy(other == cell ? Qt::StrongFocus
+                                                                          : Qt::ClickFocus);
+}
+
 void FoundPhotos::paintEvent(QPaintEvent*) {
-  if (!searched_ || !hits_.empty())
+  if (accessibleDescription().isEmpty())
     return;
   QPainter painter(this);
   painter.setPen(look::quietInk);
-  painter.drawText(rect(), Qt::AlignCenter | Qt::TextWordWrap,
-                   QStringLiteral("There are no such photos."));
+  painter.drawText(rect(), Qt::AlignCenter | Qt::TextWordWrap, nothingFound);
 }
 
 void FoundPhotos::wheelEvent(QWheelEvent* event) {
-  bar_->setValue(bar_->value() + (event->angleDelta().y() > 0 ? -1 : 1));
+  const int up = wheel_.take(*event, std::max(1, height() / rows));
+  bar_->setValue(bar_->value() - up);
   event->accept();
 }
 

@@ -1,11 +1,13 @@
 #pragma once
 
 #include "DesignSearch.h"
+#include "WheelSteps.h"
 
 #include <QWidget>
 
 #include <filesystem>
 #include <functional>
+#include <memory>
 #include <vector>
 
 class QScrollBar;
@@ -15,7 +17,8 @@ namespace hearthbook {
 class PhotoBox;
 class WorkPool;
 
-/// The thumbnails of the photos that were found, a page of them at a time.
+/// The thumbnails of the photos that were found, a page of them at a time. Tab reaches one of them;
+/// from there the arrows, PageUp, PageDown, Home and End lead through all.
 class FoundPhotos : public QWidget {
   Q_OBJECT
 public:
@@ -25,7 +28,8 @@ public:
   explicit FoundPhotos(QWidget* parent = nullptr);
 
   using FileOf = std::function<std::filesystem::path(const DesignHit&)>;
-  /// `bar` pages; `fileOf` tells the thumbnail, `notFound` stands in for one that is not there.
+  /// `bar` pages; `fileOf` tells what to show for a photo, asked beside the window's thread, since
+  /// looking for a disc may wait for its drive. `notFound` stands in for what cannot be read.
   void setSource(WorkPool& pool, QScrollBar* bar, FileOf fileOf, std::filesystem::path notFound);
 
   void showHits(std::vector<DesignHit> hits);
@@ -35,6 +39,7 @@ Q_SIGNALS:
   void chosen(const std::string& pictureId);
 
 protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
   void wheelEvent(QWheelEvent* event) override;
 
@@ -43,15 +48,24 @@ private:
   void layOutBar();
   void showPage();
   void showCell(int cell);
-  [[nodiscard]] std::size_t hitOf(int cell) const;
+  void askForPicture(int cell);
+  bool walk(int key);
+  void focusOn(int hit);
+  void setTabStop(int cell);
+  [[nodiscard]] int hitOf(int cell) const;
+  [[nodiscard]] int focusedCell() const; ///< below 0: none
+  [[nodiscard]] int count() const { return static_cast<int>(hits_.size()); }
 
   WorkPool* pool_ = nullptr;
   QScrollBar* bar_ = nullptr;
   FileOf fileOf_;
   std::filesystem::path notFound_;
   std::vector<PhotoBox*> cells_;
+  /// Of the pictures that are wanted in them.
+  std::vector<std::shared_ptr<void>> tickets_;
   std::vector<DesignHit> hits_;
   bool searched_ = false;
+  WheelSteps wheel_;
 };
 
 } // namespace hearthbook

@@ -36,10 +36,7 @@ void RegionView::setParts(QScrollBar* across, QScrollBar* down, QFrame* frame) {
   frame_->setAttribute(Qt::WA_TransparentForMouseEvents);
   frame_->hide();
   for (QScrollBar* bar : {across_, down_})
-    connect(bar, &QScrollBar::valueChanged, this, [this] {
-      placeFrame();
-      update();
-    });
+    connect(bar, &QScrollBar::valueChanged, this, &RegionView::photoMoved);
 }
 
 QSize RegionView::sizeHint() const {
@@ -47,20 +44,20 @@ QSize RegionView::sizeHint() const {
   return comfortable;
 }
 
-void RegionView::showPhoto(const Picture& photo, PixelSize box) { show(photo, box); }
+void RegionView::showPhoto(const PhotoLevels& photo, PixelSize box) { show(photo, box); }
 
-void RegionView::showOnly(const Picture& picture) { show(picture, std::nullopt); }
+void RegionView::showOnly(const Picture& picture) { show(PhotoLevels(picture), std::nullopt); }
 
 void RegionView::clear() { show({}, std::nullopt); }
 
-void RegionView::show(const Picture& picture, std::optional<PixelSize> box) {
-  photo_ = picture;
+void RegionView::show(const PhotoLevels& photo, std::optional<PixelSize> box) {
+  levels_ = photo;
   box_ = box;
   enlarged_ = 1;
   pressed_.reset();
   setCursor(box ? Qt::CrossCursor : Qt::ArrowCursor);
   layOut();
-  setRegion(box ? wholeRegion(picture.size(), *box) : PixelRect{});
+  setRegion(box ? wholeRegion(photo.photo().size(), *box) : PixelRect{});
 }
 
 void RegionView::setRegion(const PixelRect& region) {
@@ -71,11 +68,11 @@ void RegionView::setRegion(const PixelRect& region) {
 }
 
 double RegionView::scale() const {
-  return enlarged_ * std::min(static_cast<double>(width()) / photo_.width(),
-                              static_cast<double>(height()) / photo_.height());
+  return enlarged_ * std::min(static_cast<double>(width()) / photo().width(),
+                              static_cast<double>(height()) / photo().height());
 }
 
-QSizeF RegionView::shownSize() const { return QSizeF(photo_.width(), photo_.height()) * scale(); }
+QSizeF RegionView::shownSize() const { return QSizeF(photo().width(), photo().height()) * scale(); }
 
 /// Where the photo begins: in the middle where it is smaller than the view.
 QPointF RegionView::corner() const {
@@ -99,8 +96,7 @@ QRectF RegionView::regionInView() const {
 }
 
 void RegionView::layOut() {
-  const bool empty = photo_.isNull() || size().isEmpty();
-  const QSizeF shown = empty ? QSizeF() : shownSize();
+  const QSizeF shown = photo().isNull() ? QSizeF(0, 0) : shownSize();
   const auto spread = [](QScrollBar* bar, double content, int room) {
     bar->setRange(0, std::max(0, static_cast<int>(std::ceil(content)) - room));
     bar->setPageStep(room);
@@ -109,38 +105,57 @@ void RegionView::layOut() {
   };
   spread(across_, shown.width(), width());
   spread(down_, shown.height(), height());
-  whole_ = empty ? QImage()
-                 : toImage(photo_).scaled((shown / enlarged_ * devicePixelRatioF()).toSize(),
-                                          Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+  photoMoved();
+}
+
+void RegionView::photoMoved() {
+  seen_ = {};
   placeFrame();
   update();
 }
 
 void RegionView::placeFrame() {
-  const bool marked = !photo_.isNull() && !region_.isEmpty();
+  const bool marked = !photo().isNull() && !region_.isEmpty();
   frame_->setVisible(marked);
   if (marked)
     frame_->setGeometry(regionInView().toAlignedRect());
 }
 
-void RegionView::enlarge(double factor) {
-  if (photo_.isNull())
+void RegionView::enlarge(double factor, QPointF kept) {
+  if (photo().isNull())
     return;
-  const QPointF middle(width() / 2.0, height() / 2.0);
-  const PhotoPoint kept = toPhoto(middle);
+  const PhotoPoint there = toPhoto(kept);
   enlarged_ = std::clamp(enlarged_ * factor, 1.0, mostEnlarged);
   layOut();
-  across_->setValue(static_cast<int>(std::lround(kept.x * scale() - middle.x())));
-  down_->setValue(static_cast<int>(std::lround(kept.y * scale() - middle.y())));
+  across_->setValue(static_cast<int>(std::lround(there.x * scale() - kept.x())));
+  down_->setValue(static_cast<int>(std::lround(there.y * scale() - kept.y())));
+}
+
+/// From the pixels that there are for this size, as many of them as are in sight.
+void RegionView::paintPhoto() {
+  seen_ = QPixmap(size() * devicePixelRatioF());
+  seen_.setDevicePixelRatio(devicePixelRatioF());
+  seen_.fill(look::desk);
+  const QRectF shown(corner(), shownSize());
+  const QRectF inSight = shown & QRectF(rect());
+  const QImage image = toImage(levels_.atLeast(shown.width() * devicePixelRatioF()));
+  const double across = image.width() / shown.width();
+  const double down = image.height() / shown.height();
+  QPainter painter(&seen_);
+  painter.setRenderHint(QPainter::SmoothPixmapTransform);
+  painter.drawImage(inSight, image,
+                    QRectF((inSight.left() - shown.left()) * across,
+                           (inSight.top() - shown.top()) * down, inSight.width() * across,
+                           inSight.height() * down));
 }
 
 void RegionView::paintEvent(QPaintEvent*) {
   QPainter painter(this);
-  painter.fillRect(rect(), look::desk);
-  if (photo_.isNull())
-    return;
-  painter.setRenderHint(QPainter::SmoothPixmapTransform);
-  painter.drawImage(QRectF(corner(), shownSize()), enlarged_ > 1 ? toImage(photo_) : whole_);
+  if (photo().isNull())
+    return painter.fillRect(rect(), look::desk);
+  if (seen_.isNull())
+    paintPhoto();
+  painter.drawPixmap(0, 0, seen_);
   if (region_.isEmpty())
     return;
   QPainterPath left; // what does not go into the box is dimmed
@@ -162,7 +177,7 @@ void RegionView::mousePressEvent(QMouseEvent* event) {
 void RegionView::mouseMoveEvent(QMouseEvent* event) {
   if (!pressed_)
     return;
-  const PixelRect drawn = drawnRegion(*pressed_, toPhoto(event->position()), photo_.size(), *box_);
+  const PixelRect drawn = drawnRegion(*pressed_, toPhoto(event->position()), photo().size(), *box_);
   if (!drawn.isEmpty())
     setRegion(drawn);
 }
@@ -170,28 +185,40 @@ void RegionView::mouseMoveEvent(QMouseEvent* event) {
 void RegionView::mouseReleaseEvent(QMouseEvent*) { pressed_.reset(); }
 
 void RegionView::wheelEvent(QWheelEvent* event) {
-  enlarge(event->angleDelta().y() > 0 ? growth : 1 / growth);
+  const double notches =
+      event->angleDelta().y() / static_cast<double>(QWheelEvent::DefaultDeltasPerStep);
+  enlarge(std::pow(growth, notches), event->position()); // a touch pad tells parts of a notch
   event->accept();
 }
 
+bool RegionView::enlargeByKey(const QKeyEvent& event) {
+  const bool larger = event.key() == Qt::Key_Plus || event.key() == Qt::Key_Equal;
+  if (!event.modifiers().testFlag(Qt::ControlModifier) || (!larger && event.key() != Qt::Key_Minus))
+    return false;
+  enlarge(larger ? growth : 1 / growth, QRectF(rect()).center());
+  return true;
+}
+
 void RegionView::keyPressEvent(QKeyEvent* event) {
+  if (enlargeByKey(*event))
+    return;
   if (!box_)
     return QWidget::keyPressEvent(event);
   const int step =
-      std::max(1, static_cast<int>(keyStep * std::max(photo_.width(), photo_.height())));
+      std::max(1, static_cast<int>(keyStep * std::max(photo().width(), photo().height())));
   switch (event->key()) {
   case Qt::Key_Left:
-    return setRegion(movedRegion(region_, -step, 0, photo_.size()));
+    return setRegion(movedRegion(region_, -step, 0, photo().size()));
   case Qt::Key_Right:
-    return setRegion(movedRegion(region_, step, 0, photo_.size()));
+    return setRegion(movedRegion(region_, step, 0, photo().size()));
   case Qt::Key_Up:
-    return setRegion(movedRegion(region_, 0, -step, photo_.size()));
+    return setRegion(movedRegion(region_, 0, -step, photo().size()));
   case Qt::Key_Down:
-    return setRegion(movedRegion(region_, 0, step, photo_.size()));
+    return setRegion(movedRegion(region_, 0, step, photo().size()));
   case Qt::Key_Plus:
-    return setRegion(scaledRegion(region_, growth, photo_.size(), *box_));
+    return setRegion(scaledRegion(region_, growth, photo().size(), *box_));
   case Qt::Key_Minus:
-    return setRegion(scaledRegion(region_, 1 / growth, photo_.size(), *box_));
+    return setRegion(scaledRegion(region_, 1 / growth, photo().size(), *box_));
   default:
     return QWidget::keyPressEvent(event);
   }

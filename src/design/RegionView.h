@@ -1,8 +1,9 @@
 #pragma once
 
+#include "PhotoLevels.h"
 #include "PhotoRegion.h"
 
-#include <QImage>
+#include <QPixmap>
 #include <QWidget>
 
 #include <optional>
@@ -14,8 +15,9 @@ namespace hearthbook {
 
 /// A photo of which the mouse marks a region in the proportions of a box.
 ///
-/// At first the whole photo is in sight; the wheel enlarges it, and the scroll bars move it then.
-/// The arrow keys move the region, + and - make it larger and smaller.
+/// At first the whole photo is in sight; the wheel enlarges it where the mouse is, Ctrl with + and
+/// - in the middle, and the scroll bars move it then. The arrow keys move the region, + and - make
+/// it larger and smaller.
 class RegionView : public QWidget {
   Q_OBJECT
 public:
@@ -25,15 +27,15 @@ public:
   void setParts(QScrollBar* across, QScrollBar* down, QFrame* frame);
 
   /// Begins with as much of the photo as the box takes.
-  void showPhoto(const Picture& photo, PixelSize box);
+  void showPhoto(const PhotoLevels& photo, PixelSize box);
   /// A picture in which nothing can be marked.
   void showOnly(const Picture& picture);
   void clear();
 
   /// Empty where nothing is marked.
   [[nodiscard]] PixelRect region() const { return region_; }
-  [[nodiscard]] const Picture& photo() const { return photo_; }
-  void enlarge(double factor); ///< around the middle of what is in sight
+  [[nodiscard]] const Picture& photo() const { return levels_.photo(); }
+  void enlarge(double factor, QPointF kept); ///< what is seen at `kept` stays there
 
   /// A place of the photo in this widget's pixels.
   [[nodiscard]] QPointF toView(PhotoPoint point) const;
@@ -53,10 +55,13 @@ protected:
   void keyPressEvent(QKeyEvent* event) override;
 
 private:
-  void show(const Picture& picture, std::optional<PixelSize> box);
+  void show(const PhotoLevels& photo, std::optional<PixelSize> box);
   void setRegion(const PixelRect& region);
   void layOut();
   void placeFrame();
+  void photoMoved();
+  void paintPhoto();
+  bool enlargeByKey(const QKeyEvent& event);
   [[nodiscard]] double scale() const;
   [[nodiscard]] QSizeF shownSize() const;
   [[nodiscard]] QPointF corner() const;
@@ -66,8 +71,8 @@ private:
   QScrollBar* across_ = nullptr;
   QScrollBar* down_ = nullptr;
   QFrame* frame_ = nullptr;
-  Picture photo_;
-  QImage whole_; ///< the photo as small as it is shown at first
+  PhotoLevels levels_;
+  QPixmap seen_; ///< the part of the photo that is in sight; none until it is painted
   std::optional<PixelSize> box_;
   PixelRect region_;
   double enlarged_ = 1;

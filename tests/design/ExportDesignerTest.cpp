@@ -111,39 +111,6 @@ TEST_F(ExportDesignerTest, TheRadioButtonsShowOneListEach) {
   }
 }
 
-TEST_F(ExportDesignerTest, AChoiceShowsThePhotosAndTheBarPagesThroughThem) {
-  addPhotosOf("Clara", 22);
-  const auto& designer = open();
-  QTest::mouseClick(&photoBox(designer, "Bride"), Qt::LeftButton);
-  chooseIn(designer, "Combo1", "Clara");
-  EXPECT_EQ(thumbnail(designer, 0).toolTip(), QStringLiteral("1952,  in "));
-  auto* bar = control<QScrollBar>(designer, "VScroll1");
-  EXPECT_EQ(bar->maximum(), 11 - FoundPhotos::rows);
-  bar->setValue(bar->maximum());
-  EXPECT_EQ(thumbnail(designer, 0).toolTip(), QStringLiteral("1964,  in "));
-  EXPECT_EQ(thumbnail(designer, 8).toolTip(), QStringLiteral("1972,  in "));
-  EXPECT_FALSE(thumbnail(designer, 9).isEnabled());
-  EXPECT_TRUE(waitFor([&] { return !thumbnail(designer, 8).picture().isNull(); }));
-}
-
-TEST_F(ExportDesignerTest, TheFirstLineOfAListShowsNothing) {
-  addPhotosOf("Clara", 3);
-  const auto& designer = open();
-  QTest::mouseClick(&photoBox(designer, "Bride"), Qt::LeftButton);
-  chooseIn(designer, "Combo1", "Clara");
-  chooseIn(designer, "Combo1", "Search for person");
-  EXPECT_FALSE(thumbnail(designer, 0).isEnabled());
-}
-
-TEST_F(ExportDesignerTest, AMissingThumbnailHasThePictureOfOneThatIsNotFound) {
-  addPhotosOf("Clara", 2);
-  std::filesystem::remove(at("Thumbnails/00002.jpg"));
-  const auto& designer = open();
-  QTest::mouseClick(&photoBox(designer, "Bride"), Qt::LeftButton);
-  chooseIn(designer, "Combo1", "Clara");
-  EXPECT_TRUE(waitFor([&] { return !thumbnail(designer, 0).picture().isNull(); }));
-}
-
 TEST_F(ExportDesignerTest, APhotoIsMarkedAndItsRegionGoesIntoTheBox) {
   addPhotosOf("Clara", 2);
   writeBytes(at("Photos/00002.jpg"), jpegOf(corners({1600, 800})));
@@ -169,45 +136,6 @@ TEST_F(ExportDesignerTest, APhotoIsMarkedAndItsRegionGoesIntoTheBox) {
   EXPECT_LT(distance(taken.row(taken.height() / 2)[taken.width() / 2], green), 20);
   EXPECT_NEAR(static_cast<double>(taken.width()) / taken.height(), 267.0 / 324, 0.01);
   leave(designer);
-}
-
-TEST_F(ExportDesignerTest, KeysMoveTheRegionAndMakeItSmallerAndLarger) {
-  addPhotosOf("Clara", 2);
-  writeBytes(at("Photos/00002.jpg"), jpegOf(corners({800, 800})));
-  auto& designer = open();
-  bringPhoto(designer, "Bride", "Clara");
-  auto& view = region(designer);
-  const PixelRect whole = view.region();
-  EXPECT_EQ(whole.height, 800);
-  QTest::keyClick(&view, Qt::Key_Minus);
-  EXPECT_LT(view.region().width, whole.width);
-  const PixelRect smaller = view.region();
-  QTest::keyClick(&view, Qt::Key_Left);
-  EXPECT_LT(view.region().left, smaller.left);
-  QTest::keyClick(&view, Qt::Key_Down);
-  EXPECT_GT(view.region().top, smaller.top);
-  QTest::keyClick(&view, Qt::Key_Plus);
-  EXPECT_GT(view.region().width, smaller.width);
-}
-
-TEST_F(ExportDesignerTest, AnEnlargedPhotoIsMovedByItsBars) {
-  addPhotosOf("Clara", 2);
-  writeBytes(at("Photos/00002.jpg"), jpegOf(corners({1600, 1200})));
-  auto& designer = open();
-  bringPhoto(designer, "Bride", "Clara");
-  auto& view = region(designer);
-  auto* across = control<QScrollBar>(designer, "HScroll2");
-  auto* down = control<QScrollBar>(designer, "VScroll2");
-  EXPECT_FALSE(across->isEnabled());
-  view.enlarge(4);
-  EXPECT_TRUE(across->isEnabled());
-  EXPECT_TRUE(down->isEnabled());
-  const QPointF before = view.toView({800, 600});
-  across->setValue(across->value() + 40);
-  down->setValue(down->value() - 30);
-  EXPECT_EQ(view.toView({800, 600}) - before, QPointF(-40, 30));
-  view.enlarge(0.01);
-  EXPECT_FALSE(across->isEnabled());
 }
 
 TEST_F(ExportDesignerTest, APhotoThatIsMissingIsShownAsNotFoundAndCannotBeMarked) {
@@ -354,6 +282,25 @@ TEST_F(ExportDesignerTest, WithoutOneThePaperOfTheProgramTilesThePage) {
   press(designer, "Command2"); // cancelled
   designer.CreatePage();
   EXPECT_EQ(readBytes(at("export/testing1/background.gif")), readBytes(at("Media/WaterMark2.gif")));
+}
+
+TEST_F(ExportDesignerTest, ABackgroundOfOnesOwnIsNotLostWithoutAQuestion) {
+  background_ = at("Media/roses.png");
+  writeBytes(*background_, encodedBy("png", plain({20, 20}, red)));
+  auto& designer = open();
+  press(designer, "Command2");
+  leave(designer, MsgAnswer::No);
+  leave(designer);
+}
+
+TEST_F(ExportDesignerTest, WelcomeMusicIsNotLostWithoutAQuestion) {
+  music_ = at("Audio/march.wav");
+  writeBytes(*music_, "a march");
+  auto& designer = open();
+  press(designer, "chkMusic");
+  leave(designer, MsgAnswer::No);
+  press(designer, "chkMusic");
+  EXPECT_TRUE(designer.Unload());
 }
 
 TEST_F(ExportDesignerTest, ABackgroundThatIsNoPictureIsToldAndTheFormerStays) {
