@@ -71,8 +71,7 @@ void FullScreen::namePhoto() {
 }
 
 void FullScreen::showNext() {
-  LoadFullPhoto();
-  makeFull();
+  LoadFullPhoto(); // and makeFull, as soon as it is there
   moveBehindShown(photos());
   namePhoto();
   Q_EMIT shownAnother();

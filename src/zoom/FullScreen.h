@@ -42,6 +42,7 @@ public:
 
   void decodeAhead(const std::vector<std::filesystem::path>& files);
   [[nodiscard]] const FullScreenPlace& place() const { return place_; }
+  [[nodiscard]] const ZoomPicture& picture() const { return *picture_; }
   [[nodiscard]] bool isWaitingForPicture() const;
 
 Q_SIGNALS:

@@ -101,7 +101,7 @@ void Zoom::wireControls() {
   onCommand(ui->Command4, this, &Zoom::magnify);    // "Zoom +"
   onCommand(ui->Command5, this, &Zoom::reduce);     // "Zoom -"
   onCommand(ui->Command8, this, &Zoom::fullScreen); // "Full [  ]"
-  connect(area_, &ZoomArea::broken, this, &Zoom::tellTryAgain);
+  connect(area_, &ZoomArea::broken, this, &Zoom::tellBroken);
   // The slide show
   onCommand(ui->Check1, this, &Zoom::slide); // "Slide"
   connect(ui->VScroll2, &QScrollBar::valueChanged, this, &Zoom::setSeconds);
@@ -287,9 +287,16 @@ void Zoom::slide(bool on) {
     Timer1_->stop();
 }
 
+/// A photo that takes longer than a tick is waited for, or the show would go by unseen.
+bool Zoom::isShowingLate() const {
+  const auto* full = Forms::loaded<FullScreen>();
+  return full ? full->picture().isWaiting() : area_->picture().isWaiting();
+}
+
+/// A message is read first, and what is on its way seen.
 void Zoom::showNextSlide() {
-  if (isTelling_)
-    return; // the message is read first
+  if (isTelling_ || isShowingLate())
+    return;
   bool went = false;
   passOver([&] {
     if (photos().RecordCount() == 0)
@@ -320,6 +327,12 @@ void Zoom::tellTryAgain() {
       self->isTelling_ = false;
   });
   MsgBox(QStringLiteral("Please try again!"), QStringLiteral("Slide"));
+}
+
+/// The full screen, which has asked for the same photo, tells it itself.
+void Zoom::tellBroken() {
+  if (!Forms::loaded<FullScreen>())
+    tellTryAgain();
 }
 
 void Zoom::fullScreen(bool on) {

@@ -89,11 +89,13 @@ private:
   void setSeconds(int seconds);
   void slide(bool on);
   void showNextSlide();
+  [[nodiscard]] bool isShowingLate() const;
   void showSlide();
   void fullScreen(bool on);
   void flipShow();
   void leaveFullScreen();
   void tellTryAgain();
+  void tellBroken();
 
   void pointAtPerson();
   void readDescription();

@@ -55,6 +55,14 @@ void ZoomPicture::arrived(const FittedPictures::Loaded& loaded) {
   fullSize_ = loaded.fullSize;
   image_.setPicture(loaded.picture);
   Q_EMIT placed();
+  sharpenAgain(loaded.picture.size());
+}
+
+/// The form may have got another size while the photo was on its way.
+void ZoomPicture::sharpenAgain(PixelSize decoded) {
+  const PixelSize wanted = fit_(fullSize_);
+  if (wanted != decoded)
+    sharpen(wanted);
 }
 
 void ZoomPicture::failed(const std::filesystem::path& file) {
@@ -98,6 +106,8 @@ void ZoomPicture::adopt(const ZoomPicture& other) {
   fullSize_ = other.fullSize_;
   image_.setPicture(other.image_.picture());
   Q_EMIT placed();
+  if (other.wanted_)
+    show(*other.wanted_);
 }
 
 void ZoomPicture::decodeAhead(std::vector<std::filesystem::path> files) {

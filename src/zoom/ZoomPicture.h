@@ -29,7 +29,7 @@ public:
   void clear();
   /// The photo shown is wanted in other pixels, never more than its file has.
   void sharpen(PixelSize wanted);
-  /// The photo is shown already, somewhere else, in these pixels.
+  /// The photo is shown already, somewhere else, in these pixels, or is on its way there.
   void adopt(const ZoomPicture& other);
   void decodeAhead(std::vector<std::filesystem::path> files);
   void decodeAheadAgain(); ///< at another size of the form
@@ -46,6 +46,7 @@ Q_SIGNALS:
 
 private:
   void arrived(const FittedPictures::Loaded& loaded);
+  void sharpenAgain(PixelSize decoded);
   void failed(const std::filesystem::path& file);
 
   PictureBox& image_;

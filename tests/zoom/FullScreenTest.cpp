@@ -35,16 +35,16 @@ protected:
     FormControls::press(zoom, "Command8");
     settleZoom();
   }
-  static QSize pixels(const FullScreen& full) {
-    return {photo(full).picture().width(), photo(full).picture().height()};
-  }
   void expectQuestion(MsgAnswer answer) {
     boxes_.expectQuestion(toQString("No More Records, start over?"), toQString("Next Photo"),
                           MsgIcon::Question, MsgButtons::YesNo, answer);
   }
-  void writePhoto(int number, int width, int height) {
-    const auto name = "Photos/" + std::to_string(100000 + number).substr(1) + ".jpg";
-    writeJpeg(at(name), width, height);
+  /// Presses the photo, drags it there, and looks where it lies then.
+  static void expectDragged(LargePhoto& image, QPoint from, QPoint to, QPoint wanted) {
+    QTest::mousePress(&image, Qt::LeftButton, {}, from);
+    QTest::mouseMove(&image, to);
+    QTest::mouseRelease(&image, Qt::LeftButton, {}, to);
+    EXPECT_EQ(image.pos(), wanted);
   }
 };
 
@@ -104,6 +104,47 @@ TEST_F(FullScreenView, StandsInWithThePixelsOfTheZoomViewUntilItsOwnAreThere) {
     freePool();
     settleZoom();
     EXPECT_EQ(pixels(full), QSize(2000, 1500));
+  });
+}
+
+TEST_F(FullScreenView, OpenedWhileThePhotoIsStillOnItsWayItShowsThatOne) {
+  const auto& zoom = openZoomOf(2);
+  const auto freePool = holdPool();
+  writePhoto(2, 300, 200);
+  FormControls::press(zoom, "Command2");
+  watchAtOnce(zoom, [&](FullScreen& full) {
+    EXPECT_TRUE(photo(full).hasPicture()); // the one before, until then
+    freePool();
+    settleZoom();
+    EXPECT_EQ(pixels(full), QSize(300, 200));
+    EXPECT_EQ(photo(full).size(), QSize(300, 200));
+  });
+}
+
+TEST_F(FullScreenView, OpenedBeforeAnyPhotoIsThereItShowsTheFirstThatComes) {
+  const auto freePool = holdPool();
+  writePhoto(1, 300, 200);
+  const auto& zoom = openZoomAtOnce();
+  watchAtOnce(zoom, [&](FullScreen& full) {
+    EXPECT_FALSE(photo(full).hasPicture());
+    freePool();
+    settleZoom();
+    EXPECT_EQ(pixels(full), QSize(300, 200));
+  });
+}
+
+TEST_F(FullScreenView, ABrokenPhotoThatBothViewsAskedForIsToldOnce) {
+  const auto& zoom = openZoomOf(2);
+  const auto freePool = holdPool();
+  writeBytes(at("Photos/00002.jpg"), "no photo at all");
+  FormControls::press(zoom, "Command2");
+  watchAtOnce(zoom, [&](FullScreen& full) {
+    expectTryAgain();
+    freePool();
+    settleZoom();
+    EXPECT_TRUE(boxes_.isDone());
+    EXPECT_TRUE(photo(full).hasPicture());
+    key(full, Qt::Key_Left);
   });
 }
 
@@ -183,6 +224,40 @@ TEST_F(FullScreenView, TheShowOfTheZoomViewPaintsHere) {
   EXPECT_EQ(position(zoom), "1 Of 3");
 }
 
+TEST_F(FullScreenView, ATickOfTheShowWaitsForThePhotoOfTheOneBefore) {
+  const auto& zoom = openZoomOf(4);
+  watch(zoom, [&](FullScreen& full) {
+    const auto freePool = holdPool();
+    writePhoto(2, 300, 200);
+    tickAtOnce(zoom);
+    tickAtOnce(zoom);
+    EXPECT_EQ(photo(full).accessibleName(), toQString("Photo 2 Of 4"));
+    freePool();
+    settleZoom();
+    EXPECT_EQ(pixels(full), QSize(300, 200));
+    tick(zoom);
+    EXPECT_EQ(photo(full).accessibleName(), toQString("Photo 3 Of 4"));
+  });
+}
+
+TEST_F(FullScreenView, AnErrorInATickIsToldAndTheShowGoesOn) {
+  const auto& zoom = openZoomOf(3);
+  watch(zoom, [&](FullScreen& full) {
+    key(full, Qt::Key_Space);
+    const std::string former = slides().Source();
+    slides().Close();
+    expectTryAgain();
+    tick(zoom);
+    EXPECT_TRUE(boxes_.isDone());
+    EXPECT_TRUE(timer(zoom).isActive());
+    EXPECT_TRUE(photo(full).hasPicture());
+    slides().Open(former);
+    tick(zoom);
+    EXPECT_EQ(vars().ImagePath.filename(), "00001.jpg");
+    key(full, Qt::Key_Space);
+  });
+}
+
 TEST_F(FullScreenView, AnyOtherKeyGoesBackToThePhotoThatWasSeen) {
   for (const auto key : {Qt::Key_Escape, Qt::Key_Return, Qt::Key_A, Qt::Key_Up}) {
     const auto& zoom = openZoomOf(1);
@@ -252,6 +327,51 @@ TEST_F(FullScreenView, ALargePhotoIsDraggedWithinItsEdges) {
     EXPECT_EQ(image.pos(), QPoint(full.width() - 2000, full.height() - 1500));
     QTest::mouseRelease(&image, Qt::LeftButton, {}, {500, 500});
   });
+}
+
+TEST_F(FullScreenView, AHigherPhotoIsDraggedUpAndDownWithinItsEdges) {
+  const auto& zoom = openPhoto(300, 2000);
+  watch(zoom, [&](FullScreen& full) {
+    auto& image = photo(full);
+    const int left = full.width() / 2 - 150;
+    EXPECT_EQ(full.place().pointer, DragPointer::UpAndDown);
+    EXPECT_EQ(image.pos(), QPoint(left, 0));
+    expectDragged(image, {100, 500}, {40, 450}, {left, -50});
+    expectDragged(image, {100, 500}, {160, 900}, {left, 0});
+    expectDragged(image, {100, 500}, {100, -5000}, {left, full.height() - 2000});
+  });
+}
+
+TEST_F(FullScreenView, AWiderPhotoIsDraggedSidewaysWithinItsEdges) {
+  const auto& zoom = openPhoto(2000, 300);
+  watch(zoom, [&](FullScreen& full) {
+    auto& image = photo(full);
+    const int top = full.height() / 2 - 150;
+    EXPECT_EQ(full.place().pointer, DragPointer::Sideways);
+    EXPECT_EQ(photo(full).cursor().shape(), Qt::SizeHorCursor);
+    EXPECT_EQ(image.pos(), QPoint(0, top));
+    expectDragged(image, {500, 100}, {450, 40}, {-50, top});
+    expectDragged(image, {500, 100}, {900, 160}, {0, top});
+    expectDragged(image, {500, 100}, {-5000, 100}, {full.width() - 2000, top});
+  });
+}
+
+TEST_F(FullScreenView, ADraggedPhotoStaysWhereItIsUntilTheNextOneIsThere) {
+  const auto& zoom = openZoomOf(2);
+  writePhoto(1, 300, 2000);
+  watch(openZoom(), [&](FullScreen& full) {
+    auto& image = photo(full);
+    const int left = image.x();
+    expectDragged(image, {100, 500}, {100, 450}, {left, -50});
+    const auto freePool = holdPool();
+    writePhoto(2, 300, 200);
+    QTest::keyClick(&full, Qt::Key_Right);
+    EXPECT_EQ(image.pos(), QPoint(left, -50));
+    freePool();
+    settleZoom();
+    EXPECT_EQ(image.y(), full.height() / 2 - 100);
+  });
+  EXPECT_EQ(position(zoom), "2 Of 2");
 }
 
 TEST_F(FullScreenView, APhotoThatFitsIsNotDragged) {

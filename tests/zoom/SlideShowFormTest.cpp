@@ -75,6 +75,22 @@ TEST_F(ZoomShow, GoesRoundWithOneTickWithoutAChange) {
   EXPECT_EQ(position(zoom), "1 Of 2");
 }
 
+TEST_F(ZoomShow, ATickWaitsForThePhotoOfTheOneBefore) {
+  const auto& zoom = openZoomOf(4);
+  start(zoom);
+  const auto freePool = holdPool();
+  writePhoto(2, 300, 200);
+  tickAtOnce(zoom);
+  tickAtOnce(zoom);
+  tickAtOnce(zoom);
+  EXPECT_EQ(position(zoom), "2 Of 4");
+  freePool();
+  settleZoom();
+  EXPECT_EQ(pixels(zoom), QSize(300, 200));
+  tick(zoom);
+  EXPECT_EQ(position(zoom), "3 Of 4");
+}
+
 TEST_F(ZoomShow, RunsByItself) {
   const auto& zoom = openZoomOf(2);
   bar(zoom, "VScroll2").setValue(1);
@@ -150,7 +166,7 @@ TEST_F(ZoomShow, TheViewMayCloseWhileAPhotoOfATickIsOnItsWay) {
   const auto& zoom = openZoomOf(3);
   start(zoom);
   const auto freePool = holdPool();
-  QMetaObject::invokeMethod(&timer(zoom), "timeout");
+  tickAtOnce(zoom);
   FormControls::press(zoom, "Command1");
   freePool();
   QCoreApplication::processEvents();
@@ -170,7 +186,7 @@ TEST_F(ZoomShow, TheViewMayCloseInTheMiddleOfATicksMessage) {
     QString input(const QString&, const QString&, const QString&) override { return {}; }
   } closing;
   BoxPlayer* former = BoxPlayer::install(&closing);
-  QMetaObject::invokeMethod(&timer(zoom), "timeout");
+  tickAtOnce(zoom);
   BoxPlayer::install(former);
   EXPECT_EQ(Forms::loaded<Zoom>(), nullptr);
   QCoreApplication::processEvents();

@@ -33,13 +33,18 @@ protected:
 
   /// As the album pages open it, on the photo at that position.
   Zoom& openZoom(int position = 1) {
+    auto& zoom = openZoomAtOnce(position);
+    settleZoom();
+    return zoom;
+  }
+  /// The same, while its photo may still be on its way.
+  Zoom& openZoomAtOnce(int position = 1) {
     vars().rsZoom = data().rsPhotoAlbum.Clone();
     vars().rsZoom->Move(position - 1, Recordset::Start::First);
     auto& zoom = Forms::get<Zoom>();
     zoom.resize(790, 522);
     zoom.ComposeZoomView();
     zoom.Show();
-    settleZoom();
     return zoom;
   }
   Zoom& openZoomOf(int photos, int position = 1) {
@@ -71,11 +76,23 @@ protected:
     QTest::keyClick(&form, key);
     settleZoom();
   }
-  static void tick(const Zoom& zoom) {
+  static void tickAtOnce(const Zoom& zoom) {
     QMetaObject::invokeMethod(zoom.findChild<QTimer*>(toQString("Timer1")), "timeout");
+  }
+  static void tick(const Zoom& zoom) {
+    tickAtOnce(zoom);
     settleZoom();
   }
   static QTimer& timer(const Zoom& zoom) { return *zoom.findChild<QTimer*>(toQString("Timer1")); }
+
+  /// Puts a file of so many pixels where nobody has read one before.
+  void writePhoto(int number, int width, int height) {
+    const auto name = "Photos/" + std::to_string(100000 + number).substr(1) + ".jpg";
+    writeJpeg(at(name), width, height);
+  }
+  static QSize pixels(const QWidget& form) {
+    return {photo(form).picture().width(), photo(form).picture().height()};
+  }
 
   void expectNoMore(const char* title) {
     boxes_.expectMessage(toQString("No More Records"), toQString(title));

@@ -356,6 +356,21 @@ TEST_F(ZoomView, AMagnifiedPhotoIsSharpAsSoonAsItsPixelsAreThere) {
   EXPECT_EQ(photo(zoom).picture().size(), photo(zoom).wantedSize());
 }
 
+TEST_F(ZoomView, APhotoThatWasOnItsWayWhileTheWindowGrewIsSharpToo) {
+  addPhotosUpTo(2);
+  writePhoto(2, 1200, 900);
+  auto& zoom = openZoom();
+  awaitPicturesAhead(); // how large it is, is known
+  const auto freePool = holdPool();
+  zoom.resize(900, 594);
+  FormControls::press(zoom, "Command2");
+  ASSERT_TRUE(zoom.isWaitingForPicture());
+  zoom.resize(1012, 669);
+  freePool();
+  settleZoom();
+  EXPECT_EQ(photo(zoom).picture().size(), photo(zoom).wantedSize());
+}
+
 TEST_F(ZoomView, MorePixelsThanTheFileHasAreNeverDecoded) {
   const auto& zoom = openPhoto(600, 450);
   for (int step = 0; step < 3; ++step)
