@@ -21,15 +21,14 @@
 #include "Text.h"
 #include "Viewer.h"
 #include "ZoomArea.h"
+#include "ZoomKeys.h"
 #include "ZoomMoves.h"
 #include "ZoomPicture.h"
 #include "ui_Zoom.h"
 
-#include <QKeyEvent>
 #include <QPixmap>
 #include <QPointer>
 #include <QScopeGuard>
-#include <QShortcut>
 #include <QTimer>
 
 namespace hearthbook {
@@ -115,12 +114,22 @@ void Zoom::wireControls() {
   onCommand(ui->Command1, this, &Zoom::done); // "Done"
 }
 
-/// Wherever the keyboard is on the form, these two lead from photo to photo: a button would only
-/// hand the focus on.
 void Zoom::wireKeys() {
-  for (const auto& [key, direction] : {std::pair{Qt::Key_Left, -1}, {Qt::Key_Right, 1}})
-    connect(new QShortcut(key, this), &QShortcut::activated, this,
-            asCommand([this, direction = direction] { moveAcross(direction); }));
+  auto* keys = new ZoomKeys(*this);
+  keys->add({Qt::Key_Left}, [this] { moveAcross(-1); });
+  keys->add({Qt::Key_Right}, [this] { moveAcross(1); });
+  keys->add({Qt::Key_Up}, [this] { moveDown(-1); });
+  keys->add({Qt::Key_Down}, [this] { moveDown(1); });
+  keys->add({Qt::Key_PageUp}, [this] { previousPhoto(); });
+  keys->add({Qt::Key_PageDown}, [this] { nextPhoto(); });
+  keys->add({Qt::Key_Home}, [this] { firstPhoto(); });
+  keys->add({Qt::Key_End}, [this] { lastPhoto(); });
+  keys->add({Qt::Key_Plus, Qt::Key_Equal, Qt::CTRL | Qt::Key_Plus, Qt::CTRL | Qt::Key_Equal},
+            [this] { magnify(); });
+  keys->add({Qt::Key_Minus, Qt::CTRL | Qt::Key_Minus}, [this] { reduce(); });
+  keys->add({Qt::Key_Escape}, [this] { comments_->putAway(); });
+  for (QWidget* lines : std::initializer_list<QWidget*>{&facts_->names(), comments_, ui->VScroll2})
+    keys->leaveUpAndDownTo(*lines);
 }
 
 void Zoom::orderTabs() {
@@ -411,48 +420,6 @@ bool Zoom::unloading() {
   }
   clip_->close();
   return true;
-}
-
-bool Zoom::moveByKey(int key) {
-  switch (key) {
-  case Qt::Key_PageDown:
-    nextPhoto();
-    return true;
-  case Qt::Key_PageUp:
-    previousPhoto();
-    return true;
-  case Qt::Key_Home:
-    firstPhoto();
-    return true;
-  case Qt::Key_End:
-    lastPhoto();
-    return true;
-  case Qt::Key_Up:
-    moveDown(-1);
-    return true;
-  case Qt::Key_Down:
-    moveDown(1);
-    return true;
-  case Qt::Key_Plus:
-  case Qt::Key_Equal:
-    magnify();
-    return true;
-  case Qt::Key_Minus:
-    reduce();
-    return true;
-  case Qt::Key_Escape:
-    comments_->putAway();
-    return true;
-  default:
-    return false;
-  }
-}
-
-void Zoom::keyPressEvent(QKeyEvent* event) {
-  bool known = false;
-  runCommand([&] { known = moveByKey(event->key()); });
-  if (!known)
-    Form::keyPressEvent(event);
 }
 
 } // namespace hearthbook

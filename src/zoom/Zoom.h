@@ -60,7 +60,6 @@ protected:
   void load() override;
   void activated() override;
   bool unloading() override;
-  void keyPressEvent(QKeyEvent* event) override;
 
 private:
   void makePanels();
@@ -84,7 +83,6 @@ private:
   void moveDown(int direction);
   void magnify();
   void reduce();
-  bool moveByKey(int key);
 
   void setSeconds(int seconds);
   void slide(bool on);

@@ -268,40 +268,6 @@ TEST_F(ZoomView, AnOnlyPhotoHasNoPreviousOne) {
   EXPECT_EQ(position(zoom), "1 Of 1");
 }
 
-TEST_F(ZoomView, TheKeysWalkAndZoomAndMoveAPhotoThatIsLargerThanThePanel) {
-  auto& zoom = openZoomOf(3);
-  key(zoom, Qt::Key_Right);
-  EXPECT_EQ(position(zoom), "2 Of 3");
-  key(zoom, Qt::Key_Left);
-  EXPECT_EQ(position(zoom), "1 Of 3");
-  key(zoom, Qt::Key_End);
-  EXPECT_EQ(position(zoom), "3 Of 3");
-  key(zoom, Qt::Key_PageUp);
-  key(zoom, Qt::Key_Home);
-  key(zoom, Qt::Key_PageDown);
-  EXPECT_EQ(position(zoom), "2 Of 3");
-  for (int step = 0; step < 6; ++step)
-    key(zoom, Qt::Key_Plus);
-  key(zoom, Qt::Key_Right);
-  key(zoom, Qt::Key_Down);
-  EXPECT_EQ(bar(zoom, "HScroll1").value(), 100);
-  EXPECT_EQ(bar(zoom, "VScroll1").value(), 100);
-  EXPECT_EQ(position(zoom), "2 Of 3");
-  for (int step = 0; step < 6; ++step)
-    key(zoom, Qt::Key_Minus);
-  key(zoom, Qt::Key_Right);
-  EXPECT_EQ(position(zoom), "3 Of 3");
-}
-
-TEST_F(ZoomView, ArrowsWalkWhereverTheKeyboardIs) {
-  auto& zoom = openZoomOf(3);
-  press(zoom, "Command2");
-  control(zoom, "Command2")->setFocus();
-  QTest::keyClick(control(zoom, "Command2"), Qt::Key_Right);
-  settleZoom();
-  EXPECT_EQ(position(zoom), "3 Of 3");
-}
-
 TEST_F(ZoomView, TheWheelZoomsAboutTheMouse) {
   const auto& zoom = openPhoto(1200, 900);
   wheel(photo(zoom), 60);
