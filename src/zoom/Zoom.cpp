@@ -394,17 +394,11 @@ void Zoom::playSound() {
     clip_->play(*sound);
 }
 
-/// The photo that is seen stays in view, if it is still there.
 void Zoom::rowsChanged(const RowsChanged&) {
-  photos().Requery();
-  if (photos().RecordCount() == 0) {
+  if (readAgain(photos(), shownId_))
+    ComposeZoomView();
+  else
     Unload();
-    return;
-  }
-  photos().Find("PictureID = '" + shownId_ + "'", Recordset::Start::First);
-  if (photos().atEOF())
-    photos().MoveFirst();
-  ComposeZoomView();
 }
 
 void Zoom::done() { Unload(); }

@@ -1,5 +1,6 @@
 #include "ZoomMoves.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 
@@ -12,6 +13,19 @@ namespace {
 std::int64_t shownPosition(const Recordset& photos) {
   const std::int64_t behind = photos.AbsolutePosition();
   return behind < 2 ? photos.RecordCount() : behind - 1;
+}
+
+/// Empty where the last photo is shown.
+std::string idBehindShown(Recordset& photos) {
+  if (photos.RecordCount() == 0)
+    return {};
+  photos.Move(0); // off a row that was deleted
+  return photos.atEOF() ? std::string() : photos.Collect("PictureID").toText();
+}
+
+bool standOn(Recordset& photos, const std::string& id) {
+  photos.Find("PictureID = '" + id + "'", Recordset::Start::First);
+  return !photos.atEOF();
 }
 
 std::string labelOf(std::int64_t position, const Recordset& photos) {
@@ -48,6 +62,18 @@ bool goNextAround(Recordset& photos) {
     return true;
   photos.MoveFirst();
   return false;
+}
+
+bool readAgain(Recordset& photos, const std::string& shownId) {
+  const std::string behind = idBehindShown(photos);
+  const std::int64_t place = shownPosition(photos);
+  photos.Requery();
+  const std::int64_t count = photos.RecordCount();
+  if (count == 0)
+    return false;
+  if (!standOn(photos, shownId) && !standOn(photos, behind))
+    photos.Move(std::clamp<std::int64_t>(place, 1, count) - 1, Recordset::Start::First);
+  return true;
 }
 
 std::vector<std::string> slideNeighbourIds(const Recordset& photos) {

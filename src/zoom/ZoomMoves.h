@@ -26,6 +26,10 @@ void goBackToShown(Recordset& photos);
 /// Stands on the photo behind the one shown; at the end, on the first one, and false.
 bool goNextAround(Recordset& photos);
 
+/// Reads the photos again and stands on the one shown; where that is gone, on the one that came
+/// behind it, else on what has its place now. False where no photo is left.
+bool readAgain(Recordset& photos, const std::string& shownId);
+
 /// The ids of the photos that will probably be shown next: the one behind the photo shown, the
 /// one before it, the one after the next. Behind the last comes the first.
 std::vector<std::string> slideNeighbourIds(const Recordset& photos);

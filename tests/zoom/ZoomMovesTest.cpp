@@ -28,6 +28,10 @@ protected:
     return shown_;
   }
   std::string showPrevious() { return goPrevious(*photos_) ? show() : "none"; }
+  void remove(const std::string& id) {
+    data().rsPhotoAlbum.Find("PictureID = '" + id + "'", Recordset::Start::First);
+    data().rsPhotoAlbum.Delete();
+  }
   void showLast() {
     photos_->MoveLast();
     show();
@@ -131,17 +135,59 @@ TEST_F(ZoomMoves, LookingForNeighboursLeavesTheSetWhereItStands) {
   EXPECT_EQ(photos_->AbsolutePosition(), 2);
 }
 
+TEST_F(ZoomMoves, ReadAgainThePhotoShownIsTheOneToShow) {
+  photosUpTo(3);
+  show(); // 2
+  EXPECT_TRUE(readAgain(*photos_, shown_));
+  EXPECT_EQ(show(), "HD00002");
+}
+
+TEST_F(ZoomMoves, WhereThePhotoShownIsGoneTheOneBehindItComes) {
+  photosUpTo(4);
+  show(); // 2
+  remove("HD00002");
+  EXPECT_TRUE(readAgain(*photos_, shown_));
+  EXPECT_EQ(show(), "HD00003");
+}
+
+TEST_F(ZoomMoves, WhereTheFirstPhotoWasShownAndIsGoneTheSecondComes) {
+  photosUpTo(3);
+  remove("HD00001");
+  EXPECT_TRUE(readAgain(*photos_, shown_));
+  EXPECT_EQ(show(), "HD00002");
+}
+
+TEST_F(ZoomMoves, WhereTheLastPhotoWasShownAndIsGoneTheOneBeforeItComes) {
+  photosUpTo(3);
+  showLast();
+  remove("HD00003");
+  EXPECT_TRUE(readAgain(*photos_, shown_));
+  EXPECT_EQ(show(), "HD00002");
+}
+
+TEST_F(ZoomMoves, WhereItsNeighboursAreGoneTooThePlaceOfThePhotoIsKept) {
+  photosUpTo(6);
+  show();
+  show(); // 3
+  data().AlbumDB.execute("DELETE FROM PhotoAlbum WHERE PictureID IN ('HD00003', 'HD00004')");
+  EXPECT_TRUE(readAgain(*photos_, shown_));
+  EXPECT_EQ(show(), "HD00005");
+}
+
+TEST_F(ZoomMoves, WhereNoPhotoIsLeftThereIsNothingToShow) {
+  photosUpTo(1);
+  remove("HD00001");
+  EXPECT_FALSE(readAgain(*photos_, shown_));
+}
+
 TEST_F(ZoomMoves, PhotosThatAreDeletedMeanwhileAreLeftOut) {
   photosUpTo(4);
   show(); // 2; the set stands on 3
-  auto& others = data().rsPhotoAlbum;
-  others.Find("PictureID = 'HD00003'", Recordset::Start::First);
-  others.Delete();
+  remove("HD00003");
   EXPECT_TRUE(goNextAround(*photos_));
   EXPECT_EQ(show(), "HD00004");
   EXPECT_FALSE(canGoNext(*photos_));
-  others.MoveFirst();
-  others.Delete();
+  remove("HD00001");
   EXPECT_EQ(showPrevious(), "HD00002");
 }
 

@@ -25,6 +25,10 @@ protected:
     names(zoom).setRow(1);
     return zoom;
   }
+  void remove(const std::string& id) {
+    photos().Find("PictureID = '" + id + "'", Recordset::Start::First);
+    photos().Delete();
+  }
   static std::string three(std::int64_t id) { return std::to_string(1000 + id).substr(1); }
   void addName() {
     ids_ += three(folder_.addPerson("Person " + std::to_string(ids_.size()))) + ",";
@@ -383,6 +387,22 @@ TEST_F(ZoomView, RowsThatChangedAreReadAgainAndThePhotoStays) {
   settleZoom();
   EXPECT_EQ(position(zoom), "2 Of 3");
   EXPECT_EQ(labelOf(zoom, "txtYear(0)"), "1999");
+}
+
+TEST_F(ZoomView, WhereThePhotoShownWasDeletedItsNeighbourIsShown) {
+  const auto& zoom = openZoomOf(4, 3);
+  remove("HD00003");
+  Forms::tellRowsChanged({RowsChanged::By::EditorClosed});
+  settleZoom();
+  EXPECT_EQ(position(zoom), "3 Of 3");
+  EXPECT_EQ(vars().ImagePath.filename(), "00004.jpg");
+}
+
+TEST_F(ZoomView, WhereTheOnlyPhotoWasDeletedTheViewCloses) {
+  openZoom();
+  remove("HD00001");
+  Forms::tellRowsChanged({RowsChanged::By::EditorClosed});
+  EXPECT_EQ(Forms::loaded<Zoom>(), nullptr);
 }
 
 TEST_F(ZoomView, DoneUnloadsIt) {
