@@ -6,14 +6,14 @@
 
 namespace hearthbook {
 
-ClipPlayer::ClipPlayer(BackgroundSound* background, QObject* parent)
-    : QObject(parent), background_(background), player_(this) {
+ClipPlayer::ClipPlayer(QObject* parent) : QObject(parent), player_(this) {
   player_.setObjectName(QStringLiteral("MMControl1"));
   connect(&player_, &MMControl::done, this, &ClipPlayer::ended);
   connect(&player_, &MMControl::failed, this, &ClipPlayer::tell);
 }
 
-void ClipPlayer::play(const std::filesystem::path& file) {
+void ClipPlayer::play(const std::filesystem::path& file, BackgroundSound* background) {
+  background_ = background;
   if (background_)
     background_->makeRoom();
   player_.Close();

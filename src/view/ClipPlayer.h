@@ -15,9 +15,10 @@ class BackgroundSound;
 class ClipPlayer : public QObject {
   Q_OBJECT
 public:
-  ClipPlayer(BackgroundSound* background, QObject* parent);
+  explicit ClipPlayer(QObject* parent);
 
-  void play(const std::filesystem::path& file);
+  /// Over the sound behind the album pages, if they are open.
+  void play(const std::filesystem::path& file, BackgroundSound* background);
   void close() { player_.Close(); }
 
   [[nodiscard]] const MMControl& player() const { return player_; }

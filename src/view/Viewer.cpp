@@ -64,7 +64,7 @@ Viewer::Viewer(Album& album, PictureLoader& loader, WorkPool& pool, HoverHelp& h
     : Form(QStringLiteral("Viewer"), Kind::Work), album_(album), pool_(pool), help_(help),
       windows_(std::move(windows)), stage_(new Stage(workFormSize, this)),
       ui(std::make_unique<Ui::Viewer>()), background_(new BackgroundSound(this)),
-      clip_(new ClipPlayer(background_, this)) {
+      clip_(new ClipPlayer(this)) {
   ui->setupUi(this);
   stage_->placeAsDrawn(this);
   cells_ = new PageCells(*stage_, this);
@@ -407,7 +407,7 @@ void Viewer::readDescription(int cell) {
 
 void Viewer::playSound(int cell) {
   if (const auto sound = attachedAudio(album_, photoAudioName(cells_->at(cell).tag)))
-    clip_->play(*sound);
+    clip_->play(*sound, background_);
 }
 
 void Viewer::edit() {

@@ -50,7 +50,7 @@ FactsPanel::Design factsDesign() {
           QStringLiteral("View Album*Names List")};
 }
 
-/// The sound behind the album pages from which the zoom view was opened, if it was.
+/// The sound behind the album pages, where they are open now.
 BackgroundSound* albumsSound() {
   const auto* pages = Forms::loaded<Viewer>();
   return pages ? &pages->background() : nullptr;
@@ -65,7 +65,7 @@ void tellNoMoreRecords(const char* title) {
 Zoom::Zoom(Album& album, PictureLoader& loader, WorkPool& pool, HoverHelp& help)
     : Form(QStringLiteral("Zoom"), Kind::Work), album_(album), help_(help), loader_(loader),
       pool_(pool), stage_(new Stage(workFormSize, this)), ui(std::make_unique<Ui::Zoom>()),
-      clip_(new ClipPlayer(albumsSound(), this)), Timer1_(new QTimer(this)),
+      clip_(new ClipPlayer(this)), Timer1_(new QTimer(this)),
       awake_(std::make_unique<ScreenAwake>("Slide show")) {
   ui->setupUi(this);
   stage_->placeAsDrawn(this);
@@ -391,7 +391,7 @@ void Zoom::readDescription() {
 
 void Zoom::playSound() {
   if (const auto sound = attachedAudio(album_, photoAudioName(shownId_)))
-    clip_->play(*sound);
+    clip_->play(*sound, albumsSound());
 }
 
 void Zoom::rowsChanged(const RowsChanged&) {

@@ -19,6 +19,16 @@ protected:
     clip_ = zoom.findChild<const MMControl*>(toQString("MMControl1"));
     return zoom;
   }
+  /// The pages of an album with a sound behind them, which sounds.
+  const MMControl& openAlbumWithSound() {
+    writeTone(at("Audio/A7.wav"), 220, 60'000);
+    vars().chosenAlbum = {7, "Lake"};
+    vars().CallerForm = "Viewer";
+    vars().rsViewer = data().rsPhotoAlbum.Clone();
+    auto& pages = Forms::get<Viewer>();
+    pages.Show();
+    return pages.background().player();
+  }
 
   SoundDaemon daemon_;
   const MMControl* clip_ = nullptr;
@@ -35,13 +45,7 @@ TEST_F(ZoomSound, AClickOnTheNotePlaysThePhotosClipToItsEnd) {
 }
 
 TEST_F(ZoomSound, UnderAClipTheSoundOfTheAlbumRestsAndThenGoesOnWhereItStopped) {
-  writeTone(at("Audio/A7.wav"), 220, 60'000);
-  vars().chosenAlbum = {7, "Lake"};
-  vars().CallerForm = "Viewer";
-  vars().rsViewer = data().rsPhotoAlbum.Clone();
-  auto& pages = Forms::get<Viewer>();
-  pages.Show();
-  const auto& album = pages.background().player();
+  const auto& album = openAlbumWithSound();
   const auto& zoom = openWithSound(300);
   waitUntil([&] { return album.position() >= 400; });
   FormControls::press(zoom, "Image3(0)");
@@ -52,6 +56,15 @@ TEST_F(ZoomSound, UnderAClipTheSoundOfTheAlbumRestsAndThenGoesOnWhereItStopped) 
   EXPECT_EQ(album.mode(), Mode::Playing);
   EXPECT_GE(album.position(), stopped);
   EXPECT_LT(album.position(), stopped + 30'000);
+}
+
+TEST_F(ZoomSound, TheSoundOfAnAlbumThatWasOpenedLaterRestsToo) {
+  const auto& zoom = openWithSound(60'000);
+  const auto& album = openAlbumWithSound();
+  EXPECT_EQ(album.mode(), Mode::Playing);
+  FormControls::press(zoom, "Image3(0)");
+  EXPECT_EQ(clip_->mode(), Mode::Playing);
+  EXPECT_EQ(album.mode(), Mode::NotOpen);
 }
 
 TEST_F(ZoomSound, ThePhotoWithoutASoundHasNoNote) {
