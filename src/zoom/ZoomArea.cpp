@@ -167,10 +167,7 @@ void ZoomArea::setArrow(const QPixmap& arrow) { ui_.arrow->setPixmap(arrow); }
 
 void ZoomArea::pointAt(TwipsPoint marker) {
   arrow_->pointAt(*ui_.photo, marker, steps_.longerSide());
-  // The arrow belongs to the photo: it goes under what stands over that.
-  for (QWidget* over : {static_cast<QWidget*>(ui_.across), static_cast<QWidget*>(ui_.down),
-                        static_cast<QWidget*>(ui_.magnify), static_cast<QWidget*>(ui_.reduce)})
-    over->raise();
+  ui_.arrow->stackUnder(ui_.across); // the lowest of what stands over the photo
 }
 
 void ZoomArea::hideArrow() { arrow_->hide(); }

@@ -1,4 +1,5 @@
 #include "ControlChecks.h"
+#include "CoverPicture.h"
 #include "FaceChecks.h"
 #include "ZoomFixture.h"
 
@@ -72,6 +73,46 @@ TEST_F(ZoomControls, ThePanelsStandWhereTheyAreTold) {
 TEST_F(ZoomControls, TheCommandsTakeTheirFacesFromMedia) {
   paintFaces(at("Media"), zoomFaces);
   expectFaces(openZoom(), zoomFaces);
+}
+
+TEST_F(ZoomControls, TheFullScreenSwitchIsOrangeAndLooksPressedWhileItIsOn) {
+  constexpr unsigned orange = 0xe0a050;
+  writeJpeg(at("Media/Btn_Org.jpg"), 32, 16, orange);
+  auto& button = *control<QPushButton>(openZoom(), "Command8");
+  const auto besideItsCaption = [&] {
+    return button.grab().toImage().pixel(4, button.height() / 2);
+  };
+  EXPECT_LT(distance(besideItsCaption(), 0xff000000U | orange), 4);
+  button.setChecked(true);
+  EXPECT_GT(distance(besideItsCaption(), 0xff000000U | orange), 20);
+  EXPECT_EQ(button.text(), toQString("Full [  ]"));
+  button.setChecked(false);
+  EXPECT_LT(distance(besideItsCaption(), 0xff000000U | orange), 4);
+}
+
+TEST_F(ZoomControls, TheStartScreensPictureLiesBehindTheForm) {
+  writeJpeg(at("Media/Startup.jpg"), 1024, 768, 0x3060a0);
+  auto& zoom = openZoom();
+  auto* background = control<CoverPicture>(zoom, "background");
+  waitUntil([&] { return background->hasPicture(); });
+  const QImage seen = zoom.grab().toImage();
+  for (const QPoint edge : {QPoint(2, 2), QPoint(787, 519), QPoint(400, 519)})
+    EXPECT_LT(distance(seen.pixel(edge), 0xff3060a0U), 4);
+}
+
+TEST_F(ZoomControls, TheArrowLiesOverThePhotoAndUnderWhatStandsInTheArea) {
+  const auto person = folder_.addPerson("Anna");
+  const auto id = std::to_string(1000 + person).substr(1);
+  set("HD00001", "NamesInPhoto = '" + id + ",', NamesCords = '" + id + "-2880X1440,'");
+  const auto& zoom = openZoom();
+  names(zoom).setRow(1);
+  ASSERT_FALSE(control(zoom, "Picture1")->isHidden());
+  const auto height = [&](const char* name) {
+    return control(zoom, "Picture2")->children().indexOf(control(zoom, name));
+  };
+  EXPECT_LT(height("Image1"), height("Picture1"));
+  for (const char* over : {"HScroll1", "VScroll1", "Command4", "Command5", "Command8"})
+    EXPECT_LT(height("Picture1"), height(over)) << over;
 }
 
 TEST_F(ZoomControls, EveryHelpKeyHasItsRow) {

@@ -143,6 +143,34 @@ TEST_F(ZoomView, ADragScrollsByAHundredForEachMoveOfTheMouse) {
   QTest::mouseRelease(&image, Qt::LeftButton, {}, {60, 50});
 }
 
+TEST_F(ZoomView, ADragScrollsUpAndDownBetweenTheEndsOfTheBar) {
+  const auto& zoom = openPhoto(1200, 900);
+  press(zoom, "Command4");
+  auto& image = photo(zoom);
+  const auto& down = bar(zoom, "VScroll1");
+  const auto move = [&](int to, Qt::MouseButtons buttons) {
+    QMouseEvent event(QEvent::MouseMove, QPointF(50, to), image.mapToGlobal(QPointF(50, to)),
+                      Qt::NoButton, buttons, {});
+    QCoreApplication::sendEvent(&image, &event);
+  };
+  const auto drag = [&](int to) { move(to, Qt::LeftButton); };
+  move(50, Qt::NoButton);
+  for (int to = 51; to <= 53; ++to)
+    drag(to);
+  EXPECT_EQ(down.value(), 300);
+  EXPECT_NEAR(photoRect(zoom).top, -300, 0.01);
+  EXPECT_EQ(bar(zoom, "HScroll1").value(), 0);
+  drag(52);
+  EXPECT_EQ(down.value(), 200);
+  drag(51);
+  drag(50);
+  EXPECT_EQ(down.value(), 100); // nearer to the end no drag goes
+  for (int to = 60; to < 160; ++to)
+    drag(to);
+  EXPECT_LE(down.value(), down.maximum());
+  EXPECT_GE(down.value(), down.maximum() - 100);
+}
+
 TEST_F(ZoomView, AMarkerPointsAtThePersonOnTheLongerSide) {
   const auto& zoom = openMarked(1200, 900);
   expectArrowAt(zoom, 2880 * 8285 / 5760.0, 1440 * 8285 / 5760.0);
@@ -233,6 +261,16 @@ TEST_F(ZoomView, TheDescriptionRisesFromTheFootOfTheFactsAndGoesAtAClick) {
   EXPECT_EQ(labelOf(zoom, "lblComments"), "By the boat");
   EXPECT_TRUE(slides().atEOF()); // the place of the view has stayed
   FormControls::press(zoom, "Label3");
+  EXPECT_TRUE(box->isHidden());
+}
+
+TEST_F(ZoomView, TheXOfTheDescriptionClosesIt) {
+  set("HD00001", "Description = 'By the boat'");
+  const auto& zoom = openZoom();
+  press(zoom, "Image2(0)");
+  const auto* box = control<Stage>(zoom, "CommentsBox");
+  waitUntil([&] { return control(zoom, "Command10")->y() > 0 && box->height() > 200; });
+  FormControls::press(zoom, "Command10");
   EXPECT_TRUE(box->isHidden());
 }
 
