@@ -4,6 +4,7 @@
 
 #include <array>
 #include <chrono>
+#include <csignal>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -109,7 +110,8 @@ std::string ownLoopbackAddress() {
 ScannerService::ScannerService(const std::string& address) {
   writeTestScanner(folder_.path(), {});
   write(folder_.path() / "saned.conf", "127.0.0.0/8\n");
-  process_ = startProcess({"/usr/sbin/saned", "-l", "-b", address},
+  // It serves each call in a process of its own, which is to die with it.
+  process_ = startProcess({"setsid", "/usr/sbin/saned", "-l", "-b", address},
                           {"SANE_CONFIG_DIR=" + folder_.path().string()});
   const auto giveUp = std::chrono::steady_clock::now() + std::chrono::seconds(30);
   while (!accepts(address)) {
@@ -119,7 +121,10 @@ ScannerService::ScannerService(const std::string& address) {
   }
 }
 
-ScannerService::~ScannerService() { killProcess(process_); }
+ScannerService::~ScannerService() {
+  ::kill(-process_, SIGKILL);
+  killProcess(process_);
+}
 
 SilentService::SilentService(const std::string& address) : socket_(newSocket()) {
   const sockaddr_in place = placeOf(address);

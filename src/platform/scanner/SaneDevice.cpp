@@ -5,8 +5,12 @@
 #include "ScanFailure.h"
 
 #include <array>
+#include <chrono>
 #include <mutex>
 #include <string_view>
+#include <thread>
+
+#include <poll.h>
 
 namespace hearthbook {
 
@@ -66,6 +70,11 @@ PageFormat::Frame frameOf(SANE_Frame frame) {
 PageFormat formatOf(const SANE_Parameters& parameters) {
   return {frameOf(parameters.format), parameters.depth, parameters.pixels_per_line,
           parameters.lines, parameters.bytes_per_line};
+}
+
+bool hasEnded(int connection) {
+  pollfd state{connection, POLLRDHUP, 0};
+  return ::poll(&state, 1, 0) > 0 && (state.revents & (POLLRDHUP | POLLHUP | POLLERR)) != 0;
 }
 
 /// The scanner is told when a page has ended, whole or not.
@@ -152,8 +161,9 @@ SANE_Parameters SaneDevice::start() const {
 
 void SaneDevice::readFrame(PageRows& page, int frames, const OnPiece& onPiece) const {
   std::array<SANE_Byte, 65536> bytes;
+  bool hasSent = true;
   for (;;) {
-    onPiece(page.share(frames));
+    onPiece(page.share(frames), hasSent);
     SANE_Int count = 0;
     const SANE_Status status =
         sane().read(handle_, bytes.data(), static_cast<SANE_Int>(bytes.size()), &count);
@@ -161,7 +171,20 @@ void SaneDevice::readFrame(PageRows& page, int frames, const OnPiece& onPiece) c
       return;
     expectGood(status, "in the middle of the page");
     page.add(bytes.data(), static_cast<std::size_t>(count));
+    hasSent = count > 0;
+    if (!hasSent)
+      waitForMore();
   }
+}
+
+/// A scanner of the network whose machine has gone is no error to its driver: it goes on to read
+/// nothing from the broken connection.
+void SaneDevice::waitForMore() const {
+  constexpr auto aMoment = std::chrono::milliseconds(10);
+  SANE_Int connection = -1;
+  if (sane().getSelectFd(handle_, &connection) == SANE_STATUS_GOOD && hasEnded(connection))
+    throw ScanFailure(ScanStatus::Failed, "the connection to it has broken");
+  std::this_thread::sleep_for(aMoment);
 }
 
 } // namespace hearthbook

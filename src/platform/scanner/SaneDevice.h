@@ -25,8 +25,9 @@ public:
 /// An open scanner. All its calls wait for the scanner, as long as that takes.
 class SaneDevice {
 public:
-  /// What is told between two pieces of a page: how much of it is here. Throws to give up.
-  using OnPiece = std::function<void(double share)>;
+  /// What is told between two pieces of a page: how much of it is here, and whether the scanner
+  /// has sent anything since. Throws to give up.
+  using OnPiece = std::function<void(double share, bool hasSent)>;
 
   /// Throws ScanFailure.
   explicit SaneDevice(const std::string& name);
@@ -43,6 +44,7 @@ private:
   [[nodiscard]] Picture readPage(const OnPiece& onPiece) const;
   [[nodiscard]] SANE_Parameters start() const;
   void readFrame(PageRows& page, int frames, const OnPiece& onPiece) const;
+  void waitForMore() const;
 
   std::string name_;
   SANE_Handle handle_ = nullptr;

@@ -20,6 +20,7 @@ SaneLibrary loadSaneLibrary() {
   library.find(functions.start, "sane_start");
   library.find(functions.read, "sane_read");
   library.find(functions.cancel, "sane_cancel");
+  library.find(functions.getSelectFd, "sane_get_select_fd");
   return functions;
 }
 

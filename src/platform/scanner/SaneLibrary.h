@@ -17,6 +17,7 @@ struct SaneLibrary {
   decltype(&sane_start) start;
   decltype(&sane_read) read;
   decltype(&sane_cancel) cancel;
+  decltype(&sane_get_select_fd) getSelectFd;
 };
 
 /// Throws RunTimeError where it is not installed.

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <condition_variable>
+#include <csignal>
 #include <deque>
 #include <list>
 #include <mutex>
@@ -27,6 +28,14 @@ struct Question {
 };
 
 using QuestionPointer = std::shared_ptr<Question>;
+
+/// What a driver still writes to a scanner of the network that has gone would end the program.
+void ignoreBrokenConnections() {
+  sigset_t broken;
+  sigemptyset(&broken);
+  sigaddset(&broken, SIGPIPE);
+  ::pthread_sigmask(SIG_BLOCK, &broken, nullptr); // of this thread alone
+}
 
 ScannedPage noPage(ScanStatus status) {
   ScannedPage page;
@@ -56,7 +65,7 @@ private:
   void watch();
   void giveUp(ScanStatus status, bool pagesOnly);
   bool take(const QuestionPointer& question);
-  void noteSign(const QuestionPointer& question);
+  void noteSign(const QuestionPointer& question, bool isAlive);
   void tell(std::function<void()> answer);
 
   std::mutex mutex_;
@@ -90,8 +99,8 @@ void SaneScanner::Desk::acquire(const ScanWish& wish, const Progress& progress,
   question->isPage = true;
   question->work = [this, wish, progress, ended](SaneSeat& seat, const QuestionPointer& self) {
     int told = -1;
-    auto page = seat.acquire(wish, [&](double share) {
-      noteSign(self);
+    auto page = seat.acquire(wish, [&](double share, bool hasSent) {
+      noteSign(self, hasSent);
       const int percent = static_cast<int>(share * 100);
       if (share >= 0 && progress && std::exchange(told, percent) != percent)
         tell([progress, share] { progress(share); });
@@ -128,6 +137,7 @@ void SaneScanner::Desk::ask(QuestionPointer question) {
 }
 
 void SaneScanner::Desk::work() {
+  ignoreBrokenConnections();
   {
     SaneSeat seat;
     while (const QuestionPointer question = next())
@@ -193,9 +203,10 @@ bool SaneScanner::Desk::take(const QuestionPointer& question) {
 }
 
 /// A page that was given up is not read to its end.
-void SaneScanner::Desk::noteSign(const QuestionPointer& question) {
+void SaneScanner::Desk::noteSign(const QuestionPointer& question, bool isAlive) {
   const std::lock_guard lock(mutex_);
-  lastSign_ = Clock::now();
+  if (isAlive)
+    lastSign_ = Clock::now();
   if (std::ranges::find(open_, question) == open_.end())
     throw ScanFailure(ScanStatus::Cancelled);
 }

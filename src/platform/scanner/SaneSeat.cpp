@@ -15,17 +15,28 @@ ScannedPage failed(ScanStatus status, const std::string& trouble) {
   return page;
 }
 
+bool isOfTheNetwork(const std::string& name) { return name.starts_with("net:"); }
+
+std::string firstOf(const SaneSession& session) {
+  const auto found = session.devices();
+  if (found.empty())
+    throw ScanFailure(ScanStatus::NoScanner);
+  return found.front().name;
+}
+
 } // namespace
 
-SaneSession& SaneSeat::session() {
-  if (!session_)
-    session_.emplace();
-  return *session_;
+/// The driver of the network crashes over a connection that broke since it was used last: only with
+/// a scanner on the desk one goes on where one was.
+SaneSession& SaneSeat::newSession() {
+  device_.reset();
+  session_.reset();
+  return session_.emplace();
 }
 
 std::vector<ScannerDevice> SaneSeat::devices() {
   try {
-    return session().devices();
+    return newSession().devices();
   } catch (const RunTimeError&) {
     return {};
   }
@@ -47,31 +58,17 @@ ScannedPage SaneSeat::acquire(const ScanWish& wish, const SaneDevice::OnPiece& o
 }
 
 ScannedPage SaneSeat::tryToAcquire(const ScanWish& wish, const SaneDevice::OnPiece& onPiece) {
-  onPiece(-1);
-  session();
+  onPiece(-1, true);
   SaneDevice& device = open(wish.device);
-  onPiece(-1);
+  onPiece(-1, true);
   return device.acquire(wish, onPiece);
 }
 
 SaneDevice& SaneSeat::open(const std::string& wished) {
-  const std::string name = choose(wished);
-  if (!device_ || device_->name() != name) {
-    device_.reset();
-    device_.emplace(name);
-  }
-  return *device_;
-}
-
-std::string SaneSeat::choose(const std::string& wished) {
-  if (!wished.empty())
-    return wished;
-  if (device_)
-    return device_->name();
-  const auto found = session().devices();
-  if (found.empty())
-    throw ScanFailure(ScanStatus::NoScanner);
-  return found.front().name;
+  if (device_ && !isOfTheNetwork(device_->name()) && (wished.empty() || wished == device_->name()))
+    return *device_;
+  const SaneSession& session = newSession();
+  return device_.emplace(wished.empty() ? firstOf(session) : wished);
 }
 
 } // namespace hearthbook

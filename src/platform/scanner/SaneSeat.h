@@ -8,7 +8,7 @@
 namespace hearthbook {
 
 /// Who sits at the scanner: the library and the scanner in use, both opened when they are needed
-/// and kept for the next page. All of it on one thread.
+/// and kept for the next page of the same scanner. All of it on one thread.
 class SaneSeat {
 public:
   /// None where the library is not installed.
@@ -18,9 +18,8 @@ public:
 
 private:
   ScannedPage tryToAcquire(const ScanWish& wish, const SaneDevice::OnPiece& onPiece);
-  SaneSession& session();
+  SaneSession& newSession();
   SaneDevice& open(const std::string& wished);
-  [[nodiscard]] std::string choose(const std::string& wished);
 
   std::optional<SaneSession> session_;
   std::optional<SaneDevice> device_;

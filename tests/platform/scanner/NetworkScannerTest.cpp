@@ -1,5 +1,6 @@
 #include "AskingThread.h"
 
+#include <optional>
 #include <string>
 
 namespace hearthbook {
@@ -45,6 +46,43 @@ TEST_F(NetworkScanner, GivesThePictureOfTheOneOnTheDesk) {
 
 TEST_F(NetworkScanner, ThatIsSwitchedOffIsNoScanner) {
   EXPECT_EQ(scan().status, ScanStatus::NoScanner);
+}
+
+TEST_F(NetworkScanner, ThatDiesInTheMiddleOfAPageIsAFailureAndTheNextPageCanCome) {
+  auto service = std::make_optional<test::ScannerService>(address_);
+  ScanWish slow;
+  slow.dotsPerInch = 100;
+  slow.settings = {{"read-delay", "yes"},
+                   {"read-delay-duration", "20000"},
+                   {"read-limit", "yes"},
+                   {"read-limit-size", "1000"}};
+  ask(slow);
+  ASSERT_TRUE(thread_.waitFor([this] { return !shares.empty() && shares.back() > 0; }));
+  service.reset();
+  ASSERT_TRUE(thread_.waitFor([this] { return !pages.empty(); }));
+  EXPECT_EQ(pages.back().status, ScanStatus::Failed);
+  EXPECT_NE(pages.back().trouble, "");
+  EXPECT_TRUE(pages.back().picture.isNull());
+  service.emplace(address_);
+  ScanWish wish;
+  wish.dotsPerInch = 50;
+  EXPECT_EQ(scan(wish).status, ScanStatus::Success) << pages.back().trouble;
+}
+
+TEST_F(NetworkScanner, ThatWasSwitchedOffAndOnSinceTheLastPageIsFoundAgain) {
+  auto service = std::make_optional<test::ScannerService>(address_);
+  ScanWish wish;
+  wish.dotsPerInch = 50;
+  EXPECT_EQ(scan(wish).status, ScanStatus::Success) << pages.back().trouble;
+  service.reset();
+  EXPECT_NE(scan(wish).status, ScanStatus::Success);
+  EXPECT_NE(pages.back().trouble, "");
+  EXPECT_TRUE(findDevices().empty());
+  service.emplace(address_);
+  EXPECT_EQ(scan(wish).status, ScanStatus::Success) << pages.back().trouble;
+  service.reset();
+  service.emplace(address_);
+  EXPECT_EQ(findDevices().size(), 1U);
 }
 
 TEST_F(NetworkScanner, ThatNeverAnswersIsCancelledAtOnce) {
