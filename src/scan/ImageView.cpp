@@ -14,6 +14,13 @@ TwipsSize inTwips(PixelSize picture) {
           static_cast<double>(picture.height) * twipsPerPixel};
 }
 
+double fittingFactor(PixelSize picture) {
+  const TwipsSize whole = inTwips(picture);
+  if (whole.width <= 0 || whole.height <= 0)
+    return 1;
+  return std::min({1.0, ImageView::box.width / whole.width, ImageView::box.height / whole.height});
+}
+
 ScrollBars barsFor(bool across, bool down) {
   return static_cast<ScrollBars>((across ? 1 : 0) + (down ? 2 : 0));
 }
@@ -22,18 +29,23 @@ ScrollBars barsFor(bool across, bool down) {
 
 void ImageView::fit(PixelSize picture) {
   picture_ = picture;
-  const TwipsSize whole = inTwips(picture);
-  factor_ = 1;
-  if (whole.width > 0 && whole.height > 0)
-    factor_ = std::min({1.0, box.width / whole.width, box.height / whole.height});
+  factor_ = fittingFactor(picture);
+  showWhole();
+}
+
+/// What was fitted before it was turned is fitted again when it is turned back.
+void ImageView::resize(PixelSize picture) {
+  picture_ = picture;
+  if (factor_ == fittingFactor(picture))
+    showWhole();
+  else
+    setView();
+}
+
+void ImageView::showWhole() {
   size_ = pictureSize();
   scrollBars_ = ScrollBars::None;
   scroll_ = {};
-}
-
-void ImageView::resize(PixelSize picture) {
-  picture_ = picture;
-  setView();
 }
 
 bool ImageView::zoomIn() {

@@ -43,6 +43,7 @@ public:
 private:
   void zoomTo(double factor);
   void setView();
+  void showWhole();
   [[nodiscard]] PixelPoint middle() const;
   void scrollToMiddle(PixelPoint pixel);
 

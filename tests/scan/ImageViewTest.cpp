@@ -162,6 +162,18 @@ TEST(ImageView, ATurnedPictureSwapsTheRolesOfTheLimits) {
   EXPECT_EQ(view.scrollBars(), ScrollBars::Vertical);
 }
 
+TEST(ImageView, WhatWasFittedIsFittedAgainWhenItIsTurnedBack) {
+  for (const PixelSize picture : {PixelSize{3000, 1000}, page}) {
+    ImageView view;
+    view.fit(picture);
+    const TwipsSize fitted = view.size();
+    view.resize({picture.height, picture.width});
+    view.resize(picture);
+    EXPECT_EQ(view.size(), fitted);
+    EXPECT_EQ(view.scrollBars(), ScrollBars::None);
+  }
+}
+
 TEST(ImageView, ScrollingEndsAtTheEdgesOfThePicture) {
   ImageView view = viewOf(page, 1);
   view.scrollTo({-10, 1e9});
