@@ -190,6 +190,7 @@ void MarkLayer::keyPressEvent(QKeyEvent* event) {
     return;
   switch (event->key()) {
   case Qt::Key_Plus:
+  case Qt::Key_Equal: // the same key, where + needs Shift
     Q_EMIT zoomAsked(1);
     return;
   case Qt::Key_Minus:

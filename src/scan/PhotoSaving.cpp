@@ -2,6 +2,7 @@
 
 #include "AlbumFiles.h"
 #include "Encode.h"
+#include "FileError.h"
 #include "PhotoFiles.h"
 #include "PhotoIdentity.h"
 #include "Resample.h"
@@ -12,6 +13,7 @@
 #include <functional>
 #include <ostream>
 #include <string_view>
+#include <system_error>
 
 namespace hearthbook {
 
@@ -22,9 +24,16 @@ namespace {
 constexpr const char* backupFolder = "\\Backup";
 constexpr std::size_t thumbnailName = 9; ///< characters of "00012.jpg"
 
+void makeFolders(const fs::path& folder) {
+  std::error_code error;
+  fs::create_directories(folder, error);
+  if (error)
+    throwFileError("make the folder", folder, error.value());
+}
+
 void replaceWith(const fs::path& target, std::string_view bytes,
                  const std::function<void()>& beforePlacing = {}) {
-  fs::create_directories(target.parent_path());
+  makeFolders(target.parent_path());
   replaceFile(
       target, [&](std::ostream& out) { out << bytes; }, beforePlacing);
 }

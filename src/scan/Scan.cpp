@@ -11,6 +11,7 @@
 #include <QLabel>
 #include <QPointer>
 #include <QScreen>
+#include <QShortcut>
 
 #include <algorithm>
 #include <array>
@@ -79,13 +80,16 @@ void Scan::wireControls() {
   onCommand(ui->Command6, this, &Scan::crop);                          // "Crop To Selection"
   onCommand(ui->undoButton, this, &Scan::undo);
   // Looked at
-  onCommand(ui->Command15, this, &Scan::zoomIn);      // "(+)  Zoom In"
+  onCommand(ui->Command15, this, &Scan::zoomIn); // "(+)  Zoom In"
+  // Where + needs the Shift key, it is meant without it.
+  connect(new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_Equal), this), &QShortcut::activated,
+          ui->Command15, &QPushButton::click);
   onCommand(ui->Command16, this, &Scan::zoomOut);     // "(--)  Zoom Out"
   onCommand(ui->Command9, this, &Scan::originalSize); // "Original Size"
   onCommand(ui->stopButton, this, &Scan::stop);
   onCommand(ui->BtnClose, this, &Scan::Unload); // "Close"
   // The page
-  connect(ui->NotX1, &MarkLayer::selecting, this, &Scan::showHint);
+  connect(ui->NotX1, &MarkLayer::selecting, this, [this] { say({}); });
   connect(ui->NotX1, &MarkLayer::buttonPressed, this, &Scan::pressRegionButton);
   connect(ui->NotX1, &MarkLayer::zoomAsked, this,
           [this](int steps) { runCommand([&] { steps > 0 ? zoomIn() : zoomOut(); }); });
@@ -164,8 +168,6 @@ void Scan::say(const QString& words) {
 }
 
 void Scan::showHint() {
-  if (!isBusy() && edit_.selection().isThere())
-    said_.clear();
   if (!said_.isEmpty())
     ui->hint->setText(said_);
   else if (edit_.view().isNothingInSight())
@@ -202,8 +204,10 @@ void Scan::endWork() {
 }
 
 void Scan::stop() {
-  if (work_ == Work::Scanning)
+  if (work_ == Work::Scanning) {
+    isPageGivenUp_ = true;
     return scanner_.cancel(); // it answers at once
+  }
   ++job_;
   endWork();
 }

@@ -142,6 +142,7 @@ private:
   bool canScanAgain_ = true;
   bool isUpdated_ = false;            ///< the photo has been written
   bool isScanned_ = false;            ///< what is shown came from the scanner
+  bool isPageGivenUp_ = false;        ///< by the user; a scanner may cancel a page by itself
   QString said_;                      ///< stands in the hint until the next thing happens
   std::optional<FileStamp> loadedAs_; ///< the state of the photo's file when it was loaded
   std::shared_ptr<KeptPage> kept_;

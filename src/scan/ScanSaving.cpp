@@ -8,6 +8,20 @@
 
 namespace hearthbook {
 
+namespace {
+
+QString wordsOf(const std::exception_ptr& failure) {
+  try {
+    if (failure)
+      std::rethrow_exception(failure);
+  } catch (const std::exception& told) {
+    return toQString(told.what());
+  }
+  return {};
+}
+
+} // namespace
+
 void Scan::save() { isEditUse_ ? updatePhoto() : saveSelected(); }
 
 bool Scan::hasSelection() const {
@@ -42,8 +56,10 @@ void Scan::saveNewPhoto(const PhotoPlaces& places, std::function<void()> afterwa
               });
 }
 
+/// The box has words of its own; why it is so stands below the page, for as long as it is of use.
 void Scan::newPhotoWritten(const PhotoPlaces& places, const PixelRect& region, const Saved& saved) {
   if (!fileExists(places.photo)) {
+    say(wordsOf(saved.failure));
     MsgBox(QStringLiteral("File Could Not Be Saved, Please Scan Photo Again"),
            QStringLiteral("Save Selected"), MsgIcon::Exclamation);
     return;
@@ -90,7 +106,7 @@ bool Scan::mayOverwrite(const std::filesystem::path& photo) const {
 }
 
 bool Scan::mayDropEdits() const {
-  return !isEditUse_ || isUpdated_ || !edit_.canUndo() ||
+  return !isEditUse_ || isUpdated_ || !areCommandsUsable_ || !edit_.canUndo() ||
          MsgBox(QStringLiteral("The photo was not updated: what you have changed will be lost."),
                 QStringLiteral("Edit Image"), MsgIcon::Exclamation,
                 MsgButtons::OkCancel) == MsgAnswer::Ok;

@@ -83,6 +83,7 @@ ScanWish Scan::readWish() const {
 /// `failed` hears of a page that did not come, though nobody has given it up.
 void Scan::acquire(std::function<void(const ScannedPage&)> failed) {
   beginWork(Work::Scanning, QStringLiteral("The page is scanned ..."));
+  isPageGivenUp_ = false;
   const QPointer<Scan> form(this);
   const auto progress = [form, job = job_](double share) {
     if (!form || form->job_ != job)
@@ -98,7 +99,7 @@ void Scan::acquire(std::function<void(const ScannedPage&)> failed) {
                      if (page.status == ScanStatus::Success)
                        return form->acquired(page);
                      form->say(toQString(page.trouble));
-                     if (page.status != ScanStatus::Cancelled)
+                     if (page.status != ScanStatus::Cancelled || !form->isPageGivenUp_)
                        guarded([&] { failed(page); });
                    });
 }

@@ -10,6 +10,7 @@ namespace hearthbook::test {
 
 namespace {
 
+using testing::Contains;
 using testing::ElementsAre;
 namespace fs = std::filesystem;
 
@@ -236,6 +237,98 @@ TEST_F(EditPhoto, ScanAgainAsksBeforeItDropsWhatWasChanged) {
   expectLosingEdits(MsgAnswer::Ok);
   press(scan, "Command2");
   EXPECT_TRUE(isSame(scan.page().picture(), corners({300, 200})));
+}
+
+TEST_F(EditPhoto, AFailedScanAgainLeavesNothingButCloseAndThePhotoAsItWas) {
+  const auto& scan = openPhoto();
+  press(scan, "Command11");
+  willFail(ScanStatus::Jammed);
+  expectLosingEdits(MsgAnswer::Ok);
+  press(scan, "Command2");
+  EXPECT_THAT(usableCommands(scan), ElementsAre("BtnClose", "stopButton"));
+  EXPECT_EQ(hintOf(scan), "The paper is stuck in the scanner.");
+  press(scan, "BtnClose"); // that the changes are lost was said before
+  EXPECT_EQ(Forms::loaded<Scan>(), nullptr);
+  EXPECT_EQ(readBytes(photo_), original_);
+}
+
+TEST_F(EditPhoto, StopWhileThePhotoIsOpenedLeavesAnEmptyForm) {
+  auto held = holdPool();
+  resolveImage(album(), "HD00001");
+  auto& scan = Forms::get<Scan>();
+  scan.Tag = toQString("edit");
+  scan.begin();
+  scan.Show();
+  ASSERT_TRUE(scan.isBusy());
+  press(scan, "stopButton");
+  EXPECT_FALSE(scan.isBusy());
+  held.reset();
+  finishPool();
+  EXPECT_TRUE(scan.page().isEmpty()) << "what was still being read comes too late";
+  EXPECT_THAT(usableCommands(scan), ElementsAre("BtnClose", "Command2", "stopButton"));
+  press(scan, "BtnClose");
+  EXPECT_EQ(readBytes(photo_), original_);
+}
+
+TEST_F(EditPhoto, APhotoOfTwoHundredMegapixelsIsOpenedAndPutRight) {
+  constexpr PixelSize huge{20'000, 10'000};
+  writeBytes(photo_, plainGreyJpeg(huge, 100));
+  const auto& scan = openPhoto();
+  ASSERT_EQ(scan.page().picture().size(), huge);
+  EXPECT_TRUE(isEnabled(scan, "Command1"));
+  const std::uint32_t before = scan.page().picture().row(9'999)[19'999];
+  draw(scan, {15'000, 8'000}, {20'000, 10'000});
+  press(scan, "Command11");
+  ASSERT_EQ(scan.page().elements().size(), 1u);
+  EXPECT_GT(scan.page().elements()[0].result.row(0)[0], before);
+  press(scan, "undoButton");
+}
+
+TEST_F(EditPhoto, APhotoLargerThanThereIsRoomForIsTold) {
+  writeBytes(photo_, plainGreyJpeg({20'000, 16'000}, 100));
+  boxes_.expectMessage(toQString("The Image Could Not Be Displayed"), toQString("Edit Image"),
+                       MsgIcon::Critical);
+  const auto& scan = openPhoto();
+  EXPECT_NE(hintOf(scan).find("too large"), std::string::npos) << hintOf(scan);
+}
+
+TEST_F(EditPhoto, APictureTooLongForAJpegIsToldAndTheOldPhotoStaysWhole) {
+  const auto& scan = openPhoto();
+  willSend(plain({70'000, 10}, red));
+  press(scan, "Command2");
+  boxes_.expectFailure(toQString("A JPEG cannot have more than 65500 pixels on a side."));
+  press(scan, "Command1");
+  ASSERT_NE(Forms::loaded<Scan>(), nullptr);
+  EXPECT_TRUE(isEnabled(scan, "Command1"));
+  EXPECT_EQ(readBytes(photo_), original_);
+  EXPECT_TRUE(namesIn(folder_.trash()).empty());
+  press(scan, "Command9");
+  draw(scan, {100, 1}, {400, 9});
+  press(scan, "Command6");
+  press(scan, "Command1");
+  EXPECT_EQ(Forms::loaded<Scan>(), nullptr);
+  EXPECT_NEAR(readPictureInfo(photo_).size.width, 300, 2);
+}
+
+TEST_F(EditPhoto, OnAFullDiskTheUpdateIsToldThePhotoStaysAndItCanBeTriedAgain) {
+  if (!canMount)
+    GTEST_SKIP() << "this machine lets tests mount nothing";
+  const SmallDisk disk(at("Photos"), std::size_t{2} << 20);
+  writeBytes(photo_, original_);
+  disk.fillUpTo(20'000);
+  const auto& scan = openPhoto();
+  press(scan, "Command11");
+  const Picture edited = scan.page().picture();
+  boxes_.expectFailure(toQString("00001.jpg\": the disk is full."));
+  press(scan, "Command1");
+  ASSERT_NE(Forms::loaded<Scan>(), nullptr);
+  EXPECT_EQ(readBytes(photo_), original_);
+  EXPECT_THAT(namesIn(at("Photos")), Contains("00001.jpg"));
+  EXPECT_TRUE(isSame(scan.page().picture(), edited)) << "nothing of the work is lost";
+  disk.makeRoom();
+  press(scan, "Command1");
+  EXPECT_EQ(Forms::loaded<Scan>(), nullptr);
+  EXPECT_EQ(readBytes(photo_), jpegOf(edited, 0));
 }
 
 TEST_F(EditPhoto, APartThatCannotBeSavedIsToldAndItsRowStays) {

@@ -143,6 +143,20 @@ TEST_F(ScanEdits, ATurnSwapsTheScrollBars) {
   EXPECT_TRUE(bar(scan, "downBar")->isVisible());
 }
 
+TEST_F(ScanEdits, AFittedPageThatIsTurnedAndTurnedBackIsFittedAgain) {
+  const auto& scan = openWith(grainy({1400, 500}));
+  const QRect fitted = control(scan, "ImgX1")->geometry();
+  for (const auto& [there, back] :
+       {std::pair{"Command4", "undoButton"}, {"Command4", "Command5"}, {"Command5", "Command5"}}) {
+    press(scan, there);
+    EXPECT_TRUE(bar(scan, "downBar")->isVisible());
+    press(scan, back);
+    EXPECT_EQ(control(scan, "ImgX1")->geometry(), fitted);
+    EXPECT_FALSE(bar(scan, "acrossBar")->isVisible()) << "it would have nothing to scroll";
+    EXPECT_FALSE(bar(scan, "downBar")->isVisible());
+  }
+}
+
 TEST_F(ScanEdits, TheScrollBarsMoveThePage) {
   const auto& scan = openWith(grainy({2000, 1500}));
   press(scan, "Command9");
@@ -225,6 +239,29 @@ TEST_F(ScanEdits, KeysZoom) {
   QTest::keyClick(layer(scan), Qt::Key_Plus);
   EXPECT_EQ(scan.page().view().factor(), 1.25);
   QTest::keyClick(layer(scan), Qt::Key_Minus);
+  EXPECT_EQ(scan.page().view().factor(), 1);
+}
+
+TEST_F(ScanEdits, TheKeyOfPlusZoomsWithoutShiftToo) {
+  auto& scan = openWith(page_);
+  QTest::keyClick(layer(scan), Qt::Key_Equal);
+  EXPECT_EQ(scan.page().view().factor(), 1.25);
+  scan.activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&scan));
+  QTest::keyClick(layer(scan), Qt::Key_Equal, Qt::ControlModifier);
+  EXPECT_EQ(scan.page().view().factor(), 1.5);
+  QTest::keyClick(layer(scan), Qt::Key_Plus, Qt::ControlModifier);
+  ASSERT_TRUE(waitFor([&] { return scan.page().view().factor() == 1.75; }));
+}
+
+TEST_F(ScanEdits, TheKeyOfPlusDoesNothingWhereThereIsNothingToZoom) {
+  boxes_.expectMessage(toQString("Scanner Error! Please make sure your scanner is working."),
+                       toQString("Scan Photo"), MsgIcon::Critical);
+  willFail(ScanStatus::NoScanner);
+  auto& scan = open("Scan");
+  scan.activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&scan));
+  QTest::keyClick(layer(scan), Qt::Key_Equal, Qt::ControlModifier);
   EXPECT_EQ(scan.page().view().factor(), 1);
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "AlbumFixture.h"
+#include "Beside.h"
 #include "BoxScript.h"
 #include "Decode.h"
 #include "FakeScanner.h"
@@ -12,6 +13,7 @@
 #include "MarkLayer.h"
 #include "PagePlaces.h"
 #include "PhotoFiles.h"
+#include "PrivateMount.h"
 #include "Regions.h"
 #include "Scan.h"
 #include "ScanPrint.h"
@@ -24,6 +26,8 @@
 
 #include <algorithm>
 #include <functional>
+#include <future>
+#include <memory>
 #include <string>
 #include <utility>
 
@@ -37,6 +41,9 @@ inline bool isSame(const Picture& a, const Picture& b) {
       return false;
   return true;
 }
+
+/// Asked before there is any other thread: it would not see what is mounted.
+inline const bool canMount = canMountPrivately();
 
 /// The form in both of its uses, with a scanner of the test's own.
 class ScanFixture : public AlbumFixture, protected FormControls {
@@ -77,6 +84,23 @@ protected:
   static void press(const QWidget& form, const char* name) {
     FormControls::press(form, name);
     settle();
+  }
+
+  /// The pool has no time for anything else while what it returns is there.
+  [[nodiscard]] std::shared_ptr<void> holdPool() {
+    auto release = std::make_shared<std::promise<void>>();
+    const std::shared_future<void> released = release->get_future();
+    for (int thread = 0; thread < pool_.threads(); ++thread)
+      pool_.post([released] { released.wait(); }, true);
+    return release;
+  }
+  /// All that was given to the pool before has been done, and its answers have come.
+  void finishPool() {
+    bool isDone = false;
+    runBeside(
+        pool_, QCoreApplication::instance(), [] { return true; },
+        [&](bool done) { isDone = done; });
+    waitUntil([&] { return isDone; });
   }
 
   /// Draws with the mouse from one pixel of the page to another.

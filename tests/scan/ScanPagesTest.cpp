@@ -96,6 +96,32 @@ TEST_F(ScanPages, AScannerThatFailsAtOpenOrInTheMiddleOfThePageIsTold) {
   }
 }
 
+TEST_F(ScanPages, AFirstPageThatTheScannerItselfCancelsIsToldLikeAnyFailure) {
+  expectScannerError();
+  willFail(ScanStatus::Cancelled);
+  const auto& scan = open("Scan");
+  EXPECT_THAT(usableCommands(scan), ElementsAre("BtnClose", "Command2", "stopButton"));
+  EXPECT_EQ(hintOf(scan), "The scan was cancelled.");
+}
+
+TEST_F(ScanPages, ANextPageThatTheScannerItselfCancelsLeavesNothingButClose) {
+  willSend(page_);
+  willFail(ScanStatus::Cancelled);
+  const auto& scan = open("Scan");
+  press(scan, "Command2");
+  EXPECT_THAT(usableCommands(scan), ElementsAre("BtnClose", "stopButton"));
+}
+
+TEST_F(ScanPages, AfterAStoppedScanTheNextFailureIsToldAgain) {
+  auto& scan = Forms::get<Scan>();
+  scan.begin();
+  scan.Show();
+  press(scan, "stopButton");
+  willFail(ScanStatus::Cancelled);
+  press(scan, "Command2");
+  EXPECT_THAT(usableCommands(scan), ElementsAre("BtnClose", "stopButton"));
+}
+
 TEST_F(ScanPages, AfterAFailedFirstScanScanAgainBringsEverything) {
   expectScannerError();
   willFail(ScanStatus::CoverOpen);
@@ -261,6 +287,35 @@ TEST_F(ScanPages, APhotoThatCannotBeSavedIsToldAndItsRowStays) {
   EXPECT_TRUE(isEnabled(scan, "Command1"));
 }
 
+TEST_F(ScanPages, WhyAPhotoCannotBeSavedStandsBelowThePageUntilTheRectangleMoves) {
+  const auto& scan = openWith(page_);
+  fs::rename(at("Photos"), at("Photos away"));
+  writeBytes(at("Photos"), "no folder");
+  draw(scan, {100, 100}, {300, 200});
+  expectNotSaved();
+  press(scan, "Command1");
+  EXPECT_EQ(hintOf(scan), "Cannot make the folder \"" + at("Photos").string() +
+                              "\": a part of its path is not a folder.");
+  QTest::keyClick(control(scan, "NotX1"), Qt::Key_Right);
+  EXPECT_EQ(hintOf(scan).substr(0, 9), "Selected:");
+}
+
+TEST_F(ScanPages, AFullDiskIsNamedWhereAPhotoCannotBeSaved) {
+  if (!canMount)
+    GTEST_SKIP() << "this machine lets tests mount nothing";
+  const auto& scan = openWith(page_);
+  const SmallDisk disk(at("Photos"), std::size_t{1} << 20);
+  disk.fillUpTo(20'000);
+  draw(scan, {100, 100}, {500, 350});
+  expectNotSaved();
+  press(scan, "Command1");
+  EXPECT_EQ(hintOf(scan),
+            "Cannot write \"" + at("Photos/00002.jpg").string() + "\": the disk is full.");
+  disk.makeRoom();
+  press(scan, "Command1");
+  EXPECT_EQ(hintOf(scan), "Saved as photo 00003.") << "the row of the failed one stays";
+}
+
 TEST_F(ScanPages, AThumbnailThatCannotBeSavedIsReported) {
   const auto& scan = openWith(page_);
   fs::create_directories(at("Thumbnails/00002.jpg/in the way"));
@@ -313,6 +368,24 @@ TEST_F(ScanPages, AKeptPageThatCannotBeReadIsScannedAnew) {
   expectKeptPage(MsgAnswer::Yes);
   const auto& scan = openWith(page_);
   EXPECT_TRUE(isSame(scan.page().picture(), page_));
+}
+
+TEST_F(ScanPages, AKeptPageWhoseOpeningIsStoppedIsStillKeptAndAnotherOneCanBeScanned) {
+  writeBytes(at("Backup/Scanned page.jpg"), jpegOf(page_));
+  expectKeptPage(MsgAnswer::Yes);
+  auto held = holdPool();
+  auto& scan = Forms::get<Scan>();
+  scan.begin();
+  scan.Show();
+  press(scan, "stopButton");
+  held.reset();
+  finishPool();
+  EXPECT_TRUE(scan.page().isEmpty()) << "what was still being read comes too late";
+  EXPECT_THAT(usableCommands(scan), ElementsAre("BtnClose", "Command2", "stopButton"));
+  EXPECT_TRUE(fs::exists(at("Backup/Scanned page.jpg")));
+  willSend(corners({300, 200}));
+  press(scan, "Command2");
+  EXPECT_TRUE(isSame(scan.page().picture(), corners({300, 200})));
 }
 
 TEST_F(ScanPages, AKeptPageThatWasNotSeenAgainIsStillKept) {
