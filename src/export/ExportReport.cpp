@@ -1,21 +1,14 @@
 #include "ExportReport.h"
 
-#include <algorithm>
-
 namespace hearthbook {
 
 namespace {
 
-/// A box with more lines would be higher than a small screen.
-constexpr std::size_t mostLines = 15;
-
+/// All of them: a box that gets too high for the screen lets them scroll.
 std::string linesOf(const std::vector<std::string>& lines) {
   std::string text;
-  const std::size_t shown = std::min(lines.size(), mostLines);
-  for (std::size_t i = 0; i < shown; ++i)
-    text += "\n" + lines[i];
-  if (shown < lines.size())
-    text += "\nand " + std::to_string(lines.size() - shown) + " more";
+  for (const std::string& line : lines)
+    text += "\n" + line;
   return text;
 }
 

@@ -6,9 +6,11 @@
 #include <QApplication>
 #include <QDialog>
 #include <QDialogButtonBox>
+#include <QGridLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
+#include <QPlainTextEdit>
 #include <QVBoxLayout>
 
 #include <utility>
@@ -88,6 +90,43 @@ void breakLongLines(QLabel& prompt) {
   prompt.setFixedWidth(widest);
 }
 
+/// A box with more lines would be higher than a small screen.
+constexpr int mostLines = 20;
+
+QPlainTextEdit* scrollingLines(const QString& lines, const QString& name) {
+  auto* list = new QPlainTextEdit(lines);
+  list->setReadOnly(true);
+  list->setTabChangesFocus(true);
+  list->setLineWrapMode(QPlainTextEdit::NoWrap);
+  list->setAccessibleName(name);
+  list->setMinimumSize(list->fontMetrics().averageCharWidth() * charactersOnLine * 2 / 3,
+                       list->fontMetrics().lineSpacing() * mostLines * 2 / 3);
+  return list;
+}
+
+/// Where there are too many lines, those between the first one and the last paragraph scroll, so
+/// that what the box tells of all and what it asks stay in sight.
+void showText(QMessageBox& box, const QString& text) {
+  const auto head = text.indexOf(QLatin1Char('\n'));
+  if (text.count(QLatin1Char('\n')) < mostLines)
+    return box.setText(text);
+  const auto gap = text.lastIndexOf(QStringLiteral("\n\n"));
+  const auto end = gap > head ? gap : text.size();
+  box.setText(text.left(head));
+  auto* grid = dynamic_cast<QGridLayout*>(box.layout());
+  auto* buttons = box.findChild<QDialogButtonBox*>();
+  const int column = grid->columnCount() - 1;
+  grid->addWidget(scrollingLines(text.mid(head + 1, end - head - 1), text.left(head)),
+                  grid->rowCount(), column);
+  if (end < text.size()) {
+    auto* tail = new QLabel(text.mid(end + 2));
+    tail->setTextFormat(Qt::PlainText);
+    tail->setWordWrap(true);
+    grid->addWidget(tail, grid->rowCount(), column);
+  }
+  grid->addWidget(buttons, grid->rowCount(), 0, 1, -1);
+}
+
 /// The boxes that the user sees.
 class RealBoxes : public BoxPlayer {
 public:
@@ -96,9 +135,9 @@ public:
     QMessageBox box(boxParent());
     box.setWindowTitle(title);
     box.setTextFormat(Qt::PlainText);
-    box.setText(text);
     box.setIcon(shownIcon(icon));
     addButtons(box, buttons);
+    showText(box, text);
     return answerOf(box.exec());
   }
 

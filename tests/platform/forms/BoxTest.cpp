@@ -8,11 +8,14 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
+#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QTest>
 #include <QTimer>
 
 #include <gtest/gtest-spi.h>
+
+#include <algorithm>
 
 namespace hearthbook::test {
 
@@ -85,6 +88,44 @@ TEST(MsgBox, MarkupInATextIsShownAsItStands) {
     press(box, QStringLiteral("OK"));
   });
   MsgBox(QStringLiteral("<b>/home/ann & bob</b>"));
+}
+
+TEST(MsgBox, ManyLinesScrollBetweenWhatIsToldAndWhatIsAsked) {
+  QString names;
+  for (int i = 1; i <= 500; ++i)
+    names += QStringLiteral("%1.jpg is missing\n").arg(i, 5, 10, QLatin1Char('0'));
+  names.chop(1);
+  withBox([names](QWidget& widget) {
+    auto& box = dynamic_cast<QMessageBox&>(widget);
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&box));
+    EXPECT_EQ(box.text(), QStringLiteral("These are lost:"));
+    auto* lines = box.findChild<QPlainTextEdit*>();
+    ASSERT_NE(lines, nullptr);
+    EXPECT_EQ(lines->toPlainText(), names);
+    EXPECT_TRUE(lines->isReadOnly());
+    EXPECT_EQ(lines->accessibleName(), box.text());
+    EXPECT_LE(box.height(), 600);
+    EXPECT_GT(lines->height(), box.height() / 3);
+    const auto labels = box.findChildren<QLabel*>();
+    EXPECT_TRUE(std::any_of(labels.begin(), labels.end(), [&](const QLabel* label) {
+      return label->text() == QStringLiteral("Go on?") &&
+             label->mapTo(&box, QPoint()).y() > lines->mapTo(&box, QPoint()).y();
+    }));
+    QTest::keyClick(&box, Qt::Key_Return);
+  });
+  EXPECT_EQ(MsgBox(QStringLiteral("These are lost:\n") + names + QStringLiteral("\n\nGo on?"), {},
+                   MsgIcon::Exclamation, MsgButtons::YesNo),
+            MsgAnswer::Yes);
+}
+
+TEST(MsgBox, ManyLinesOfAMessageAloneScrollToo) {
+  withBox([](QWidget& widget) {
+    auto* lines = widget.findChild<QPlainTextEdit*>();
+    ASSERT_NE(lines, nullptr);
+    EXPECT_EQ(lines->toPlainText().count(QLatin1Char('\n')), 49);
+    QTest::keyClick(&widget, Qt::Key_Escape);
+  });
+  EXPECT_EQ(MsgBox(QStringLiteral("first") + QStringLiteral("\nline").repeated(50)), MsgAnswer::Ok);
 }
 
 TEST(InputBox, GivesWhatWasTyped) {
