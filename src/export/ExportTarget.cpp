@@ -17,6 +17,7 @@ namespace {
 
 constexpr const char* replacedFolders[] = {"html", "data", "audio"};
 constexpr const char* startPageOfTemplate = "master.htm";
+constexpr const char* framePage = "frameset.htm";
 
 bool isFolder(const fs::path& path) {
   std::error_code unknown;
@@ -127,6 +128,13 @@ bool bearsTitle(const std::string& page, const std::string& master, const std::s
                    master.substr(behind, end - behind)) != std::string::npos;
 }
 
+/// One of these names somebody else may have given to a page; the two together are an export's,
+/// also where it was broken off before the start page got its name.
+bool hasPagesOfExport(const fs::path& target, const ExportNames& names) {
+  const auto has = [&](const std::string& page) { return fileExists(exportFolder(target, page)); };
+  return has(framePage) && (has(names.lcname + ".htm") || has(startPageOfTemplate));
+}
+
 /// Another album whose name gives the same folder has been there.
 bool isOfAnotherAlbum(const fs::path& startPage, const fs::path& exportTemplate,
                       const std::string& title) {
@@ -186,11 +194,9 @@ std::vector<std::string> strangersIn(const fs::path& target, const fs::path& exp
   const KnownFiles known(exportTemplate, names);
   std::vector<std::string> strangers;
   std::vector<std::string> all;
-  bool isExport = false;
   for (const fs::path& entry : whatGoes(target)) {
     const bool isReplaced = isReplacedFolder(entry) && !isLink(entry);
     const bool isKnown = isReplaced || known.isAtTop(nameOfEntry(entry));
-    isExport = isExport || (isKnown && !isFolder(entry));
     all.push_back(entry.filename().string());
     if (!isKnown)
       strangers.push_back(all.back());
@@ -198,7 +204,7 @@ std::vector<std::string> strangersIn(const fs::path& target, const fs::path& exp
       addStrangersBelow(entry, known, strangers);
   }
   const fs::path startPage = exportFolder(target, names.lcname + ".htm");
-  if (!isExport || isOfAnotherAlbum(startPage, exportTemplate, names.title))
+  if (!hasPagesOfExport(target, names) || isOfAnotherAlbum(startPage, exportTemplate, names.title))
     return all;
   return strangers;
 }
@@ -212,7 +218,7 @@ void clearExport(const fs::path& target) {
     if (error)
       throwFileError("delete", entry, error.value());
   };
-  // Folders first: the files tell that this was an export until the last of them is gone.
+  // Folders first: the pages beside them tell that this is an export, should it be broken off.
   for (const fs::path& entry : entries)
     if (isReplacedFolder(entry))
       remove(entry);

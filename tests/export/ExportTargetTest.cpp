@@ -42,6 +42,26 @@ TEST_F(ExportTarget, AnExportThatWasBrokenOffIsFree) {
   EXPECT_THAT(strangers(), IsEmpty());
 }
 
+TEST_F(ExportTarget, OneKnownNameMakesNoExport) {
+  for (const char* known : {"trip.htm", "frameset.htm", "Autorun.inf", "Autorun.exe"}) {
+    SCOPED_TRACE(known);
+    fs::remove_all(out("Trip"));
+    writeBytes(out("Trip") / known, "somebody's own");
+    writeBytes(out("Trip/data/1.jpg"), "somebody's photo");
+    EXPECT_THAT(strangers(), testing::UnorderedElementsAre("data", known));
+  }
+}
+
+TEST_F(ExportTarget, AnExportIsKnownByItsPagesInAnyCase) {
+  addTrip(1);
+  exportAlbum();
+  fs::rename(out("Trip/trip.htm"), out("Trip/TRIP.HTM"));
+  fs::rename(out("Trip/frameset.htm"), out("Trip/FRAMESET.HTM"));
+  EXPECT_THAT(strangers(), IsEmpty());
+  fs::remove(out("Trip/FRAMESET.HTM"));
+  EXPECT_THAT(strangers(), testing::Contains("TRIP.HTM"));
+}
+
 TEST_F(ExportTarget, FoldersThatStayAreNoStrangers) {
   writeBytes(out("Trip/letters/mother.txt"), "Dear");
   EXPECT_THAT(strangers(), IsEmpty());
