@@ -6,9 +6,11 @@
 #include "ExportTarget.h"
 #include "FileBrowser.h"
 #include "FileError.h"
+#include "Markup.h"
 #include "PhotoExport.h"
 #include "PhotoFiles.h"
 #include "PhotoIdentity.h"
+#include "PhotoScript.h"
 #include "PlainFile.h"
 #include "SoundShelf.h"
 
@@ -82,7 +84,7 @@ public:
 
 private:
   struct PhotoInWork {
-    std::int64_t number;
+    SidePage page;
     std::string file;
     bool isShown;
     std::future<ExportedPhoto> result;
@@ -95,10 +97,13 @@ private:
   void exportPhotos();
   void beginPhoto();
   void finishPhoto();
-  [[nodiscard]] PhotoExportOrder orderFor(const SidePage& page, const std::string& pictureId);
+  void note(PhotoInWork photo, const ExportedPhoto& exported);
+  [[nodiscard]] PhotoExportOrder orderFor(SidePage& page, const std::string& pictureId);
   [[nodiscard]] bool wantsPreview() const;
-  std::string sidePage(const SidePage& page);
+  std::string sidePage(const SidePage& page) const;
+  [[nodiscard]] std::string musicFile(const fs::path& sound) const;
   void writeStartPage() const;
+  void writePhotoScript() const;
   void writeAutorunFile() const;
   [[nodiscard]] bool isOnStick() const;
 
@@ -125,6 +130,8 @@ private:
   ExportNames names_;
   fs::path target_;
   ExportRows rows_;
+  NameOfPerson nameOf_ = [this](std::int64_t id) { return rows_.nameOfPerson(id); };
+  PhotoScript script_;
   std::optional<ExportSources> sources_;
   std::deque<PhotoInWork> inWork_;
   std::chrono::steady_clock::time_point lastShown_;
@@ -141,6 +148,7 @@ std::optional<ExportOutcome> AlbumExporter::run() {
     return 0;
   });
   exportPhotos();
+  writePhotoScript();
   writeStartPage();
   writeAutorunFile();
   if (isOnStick())
@@ -177,8 +185,12 @@ void AlbumExporter::prepareTree() {
   if (error)
     throwFileError("write", startPage(), error.value());
   if (const auto sound = sources_->soundOf(albumAudioName(request_.albumId)))
-    copyPlainFile(*sound, target_ / "audio" / (names_.name + soundExtension(*sound)));
+    copyPlainFile(*sound, target_ / "audio" / musicFile(*sound));
   writePageCount();
+}
+
+std::string AlbumExporter::musicFile(const fs::path& sound) const {
+  return names_.name + soundExtension(sound);
 }
 
 void AlbumExporter::writePageCount() const {
@@ -200,16 +212,16 @@ void AlbumExporter::exportPhotos() {
 
 void AlbumExporter::beginPhoto() {
   const std::string id = rows_.pictureId();
-  const SidePage page = rows_.page();
+  SidePage page = rows_.page();
   auto order = orderFor(page, id);
   const bool isShown = optimization_.limits || order.previewSide > 0;
   inWork_.push_back(
-      {page.number, stemOf(id) + ".jpg", isShown,
+      {std::move(page), stemOf(id) + ".jpg", isShown,
        pool_.run([order = std::move(order)] { return exportPhoto(order); }, listener_.wake)});
   rows_.moveNext();
 }
 
-PhotoExportOrder AlbumExporter::orderFor(const SidePage& page, const std::string& pictureId) {
+PhotoExportOrder AlbumExporter::orderFor(SidePage& page, const std::string& pictureId) {
   const std::string file = stemOf(pictureId) + ".jpg";
   const PhotoPlaces& places = sources_->placesOf(pictureId);
   PhotoExportOrder order;
@@ -222,10 +234,9 @@ PhotoExportOrder AlbumExporter::orderFor(const SidePage& page, const std::string
   order.limits = optimization_.limits;
   order.factor = optimization_.factor;
   order.previewSide = wantsPreview() ? request_.previewSide : 0;
-  SidePage full = page;
   if (order.sound)
-    full.soundExtension = soundExtension(*order.sound);
-  order.page = sidePage(full);
+    page.soundExtension = soundExtension(*order.sound);
+  order.page = sidePage(page);
   return order;
 }
 
@@ -238,37 +249,45 @@ bool AlbumExporter::wantsPreview() const {
   return std::chrono::steady_clock::now() - lastShown_ >= lookingTime;
 }
 
-std::string AlbumExporter::sidePage(const SidePage& page) {
-  bool hasMarkup = false;
-  const auto look = [&](const std::string& text) {
-    hasMarkup = hasMarkup || looksLikeMarkup(text);
-  };
-  for (const Value* text : {&page.event, &page.place, &page.description})
-    look(text->toText());
+std::string AlbumExporter::sidePage(const SidePage& page) const {
   std::ostringstream text;
-  writeSidePage(text, page, [&](std::int64_t id) {
-    auto name = rows_.nameOfPerson(id);
-    look(name.value_or(std::string()));
-    return name;
-  });
-  outcome_.markups += hasMarkup;
+  writeSidePage(text, page, nameOf_);
   return markedAsUtf8(std::move(text).str());
 }
 
 void AlbumExporter::finishPhoto() {
   auto& photo = inWork_.front();
   if (listener_.atPhoto)
-    listener_.atPhoto(photo.number, rows_.count(), photo.file);
+    listener_.atPhoto(photo.page.number, rows_.count(), photo.file);
   await(photo.result);
   auto done = std::move(photo);
   inWork_.pop_front();
   const ExportedPhoto exported = done.result.get();
-  for (const std::string& trouble : exported.troubles)
-    outcome_.troubles.push_back({done.file, trouble});
+  note(std::move(done), exported);
   if (exported.shown.isNull() || !listener_.showing)
     return;
   listener_.showing(exported.shown);
   lastShown_ = std::chrono::steady_clock::now();
+}
+
+void AlbumExporter::note(PhotoInWork photo, const ExportedPhoto& exported) {
+  for (const std::string& trouble : exported.troubles)
+    outcome_.troubles.push_back({photo.file, trouble});
+  if (!exported.hasPage)
+    return;
+  outcome_.markups += looksLikeMarkup(photo.page, nameOf_);
+  if (!exported.hasSound)
+    photo.page.soundExtension.clear();
+  script_.add(photo.page, nameOf_);
+}
+
+/// In a template that has it: pages of another make can do without.
+void AlbumExporter::writePhotoScript() const {
+  const fs::path script = target_ / "html" / "photos.js";
+  if (!fileExists(script))
+    return;
+  const auto sound = sources_->soundOf(albumAudioName(request_.albumId));
+  writePlainFile(script, script_.text(sound ? musicFile(*sound) : std::string()));
 }
 
 void AlbumExporter::writeStartPage() const {
@@ -278,7 +297,7 @@ void AlbumExporter::writeStartPage() const {
   page = withToken(page, tokens::thumbnails, thumbnails.view());
   page = withToken(page, tokens::title, names_.title);
   if (const auto sound = sources_->sounds.find(albumAudioName(request_.albumId)))
-    page = withToken(page, tokens::audio, names_.name + soundExtension(*sound));
+    page = withToken(page, tokens::audio, musicFile(*sound));
   writePlainFile(startPage(), markedAsUtf8(std::move(page)));
 }
 

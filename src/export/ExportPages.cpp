@@ -1,6 +1,5 @@
 #include "ExportPages.h"
 
-#include "Ascii.h"
 #include "Numbers.h"
 #include "TextOrder.h"
 #include "Words.h"
@@ -57,9 +56,15 @@ std::string nameOf(std::string_view title) {
   return name;
 }
 
+bool namesNobody(std::string_view namesInPhoto) {
+  return namesInPhoto.empty() || namesInPhoto.front() == ',';
+}
+
 /// The ids between the commas; nothing where the first of them is empty.
 std::vector<std::string> namedIn(std::string_view namesInPhoto) {
   std::vector<std::string> ids;
+  if (namesNobody(namesInPhoto))
+    return ids;
   for (auto comma = namesInPhoto.find(','); comma != std::string_view::npos;
        comma = namesInPhoto.find(',')) {
     ids.emplace_back(namesInPhoto.substr(0, comma));
@@ -93,7 +98,7 @@ void writeName(std::ostream& out, std::string_view namesCords, const std::string
 
 void writeNames(std::ostream& out, const SidePage& page, const NameOfPerson& nameOf) {
   const std::string names = page.namesInPhoto.toText();
-  if (names.empty() || names.front() == ',') {
+  if (namesNobody(names)) {
     out << "<tr></tr>" << lineEnd;
     return;
   }
@@ -105,13 +110,10 @@ void writeNames(std::ostream& out, const SidePage& page, const NameOfPerson& nam
 void writeHeading(std::ostream& out, const SidePage& page) {
   out << R"(<html><body bgcolor="#FFFFFF" background="../html/watermark2.gif">)" << lineEnd
       << R"(<table width="146" border="0" align="center" cellspacing="0" cellpadding="0" background="../html/paper.jpg">)"
-      << lineEnd << R"(<tr><td height="30" align="center"><font size="5"><b>)"
-      << (page.year.isNull() ? "----" : page.year.toText()) << "</b></font></td></tr>" << lineEnd
+      << lineEnd << R"(<tr><td height="30" align="center"><font size="5"><b>)" << yearLine(page)
+      << "</b></font></td></tr>" << lineEnd
       << R"(<tr><td height="45" valign="top"><font size="4" color="#990000" face="Arial, Helvetica, sans-serif">)"
-      << page.event.toText();
-  if (!page.place.isNull())
-    out << " in " << page.place.toText();
-  out << "</font></td></tr>" << lineEnd
+      << eventLine(page) << "</font></td></tr>" << lineEnd
       << R"(<tr><td><table width="146" height="100%" border="0" align="center" cellspacing="0" cellpadding="0">)"
       << lineEnd;
 }
@@ -132,18 +134,6 @@ void writeSound(std::ostream& out, const SidePage& page) {
       << R"(if (navigator.appName == "Netscape") {)" << lineEnd << R"(document.write('<embed src=")"
       << sound << R"(" hidden="TRUE" autostart="TRUE"  loop= "FALSE"></embed>');})" << lineEnd
       << "</script>" << lineEnd;
-}
-
-/// "&amp;", "&#8364;": what an ampersand begins and a semicolon ends.
-bool beginsEntity(std::string_view text) {
-  const auto isOfEntity = [](char c) { return isAsciiLetter(c) || isAsciiDigit(c) || c == '#'; };
-  const auto end = std::find_if_not(text.begin() + 1, text.end(), isOfEntity);
-  return text.front() == '&' && end != text.begin() + 1 && end != text.end() && *end == ';';
-}
-
-bool beginsTag(std::string_view text) {
-  return text.front() == '<' && text.size() > 1 &&
-         (isAsciiLetter(text[1]) || text[1] == '/' || text[1] == '!' || text[1] == '?');
 }
 
 bool isBeyondAscii(char c) { return static_cast<unsigned char>(c) >= 0x80; }
@@ -193,6 +183,22 @@ void writeThumbnailTable(std::ostream& out, std::int64_t photos) {
   out << "</tr>";
 }
 
+std::string yearLine(const SidePage& page) {
+  return page.year.isNull() ? "----" : page.year.toText();
+}
+
+std::string eventLine(const SidePage& page) {
+  return page.event.toText() + (page.place.isNull() ? "" : " in " + page.place.toText());
+}
+
+std::vector<std::string> namesOf(const SidePage& page, const NameOfPerson& nameOf) {
+  std::vector<std::string> names;
+  for (const std::string& id : namedIn(page.namesInPhoto.toText()))
+    if (auto name = nameOf(leadingNumber(id)))
+      names.push_back(std::move(*name));
+  return names;
+}
+
 void writeSidePage(std::ostream& out, const SidePage& page, const NameOfPerson& nameOf) {
   writeHeading(out, page);
   writeNames(out, page, nameOf);
@@ -221,13 +227,6 @@ std::string markedAsUtf8(std::string page) {
   if (!page.starts_with(utf8Mark) && std::ranges::any_of(page, isBeyondAscii))
     page.insert(0, utf8Mark);
   return page;
-}
-
-bool looksLikeMarkup(std::string_view text) {
-  for (; !text.empty(); text.remove_prefix(1))
-    if (beginsTag(text) || beginsEntity(text))
-      return true;
-  return false;
 }
 
 } // namespace hearthbook

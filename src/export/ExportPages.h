@@ -10,6 +10,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace hearthbook {
 
@@ -63,6 +64,13 @@ struct SidePage {
 /// The name of the person with that number; nothing where there is none.
 using NameOfPerson = std::function<std::optional<std::string>(std::int64_t id)>;
 
+/// "1987", or "----" where it is not known.
+std::string yearLine(const SidePage& page);
+/// "Wedding in Lake House"; a place without an event begins with its preposition.
+std::string eventLine(const SidePage& page);
+/// The persons, in the order of their field; somebody who is gone is left out.
+std::vector<std::string> namesOf(const SidePage& page, const NameOfPerson& nameOf);
+
 /// Nothing is escaped: what the family wrote goes in as it is stored.
 void writeSidePage(std::ostream& out, const SidePage& page, const NameOfPerson& nameOf);
 
@@ -81,8 +89,5 @@ std::string withToken(std::string_view text, std::string_view token, std::string
 
 /// The page with a mark in front that tells browsers of its UTF-8, where it needs one.
 std::string markedAsUtf8(std::string page);
-
-/// True if a browser would take a part of the text for markup: "<b>", "</", "<!--", "&amp;".
-bool looksLikeMarkup(std::string_view text);
 
 } // namespace hearthbook

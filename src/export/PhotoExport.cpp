@@ -40,8 +40,9 @@ public:
     if (order_.onDisc)
       for (fs::path* file : {&order_.photo, &order_.thumbnail})
         *file = asSpelled(*file);
-    copyThumbnail();
-    if (!fileExists(order_.photo)) {
+    const bool isMissing = !fileExists(order_.photo);
+    copyThumbnail(isMissing);
+    if (isMissing) {
       tell("is missing");
       return result_;
     }
@@ -51,6 +52,7 @@ public:
       copyPhoto();
     copySound();
     writePlainFile(inData(".htm"), order_.page);
+    result_.hasPage = true;
     return result_;
   }
 
@@ -62,19 +64,22 @@ private:
     return order_.target / "data" / (number() + extension);
   }
 
-  void copy(const fs::path& source, const fs::path& target, const char* trouble) {
+  bool copy(const fs::path& source, const fs::path& target, const char* trouble) {
     try {
       copyPlainFile(source, target);
+      return true;
     } catch (const UnreadableFile&) {
       tell(trouble);
+      return false;
     }
   }
 
-  void copyThumbnail() {
+  /// A photo that is missing is told once.
+  void copyThumbnail(bool photoIsMissing) {
     if (fileExists(order_.thumbnail))
       copy(order_.thumbnail, order_.target / "data" / ("t" + number() + ".jpg"),
            "has a thumbnail that could not be read");
-    else
+    else if (!photoIsMissing)
       tell("has no thumbnail");
   }
 
@@ -109,9 +114,10 @@ private:
   }
 
   void copySound() {
-    if (order_.sound)
-      copy(*order_.sound, order_.target / "audio" / (number() + soundExtension(*order_.sound)),
-           "has a sound that could not be read");
+    result_.hasSound =
+        order_.sound &&
+        copy(*order_.sound, order_.target / "audio" / (number() + soundExtension(*order_.sound)),
+             "has a sound that could not be read");
   }
 
   PhotoExportOrder order_;

@@ -28,6 +28,8 @@ struct PhotoExportOrder {
 struct ExportedPhoto {
   Picture shown;                     ///< for who waits
   std::vector<std::string> troubles; ///< "is missing", "could not be read", ...
+  bool hasPage = false;              ///< a missing photo has none
+  bool hasSound = false;
 };
 
 /// Runs on any thread. What cannot be read is a trouble; what cannot be written is a

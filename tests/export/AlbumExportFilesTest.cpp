@@ -73,6 +73,48 @@ TEST_F(AlbumExportFiles, TheHardDisksSoundGoesBeforeTheDiscs) {
   EXPECT_EQ(page("Trip/audio/1.wav"), "disc");
 }
 
+TEST_F(AlbumExportFiles, TheAlbumsSoundOfTheHardDiskGoesBeforeTheDiscs) {
+  addTrip(1);
+  insertDisc();
+  writeBytes(disc_ / "Audio" / albumSound(".mid"), "disc");
+  writeBytes(at("Audio/" + albumSound(".wav")), "hard disk");
+  exportAlbum();
+  EXPECT_THAT(namesIn(out("Trip/audio")), ElementsAre("Trip.wav"));
+  EXPECT_EQ(page("Trip/audio/Trip.wav"), "hard disk");
+  EXPECT_THAT(page("Trip/trip.htm"), HasSubstr("audio/Trip.wav"));
+}
+
+TEST_F(AlbumExportFiles, TheScriptsLearnOfSoundsAndStoriesWhereTheyAskForThem) {
+  addTrip(2);
+  insertDisc();
+  writeBytes(disc_ / "Audio" / albumSound(".mid"), "waltz");
+  writeBytes(at("Audio/00003.MID"), "MThd");
+  exportAlbum();
+  EXPECT_FALSE(isThere("Trip/html/photos.js")); // a template of another make
+  writeBytes(at("export/template/html/photos.js"), "");
+  exportAlbum();
+  const std::string script = page("Trip/html/photos.js");
+  EXPECT_THAT(script, HasSubstr("{\"music\": \"Trip.mid\", "));
+  EXPECT_THAT(script, HasSubstr("\"1\": {\"year\": \"----\""));
+  EXPECT_THAT(script, HasSubstr("\"sound\": \"2.MID\"}}"));
+}
+
+TEST_F(AlbumExportFiles, TheScriptsLearnNothingOfWhatIsNotThere) {
+  addTrip(2);
+  writeBytes(at("export/template/html/photos.js"), "");
+  fs::remove(at("Photos/00002.jpg"));
+  fs::create_directories(at("Audio"));
+  fs::create_symlink("/proc/self/mem", at("Audio/00003.wav")); // opens, and cannot be read
+  const auto outcome = exportAlbum();
+  EXPECT_THAT(
+      outcome.troubles,
+      ElementsAre(ExportOutcome::Trouble{"00002.jpg", "is missing"},
+                  ExportOutcome::Trouble{"00003.jpg", "has a sound that could not be read"}));
+  EXPECT_THAT(page("Trip/html/photos.js"), Not(HasSubstr("\"1\"")));
+  EXPECT_THAT(page("Trip/html/photos.js"), HasSubstr("\"2\""));
+  EXPECT_THAT(page("Trip/html/photos.js"), Not(HasSubstr("sound")));
+}
+
 TEST_F(AlbumExportFiles, APhotoOfADiscComesFromTheDisc) {
   folder_.addPhoto("CD00002");
   addSubAlbum("Trip", {"CD00002"});
@@ -98,8 +140,7 @@ TEST_F(AlbumExportFiles, WithoutTheDiscItsPhotosAreMissing) {
   folder_.addPhoto("CD00001"); // there is an HD00001 of the same number
   addSubAlbum("Trip", {"CD00001"});
   const auto outcome = exportAlbum();
-  EXPECT_THAT(outcome.troubles, ElementsAre(ExportOutcome::Trouble{"00001.jpg", "has no thumbnail"},
-                                            ExportOutcome::Trouble{"00001.jpg", "is missing"}));
+  EXPECT_THAT(outcome.troubles, ElementsAre(ExportOutcome::Trouble{"00001.jpg", "is missing"}));
 }
 
 TEST_F(AlbumExportFiles, AMissingPhotoHasItsCellAndNoPage) {
@@ -146,6 +187,8 @@ TEST_F(AlbumExportFiles, PhotosWithTextThatLooksLikeMarkupAreCounted) {
   folder_.addPhoto("HD00004", {{"NamesInPhoto", "00" + std::to_string(person) + ","}});
   addSubAlbum("Trip", {"HD00002", "HD00003", "HD00004"});
   EXPECT_EQ(exportAlbum().markups, 2);
+  fs::remove(at("Photos/00004.jpg")); // and has no page now
+  EXPECT_EQ(exportAlbum().markups, 1);
 }
 
 } // namespace

@@ -1,4 +1,5 @@
 #include "ExportFormFixture.h"
+#include "PrivateMount.h"
 #include "ScopedVariable.h"
 
 namespace hearthbook::test {
@@ -46,6 +47,18 @@ TEST_F(ExportDrive, ADriveWithoutRoomIsRefused) {
   folder_.drives().addDisk("sdb", true);
   folder_.drives().mount("/dev/sdb1", "/proc", "vfat"); // a file system of no size
   auto& dialog = open();
+  expectRefused();
+  choose(dialog, "d:");
+  EXPECT_EQ(folderShown(dialog), at("export").string());
+}
+
+TEST_F(ExportDrive, ADriveThatCanOnlyBeReadIsRefused) {
+  if (!canMountPrivately())
+    GTEST_SKIP() << "this machine does not allow private mounts";
+  folder_.drives().addDisk("sdb", true);
+  folder_.drives().mount("/dev/sdb1", base_, "vfat");
+  auto& dialog = open();
+  const ReadOnlyMount disk(base_);
   expectRefused();
   choose(dialog, "d:");
   EXPECT_EQ(folderShown(dialog), at("export").string());

@@ -5,6 +5,8 @@
 
 #include <gmock/gmock.h>
 
+#include <unistd.h>
+
 namespace hearthbook::test {
 namespace {
 
@@ -181,6 +183,25 @@ TEST_F(ExportFaults, AReadOnlyDiskEndsTheExportBeforeAnythingIsDeleted) {
   const ReadOnlyMount disk(base_);
   EXPECT_THAT(failureOfNewThreads(), HasSubstr("can only be read"));
   EXPECT_TRUE(isThere("Trip/trip.htm"));
+}
+
+TEST_F(ExportFaults, AFirstExportToAReadOnlyDiskLeavesNothing) {
+  if (!canMountPrivately())
+    GTEST_SKIP() << "this machine does not allow private mounts";
+  addTrip(1);
+  const ReadOnlyMount disk(base_);
+  EXPECT_THAT(failureOfNewThreads(), HasSubstr("can only be read"));
+  EXPECT_FALSE(isThere("Trip"));
+}
+
+TEST_F(ExportFaults, AFirstExportToAFolderThatMayNotBeWrittenToLeavesNothing) {
+  if (geteuid() == 0)
+    GTEST_SKIP() << "root may write everywhere";
+  addTrip(1);
+  fs::permissions(base_, fs::perms::owner_read | fs::perms::owner_exec);
+  EXPECT_THAT(failure(), HasSubstr("Trip"));
+  fs::permissions(base_, fs::perms::owner_all);
+  EXPECT_FALSE(isThere("Trip"));
 }
 
 TEST_F(ExportFaults, APhotoThatGoesWhileItIsExportedIsTold) {

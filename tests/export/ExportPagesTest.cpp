@@ -167,14 +167,5 @@ TEST(ExportPages, OnlyAPageBeyondAsciiIsMarkedAsUtf8) {
   EXPECT_EQ(markedAsUtf8("\xEF\xBB\xBF<html>Zoë"), "\xEF\xBB\xBF<html>Zoë");
 }
 
-TEST(ExportPages, TextThatABrowserTakesForMarkupIsSeen) {
-  for (const char* text :
-       {"a <b>bold</b> day", "</td>", "<!-- not -->", "Tom &amp; Ann", "&#8364; 5", "<?x"})
-    EXPECT_TRUE(looksLikeMarkup(text)) << text;
-  for (const char* text : {"", "Tom & Ann", "AT&T", "1 < 2", "a <3 b", "\"quoted\"", "<", "&",
-                           "two\nlines", "R & D; fun"})
-    EXPECT_FALSE(looksLikeMarkup(text)) << text;
-}
-
 } // namespace
 } // namespace hearthbook::test

@@ -59,6 +59,14 @@ TEST_F(PhotoExport, AReducedPhotoIsAsSharpAsAnExactAverage) {
   EXPECT_GE(nearness(shown, exact(photo())), 50.0);
 }
 
+// Larger than what is decoded whole: the decoder's own reduction comes first.
+TEST_F(PhotoExport, APhotoOfTwelveMegapixelsIsAsSharpAsAnExactAverage) {
+  writeBytes(photo(), jpegOf(grainy({4000, 3000}), 5));
+  const Picture shown = exported(photo());
+  ASSERT_EQ(shown.size(), (PixelSize{620, 465}));
+  EXPECT_GE(nearness(shown, exact(photo())), 50.0);
+}
+
 TEST_F(PhotoExport, RealPhotographsKeepTheirSharpness) {
   const fs::path nature = "/usr/share/backgrounds/mate/nature";
   for (const char* name : {"Garden.jpg", "Dune.jpg"}) {

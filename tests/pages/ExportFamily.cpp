@@ -1,6 +1,7 @@
 // Puts a family's photographs into an album and exports it as the program does:
 //     export_family FAMILY SAMPLES FOLDER
-// The album "Our Family" has music, "Quiet" has none.
+// The album "Our Family" has music, "Quiet" has none, "Empty" has nothing at all, and one has a
+// name that is hard to write in an address.
 #include "AlbumExport.h"
 #include "AlbumFolder.h"
 #include "Decode.h"
@@ -78,12 +79,12 @@ public:
       fields["Description"] = told[6];
     name(fields, told[0], split(told[4], ','));
     folder_.addRow("PhotoAlbum", fields);
-    writeFiles(told[0], !told[5].empty());
+    writeFiles(told[0], told[5]);
   }
 
   void exportAlbum(const char* name, std::size_t count, bool music, const fs::path& base) {
     folder_.addRow("SubAlbums", {{"albumName", name}});
-    const std::int64_t albumId = newestAlbum();
+    const std::int64_t albumId = newest("SubAlbums", "AlbumID");
     for (std::size_t i = 0; i < count; ++i)
       folder_.addRow(
           "SubAlbumPhotos",
@@ -120,7 +121,10 @@ private:
     const auto found = people_.find(name);
     if (found != people_.end())
       return found->second;
-    return people_[name] = folder_.addPerson(name);
+    // As in an album that has seen a thousand people.
+    folder_.addRow("Appearances", {{"AppearancesID", 996 + static_cast<int>(people_.size())},
+                                   {"AppearancesNames", name}});
+    return people_[name] = newest("Appearances", "AppearancesID");
   }
 
   /// The persons, and a marker for each in the middle of the face.
@@ -155,22 +159,23 @@ private:
     throw std::runtime_error("no face of " + name + " in " + file);
   }
 
-  void writeFiles(const std::string& file, bool sound) {
+  void writeFiles(const std::string& file, const std::string& soundExtension) {
     const std::string stem = photos_.back().substr(2);
     if (fs::exists(samples_ / file)) {
       fs::copy_file(samples_ / file, folder_.at("Photos/" + stem + ".jpg"));
       std::ofstream out(folder_.at("Thumbnails/" + stem + ".jpg"), std::ios::binary);
       hearthbook::writeJpeg(out, decodePictureWithin(samples_ / file, 73).picture, thumbnailFactor);
     }
-    if (sound)
-      writeBytes(folder_.at("Audio/" + stem + ".wav"), tone());
+    if (!soundExtension.empty())
+      writeBytes(folder_.at("Audio/" + stem + soundExtension),
+                 soundExtension == ".MID" ? "MThd" : tone());
   }
 
-  std::int64_t newestAlbum() {
-    Recordset albums(folder_.album().data.AlbumDB);
-    albums.Open("SELECT * FROM SubAlbums ORDER BY AlbumID");
-    albums.MoveLast();
-    return albums.Collect("AlbumID").toInteger();
+  std::int64_t newest(const std::string& table, const std::string& key) {
+    Recordset rows(folder_.album().data.AlbumDB);
+    rows.Open("SELECT * FROM " + table + " ORDER BY " + key);
+    rows.MoveLast();
+    return rows.Collect(key).toInteger();
   }
 
   AlbumFolder folder_;
@@ -195,6 +200,8 @@ void exportFamily(const fs::path& description, const fs::path& samples, const fs
   fs::create_directories(target);
   family.exportAlbum("Our Family", count, true, target);
   family.exportAlbum("Quiet", 1, false, target);
+  family.exportAlbum("Empty", 0, false, target);
+  family.exportAlbum("Été à Évian: #1 & 'mehr'", 4, true, target);
 }
 
 } // namespace

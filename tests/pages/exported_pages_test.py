@@ -7,9 +7,13 @@ import functools
 import http.server
 import pathlib
 import re
+import shutil
+import subprocess
 import sys
+import tempfile
 import threading
 import unittest
+import urllib.parse
 
 from browser import Browser
 from family import PHOTOS, TITLE, faces
@@ -121,6 +125,17 @@ class ExportedPages(unittest.TestCase):
                     for number, name in ((1, "Clara"), (1, "Henry"), (9, "Rosa")):
                         self.check_marker(page, root, number, name)
 
+    def test_a_marker_that_lost_its_last_digits_stands_as_near_as_they_tell(self):
+        longer = max(size_of(self.tree / "data" / "1.jpg"))
+        for cords, y in (("0341X1022", 1022), ("-0341X102", 1025), ("5-0341X10", 1050)):
+            with self.subTest(cords=cords), self.page() as page:
+                page.open(f"{self.tree.as_uri()}/html/leftctrl.htm?Page=1&cords={cords}")
+                page.wait_for(f"{HERE} && !document.getElementById('marker').hidden")
+                left, top = page.evaluate("[parseFloat(marker.style.left) / 100 * picture.naturalWidth,"
+                                          " parseFloat(marker.style.top) / 100 * picture.naturalHeight]")
+                self.assertAlmostEqual(left, 341 / 5760 * longer, places=2)
+                self.assertAlmostEqual(top, y / 5760 * longer, places=2)
+
     def check_marker(self, page, root, number, name):
         self.show(page, root, number)
         page.wait_for("document.readyState == 'complete'", "side")
@@ -228,6 +243,16 @@ class ExportedPages(unittest.TestCase):
                 self.wait_for_photo(page, 2)
                 page.wait_for(f"{button}.hidden", "rightCtrl")
 
+    def test_a_sound_is_found_whatever_its_file_is_called(self):
+        for way, root in self.ways.items():
+            with self.subTest(way), self.page() as page:
+                self.show(page, root, 6)
+                page.click("document.getElementById('sound')", "rightCtrl")
+                page.wait_for("document.getElementById('sound').getAttribute('aria-pressed') == 'true'", "rightCtrl")
+                self.show(page, root, 7)
+                page.wait_for("document.getElementById('tune').href.endsWith('/audio/7.MID')", "rightCtrl")
+                self.assertTrue(page.evaluate("sound.hidden && !tune.hidden", "rightCtrl"))
+
     @staticmethod
     def playing_unasked(page):
         """Sounds that play in frames inside the side page."""
@@ -255,6 +280,38 @@ class ExportedPages(unittest.TestCase):
             page.open(start.as_uri())
             self.assertTrue(page.evaluate("sound.hidden && tune.hidden"))
 
+    def test_music_that_came_from_a_disc_is_offered_though_the_page_does_not_name_it(self):
+        with tempfile.TemporaryDirectory(prefix="hearthbook-pages-") as folder, self.page() as page:
+            tree = pathlib.Path(shutil.copytree(ALBUMS / "Quiet", pathlib.Path(folder) / "Quiet"))
+            (tree / "html" / "photos.js").write_text('var albumPhotos = {"music": "Quiet.mid", "photos": {}};')
+            page.open((tree / "quiet.htm").as_uri())
+            self.assertTrue(page.evaluate("!tune.hidden && tune.href.endsWith('/audio/Quiet.mid')"))
+
+    def test_an_album_of_any_name_opens_and_leads_back(self):
+        start, = (page for page in ALBUMS.glob("*vian*/*.htm") if page.name != "frameset.htm")
+        with server(start.parent) as address:
+            for root in (start.parent.as_uri(), address):
+                with self.subTest(root), self.page() as page:
+                    page.open(f"{root}/{urllib.parse.quote(start.name)}")
+                    self.assertEqual(page.evaluate("document.querySelector('h1').textContent"), "Été à Évian: #1 & 'mehr'")
+                    page.click("document.getElementById('sound')")
+                    page.wait_for("document.getElementById('sound').getAttribute('aria-pressed') == 'true'")
+                    page.open(page.evaluate("document.querySelectorAll('#thumbs a')[2].href"))
+                    self.wait_for_photo(page, 3)
+                    page.wait_for("document.body.innerText.includes('Fête d’été in Évian')", "side")
+                    page.click("document.getElementById('album')", "rightCtrl")
+                    page.wait(lambda: urllib.parse.unquote(page.evaluate("location.pathname") or "").endswith("/" + start.name),
+                              "the album")
+
+    def test_an_empty_album_opens_and_leads_nowhere(self):
+        with self.page() as page:
+            page.open((ALBUMS / "Empty" / "empty.htm").as_uri())
+            self.assertEqual(page.evaluate("document.querySelector('h1').textContent"), "Empty")
+            self.assertEqual(page.evaluate("document.querySelectorAll('#thumbs td').length"), 8)
+            self.assertEqual(page.evaluate("document.querySelectorAll('#thumbs a').length"), 0)
+            self.assertTrue(page.evaluate("document.body.innerText.includes('no photographs')"))
+            page.screenshot(KEEP / "start-empty.png")
+
     def test_a_thumbnail_leads_to_its_photograph_and_from_there_back_to_the_album(self):
         for way, root in self.ways.items():
             with self.subTest(way), self.page() as page:
@@ -278,6 +335,16 @@ class ExportedPages(unittest.TestCase):
             printed = page.printed()
             (KEEP / "photograph.pdf").write_bytes(printed)
             self.assertEqual(len(re.findall(rb"/Type /Page\b", printed)), 1)
+
+    def test_a_long_description_is_printed_to_its_end(self):
+        for way, root in self.ways.items():
+            with self.subTest(way), self.page() as page:
+                self.show(page, root, 4)
+                printed = KEEP / "description.pdf"
+                printed.write_bytes(page.printed())
+                text = subprocess.run(["pdftotext", printed, "-"], check=True, capture_output=True, text=True).stdout
+                for told in ("2000", "Holidays in Beach", "Grüße vom Strand", "Zum Schluss ein Kuchen."):
+                    self.assertEqual(" ".join(text.split()).count(told), 1, told)
 
     def test_screens_are_kept_to_be_looked_at(self):
         with self.page() as page:

@@ -8,9 +8,8 @@ TITLE = "Our Family"
 
 class Photo:
     def __init__(self, line):
-        self.file, self.year, self.event, self.place, names, sound, self.description = line.split("|")
+        self.file, self.year, self.event, self.place, names, self.sound, self.description = line.split("|")
         self.names = names.split(",") if names else []
-        self.sound = bool(sound)
         self.missing = not (SAMPLES / self.file).with_suffix(".svg").exists()
 
 

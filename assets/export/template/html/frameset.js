@@ -7,6 +7,7 @@
   var photo = document.getElementById("photo");
   var side = document.getElementById("side");
   var paging = document.getElementById("paging");
+  var paper = document.getElementById("paper");
   var start = album.startPage(album.query("Album"));
   var count = Infinity; // until the paging tells
   var shown = 0;
@@ -22,6 +23,25 @@
     frame.contentWindow.location.replace(new URL(address, location.href).href);
   }
 
+  // The side page has no room for a long story on paper. The texts are shown as it shows them.
+  function write(line, text) {
+    if (!text)
+      return;
+    var paragraph = document.createElement("p");
+    paragraph.className = line;
+    paragraph.innerHTML = text;
+    paper.appendChild(paragraph);
+  }
+
+  function writeForPaper() {
+    var told = known(shown);
+    paper.innerHTML = "";
+    write("year", told.year);
+    write("event", told.event);
+    write("names", (told.names || []).join(", "));
+    write("description", told.description);
+  }
+
   function show(number) {
     if (number === shown)
       return;
@@ -30,7 +50,8 @@
     document.body.classList.remove("alone");
     open(photo, "html/leftctrl.htm?Page=" + number);
     open(side, "data/" + number + ".htm");
-    album.tell(paging.contentWindow, { number: number });
+    tellSound();
+    writeForPaper();
   }
 
   function goTo(number) {
@@ -47,19 +68,12 @@
       new Image().src = "data/" + (shown + 1) + ".jpg";
   }
 
-  // From a disk no page may be read, but how many frames it holds may be asked: the side page
-  // plays its sound in one.
-  function soundOf(number) {
-    try {
-      var sound = side.contentDocument.querySelector("bgsound");
-      return sound ? sound.getAttribute("src").replace("../", "") : "";
-    } catch (unreadable) {
-      return side.contentWindow.length > 0 ? "audio/" + number + ".wav" : "";
-    }
-  }
+  // Not from the side page: from a disk no page may be read.
+  function known(number) { return albumPhotos.photos[number] || {}; }
 
   function tellSound() {
-    album.tell(paging.contentWindow, { number: shown, sound: soundOf(shown) });
+    var sound = known(shown).sound;
+    album.tell(paging.contentWindow, { number: shown, sound: sound ? "audio/" + encodeURIComponent(sound) : "" });
   }
 
   // Keys pressed in the side page do not come here from a disk: after a click the focus returns.
@@ -72,7 +86,6 @@
   });
 
   function sideLoaded() {
-    tellSound();
     try {
       album.onStepKeys(step, side.contentWindow);
     } catch (unreadable) { // see above

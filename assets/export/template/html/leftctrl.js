@@ -10,8 +10,15 @@
   var picture = document.getElementById("picture");
   var marker = document.getElementById("marker");
   var missing = document.getElementById("missing");
-  var cords = /^(\d{4})X(\d{4})$/.exec(album.query("cords"));
+  var cords = placeIn(album.query("cords"));
   var number = 0;
+
+  // Nine characters, counted from behind an id of three digits: behind a longer one they begin too
+  // early and lack the last digits. The middle of what these may have been is near enough.
+  function placeIn(text) {
+    var found = /^(?:\d*-)?(\d{4})X(\d{2,4})$/.exec(text);
+    return found && { x: +found[1], y: +(found[2] + "50").substr(0, 4) };
+  }
 
   // The rest is the style sheet's, on the screen and on paper.
   function fit() {
@@ -25,8 +32,8 @@
     marker.hidden = !cords;
     if (!cords)
       return;
-    marker.style.left = 100 * cords[1] / markedSide * longer / picture.naturalWidth + "%";
-    marker.style.top = 100 * cords[2] / markedSide * longer / picture.naturalHeight + "%";
+    marker.style.left = 100 * cords.x / markedSide * longer / picture.naturalWidth + "%";
+    marker.style.top = 100 * cords.y / markedSide * longer / picture.naturalHeight + "%";
   }
 
   function loaded() {

@@ -23,16 +23,17 @@
       link.href = album.frameAddress("", numberOf(link), name);
   }
 
+  document.getElementById("empty").hidden = document.querySelector("#thumbs a") !== null;
   var links = document.querySelectorAll("#thumbs a");
   for (var i = 0; i < links.length; ++i) {
     nameThumbnail(links[i]);
     tellWayBack(links[i]);
   }
 
-  // Without music of its own the album leaves the place for its name as it was.
-  var hasSound = backgroundSound && backgroundSound.indexOf("^^") !== 0;
+  // The place for its name stays as it was where the music came from a disc.
+  var music = backgroundSound.indexOf("^^") === 0 ? albumPhotos.music : backgroundSound;
   album.offerSound(document.getElementById("sound"), document.getElementById("tune"),
-                   hasSound ? "audio/" + encodeURIComponent(backgroundSound) : "", true);
+                   music ? "audio/" + encodeURIComponent(music) : "", true);
   var print = document.getElementById("print");
   print.hidden = false;
   print.onclick = function () { window.print(); };

@@ -1,0 +1,2 @@
+// What the scripts know of the photographs: an export writes this file anew.
+var albumPhotos = {"music": "", "photos": {}};
