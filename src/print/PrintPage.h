@@ -35,6 +35,7 @@ struct AlbumPrintCell {
   double infoWidth = 0; ///< of the panel beside the photo
   TwipsSize gridSize;   ///< of the grid of names
   Picture grid;
+  bool hasMoreNames = false; ///< than the grid shows at once
   std::string caption;
 };
 

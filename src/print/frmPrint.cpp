@@ -8,6 +8,7 @@
 #include "PrintCopies.h"
 #include "PrintDevices.h"
 #include "PrintLayout.h"
+#include "PrintNote.h"
 #include "PrintPreview.h"
 #include "PrintRun.h"
 #include "SheetText.h"
@@ -123,6 +124,8 @@ void frmPrint::choicesChanged() {
 void frmPrint::updatePreview() {
   ui->preview->showSheet(sheet(),
                          ui->Option1->isChecked() ? ColorMode::Color : ColorMode::Monochrome);
+  ui->sheetNote->setText(
+      toQString(printNote(page_, readChoices(), devices_->ownPaper(), sheetType())));
 }
 
 void frmPrint::updateEnabled() {

@@ -43,6 +43,7 @@ struct ResultGrid::Place {
   ResultCell* image;
   SelectionFrame* frame;
   CellPicture picture;
+  std::string id;
 };
 
 ResultGrid::ResultGrid(QWidget* parent) : Stage(gridSize, parent) {
@@ -88,6 +89,7 @@ void ResultGrid::setSource(PictureLoader& loader, WorkPool& pool, std::filesyste
 
 void ResultGrid::showPhoto(int cell, const ResultPhoto& photo) {
   ResultCell& image = *at(cell).image;
+  at(cell).id = photo.id;
   image.setHasPhoto(true);
   image.setToolTip(toQString(photo.toolTip));
   image.setAccessibleName(spokenName(photo));
@@ -125,12 +127,13 @@ bool ResultGrid::isWaiting() const {
   return std::ranges::any_of(places_, [](const auto& place) { return place->picture.isWaiting(); });
 }
 
-ContactPrint ResultGrid::printPage() const {
+ContactPrint ResultGrid::printPage(const PhotoFile& photoOf) const {
   ContactPrint page;
   for (int cell = 0; cell < resultsPerPage; ++cell)
     if (const Place& shown = at(cell); shown.image->hasPicture())
-      page.cells.push_back(
-          {cell, {rect(shown.image), shown.picture.file(), shown.image->picture()}});
+      page.cells.push_back({cell,
+                            {rect(shown.image), photoOf(shown.id).value_or(shown.picture.file()),
+                             shown.image->picture()}});
   return page;
 }
 

@@ -8,7 +8,10 @@
 
 #include <array>
 #include <filesystem>
+#include <functional>
 #include <memory>
+#include <optional>
+#include <string>
 #include <vector>
 
 class QPainter;
@@ -36,7 +39,9 @@ public:
 
   [[nodiscard]] bool hasPhoto(int cell) const;
   [[nodiscard]] bool isWaiting() const; ///< for pixels
-  [[nodiscard]] ContactPrint printPage() const;
+  /// With the files that `photoOf` gives for the photos' ids; where it has none, the thumbnails.
+  using PhotoFile = std::function<std::optional<std::filesystem::path>(const std::string& id)>;
+  [[nodiscard]] ContactPrint printPage(const PhotoFile& photoOf) const;
 
 Q_SIGNALS:
   void toggleAsked(int cell);

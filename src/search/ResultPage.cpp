@@ -41,10 +41,16 @@ PictureSource pictureOf(const Recordset& photos, Album& album) {
   return picture ? *picture : PictureSource{notFoundPicture(album), false};
 }
 
+std::string idOf(const Recordset& photos) {
+  std::string id;
+  passOver([&] { id = photos.Collect("PictureID").toText(); });
+  return id;
+}
+
 ResultPhoto readPhoto(Album& album) {
   const Recordset& photos = *album.vars.rsSearch;
   const std::int64_t position = photos.AbsolutePosition();
-  return {position, pictureOf(photos, album), toolTipOf(photos, album.data),
+  return {position, idOf(photos), pictureOf(photos, album), toolTipOf(photos, album.data),
           album.vars.selection.contains(position)};
 }
 

@@ -12,6 +12,7 @@ namespace hearthbook {
 /// What one cell of a result page shows.
 struct ResultPhoto {
   std::int64_t position = 0; ///< in rsSearch, 1-based
+  std::string id;
   PictureSource picture;
   std::string toolTip; ///< "1994 - Lake - Wedding"
   bool isSelected = false;

@@ -254,7 +254,10 @@ void Search::decodeNeighbours() {
 
 bool Search::isWaitingForPictures() const { return ui->resultGrid->isWaiting(); }
 
-PrintPage Search::printPage() const { return ui->resultGrid->printPage(); }
+/// The thumbnails have too few pixels for paper.
+PrintPage Search::printPage() const {
+  return ui->resultGrid->printPage([this](const std::string& id) { return imagePath(album_, id); });
+}
 
 void Search::enableResultCommands(bool enabled) {
   for (QWidget* paging : {ui->Command3, ui->Command2, ui->Command12, ui->Command13, ui->Command5})

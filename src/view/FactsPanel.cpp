@@ -167,4 +167,6 @@ Picture FactsPanel::namesPicture() const {
   return paintedPicture(image);
 }
 
+bool FactsPanel::hasMoreNames() const { return names_->names() > names_->rowsInSight(); }
+
 } // namespace hearthbook

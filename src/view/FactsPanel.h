@@ -52,6 +52,7 @@ public:
   /// The grid of names: its size on the panel, and how it looks.
   [[nodiscard]] TwipsSize namesSize() const;
   [[nodiscard]] Picture namesPicture() const;
+  [[nodiscard]] bool hasMoreNames() const; ///< than are in sight
 
 Q_SIGNALS:
   void descriptionAsked();

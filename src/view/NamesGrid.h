@@ -21,7 +21,8 @@ public:
   void setArrow(const QPixmap& arrow);
   void showNames(const std::vector<NamesRow>& names); ///< none of them chosen
 
-  [[nodiscard]] int names() const { return rows() - 1; }     ///< rows, the empty ones included
+  [[nodiscard]] int names() const { return rows() - 1; } ///< rows, the empty ones included
+  [[nodiscard]] int rowsInSight() const { return rowsInSight_; }
   [[nodiscard]] QString nameText(int row) const;             ///< from 0
   [[nodiscard]] std::vector<std::string> shownNames() const; ///< without the empty rows
   /// The person in the current row; nothing in an empty row, or where no row is chosen.

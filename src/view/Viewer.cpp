@@ -271,6 +271,7 @@ AlbumPrintCell Viewer::printCell(int cell) const {
   print.infoWidth = stage_->rect(shown.facts).width;
   print.gridSize = shown.facts->namesSize();
   print.grid = shown.facts->namesPicture();
+  print.hasMoreNames = shown.facts->hasMoreNames();
   print.caption = shown.facts->heading();
   return print;
 }

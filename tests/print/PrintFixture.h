@@ -102,6 +102,9 @@ protected:
   }
 
   static QString note(const frmPrint& form) { return control<QLabel>(form, "note")->text(); }
+  static QString sheetNote(const frmPrint& form) {
+    return control<QLabel>(form, "sheetNote")->text();
+  }
   static QStringList devices(const frmPrint& form) {
     return textsOf(*control<QComboBox>(form, "Combo1")->view());
   }

@@ -289,6 +289,18 @@ TEST_F(PrintForm, ThePreviewIsTheSheetThatWillBePrinted) {
   EXPECT_EQ(preview->sheet().paper, (TwipsSize{5760, 8640}));
 }
 
+TEST_F(PrintForm, BesideThePreviewStandsWhatTheSheetCutsOff) {
+  const frmPrint& form = open("Editor", editorPage());
+  EXPECT_EQ(sheetNote(form), QString());
+  check(form, "Option9");
+  check(form, "Option7");
+  EXPECT_EQ(sheetNote(form),
+            QStringLiteral("The photo is larger than the paper: its right edge is cut off. Choose "
+                           "Landscape to print all of it."));
+  check(form, "Option6");
+  EXPECT_EQ(sheetNote(form), QString());
+}
+
 TEST_F(PrintForm, ThePreviewShowsThePhotoOnWhitePaper) {
   const frmPrint& form = open("Editor", editorPage());
   auto* preview = control<PrintPreview>(form, "preview");

@@ -17,6 +17,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <vector>
+
 namespace hearthbook {
 namespace {
 
@@ -121,6 +124,101 @@ TEST_F(PrintPagesTest, TheAlbumPagesGiveTheFilledPlaces) {
     const bool isKnown = cell.photo.file == folder_.at("Photos/00001.jpg");
     EXPECT_EQ(cell.caption, isKnown ? "1987, Wedding in Lake" : ", ");
   }
+}
+
+/// Where a photo of 400 by 300 or of 300 by 400 stands in a box.
+TwipsRect fittedAcross(double left, double top, double side) {
+  return {left, top + side / 8, side, side * 3 / 4};
+}
+TwipsRect fittedUpright(double left, double top, double side) {
+  return {left + side / 8, top, side * 3 / 4, side};
+}
+
+void expectNear(const TwipsRect& place, const TwipsRect& wanted) {
+  EXPECT_NEAR(place.left, wanted.left, 1);
+  EXPECT_NEAR(place.top, wanted.top, 1);
+  EXPECT_NEAR(place.width, wanted.width, 1);
+  EXPECT_NEAR(place.height, wanted.height, 1);
+}
+
+TEST_F(PrintPagesTest, TheAlbumPagesGiveEachPhotoWhereItStands) {
+  folder_.addPhoto("HD00004");
+  for (const int across : {1, 2})
+    test::writeJpeg(folder_.at("Photos/0000" + std::to_string(across) + ".jpg"), 400, 300);
+  for (const int upright : {3, 4})
+    test::writeJpeg(folder_.at("Photos/0000" + std::to_string(upright) + ".jpg"), 300, 400);
+  frame->commands().viewAlbum(0, QStringLiteral("Master Album"));
+  const auto page = pageOf<AlbumPrint>(Forms::get<Viewer>());
+  ASSERT_EQ(page.cells.size(), 4u);
+  for (const AlbumPrintCell& cell : page.cells) {
+    SCOPED_TRACE(cell.place);
+    const double left = cell.place % 2 == 0 ? 2400 : 8280;
+    const double top = cell.place < 2 ? 0 : 3480;
+    const std::string name = cell.photo.file.filename().string();
+    expectNear(cell.photo.place,
+               name < "00003" ? fittedAcross(left, top, 3375) : fittedUpright(left, top, 3375));
+    EXPECT_EQ(cell.infoWidth, 2175);
+    EXPECT_EQ(cell.gridSize, (TwipsSize{2175, 1740}));
+    EXPECT_FALSE(cell.hasMoreNames);
+  }
+}
+
+TEST_F(PrintPagesTest, TheAlbumPagesTellOfNamesThatAreNotInSight) {
+  std::string names;
+  for (int person = 1; person <= 7; ++person) {
+    folder_.addPerson("Person " + std::to_string(person));
+    names += "00" + std::to_string(person) + ",";
+  }
+  const auto openPages = [&] {
+    execute("UPDATE PhotoAlbum SET NamesInPhoto = '" + names + "' WHERE PictureID = 'HD00001'");
+    frame->commands().viewAlbum(0, QStringLiteral("Master Album"));
+    const auto page = pageOf<AlbumPrint>(Forms::get<Viewer>());
+    return std::ranges::count(page.cells, true, &AlbumPrintCell::hasMoreNames);
+  };
+  EXPECT_EQ(openPages(), 1);
+  names.resize(6 * 4);
+  EXPECT_EQ(openPages(), 0);
+}
+
+TEST_F(PrintPagesTest, ASearchGivesItsThumbnailsInAllThreeRows) {
+  for (int number = 4; number <= 25; ++number)
+    folder_.addPhoto((number < 10 ? "HD0000" : "HD000") + std::to_string(number));
+  frame->menu().item("mnuSearch")->trigger();
+  auto& search = Forms::get<Search>();
+  press(search, "Command1");
+  const auto page = pageOf<ContactPrint>(search);
+  ASSERT_EQ(page.cells.size(), 24u);
+  for (int place = 0; place < 24; ++place) {
+    SCOPED_TRACE(place);
+    const auto& cell = page.cells.at(static_cast<std::size_t>(place));
+    EXPECT_EQ(cell.place, place);
+    const TwipsRect& shown = cell.thumbnail.place;
+    EXPECT_NEAR(shown.left, 240 + 1320 * (place % 8), 3);
+    EXPECT_NEAR(shown.width, 1090, 1);
+    EXPECT_NEAR(shown.top + shown.height / 2, 120 + 1320 * (place / 8) + 1090 / 2.0, 4);
+    EXPECT_NEAR(shown.height, 1090 * 3 / 4.0, 10); // of 73 by 55 pixels
+  }
+}
+
+TEST_F(PrintPagesTest, ASearchGivesThePhotosThemselvesForPaper) {
+  std::filesystem::remove(folder_.at("Photos/00003.jpg"));
+  std::filesystem::create_directories(folder_.at("Disc/Photos"));
+  test::writeJpeg(folder_.at("Disc/Photos/00007.jpg"));
+  folder_.drives().insertDisc("sr0", folder_.at("Disc"));
+  folder_.addPhoto("CD00007");
+  frame->menu().item("mnuSearch")->trigger();
+  auto& search = Forms::get<Search>();
+  press(search, "Command1");
+  const auto page = pageOf<ContactPrint>(search);
+  ASSERT_EQ(page.cells.size(), 4u);
+  std::vector<std::filesystem::path> files;
+  for (const auto& cell : page.cells) {
+    files.push_back(cell.thumbnail.file);
+    EXPECT_FALSE(cell.thumbnail.shown.isNull());
+  }
+  std::ranges::sort(files);
+  EXPECT_EQ(files, (std::vector{folder_.at("Disc/Photos/00007.jpg"), folder_.at("Photos/00001.jpg"),
+                                folder_.at("Photos/00002.jpg"), folder_.at("Photos/00003.jpg")}));
 }
 
 TEST_F(PrintPagesTest, ASearchGivesItsThumbnailsWhereTheyStand) {

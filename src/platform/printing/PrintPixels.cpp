@@ -29,10 +29,21 @@ std::uint32_t greyOf(std::uint32_t pixel) {
   return 0xff000000 | grey << 16 | grey << 8 | grey;
 }
 
+/// A file of another shape than its place is another picture than the screen shows, and would be
+/// distorted.
+bool hasShapeOf(PixelSize full, TwipsRect place) {
+  constexpr double most = 0.1; // what a thumbnail's whole pixels make of it
+  constexpr double hair = 30;  // twips, of a sliver
+  const double height = place.width * full.height / std::max(full.width, 1);
+  return std::abs(height - place.height) <= std::max(hair, most * place.height);
+}
+
 Picture decodedForPrint(const SheetPicture& picture, int dotsPerInch) {
   Picture decoded;
   passOver([&] {
     const PixelSize full = readPictureInfo(picture.file).size;
+    if (!picture.atHand.isNull() && !hasShapeOf(full, picture.place))
+      return;
     decoded =
         decodePictureAt(picture.file, printedPixels(picture.place, full, dotsPerInch)).picture;
   });

@@ -13,7 +13,7 @@ namespace hearthbook {
 /// A picture on a sheet, stretched over its place.
 struct SheetPicture {
   TwipsRect place;
-  std::filesystem::path file; ///< its pixels are printed; where it is empty, those at hand
+  std::filesystem::path file; ///< its pixels are printed; where it has none, those at hand
   Picture atHand;             ///< as the screen shows it
 };
 

@@ -69,6 +69,13 @@ TEST_F(PrintPixelsTest, ComeFromTheFileAndNotFromTheScreen) {
   EXPECT_LE(test::distance(*pixels.row(50), test::red), 3);
 }
 
+TEST_F(PrintPixelsTest, OfAFileOfAnotherShapeAreThoseOfTheScreen) {
+  EXPECT_EQ(*pixelsForPrint(photo({400, 300}, {0, 0, 1080, 1440}), draft()).row(0), test::blue);
+  // A thumbnail of 73 by 41 is no other shape than its photo of 1600 by 900.
+  const SheetPicture thumbnail = photo({1600, 900}, {0, 0, 73 * 21, 41 * 21});
+  EXPECT_LE(test::distance(*pixelsForPrint(thumbnail, draft()).row(0), test::red), 3);
+}
+
 TEST_F(PrintPixelsTest, OfABrokenFileAreThoseOfTheScreen) {
   const SheetPicture broken = photo({400, 300}, {0, 0, 1440, 1080});
   test::writeBytes(broken.file, "not a picture");
