@@ -1,5 +1,6 @@
 #include "PickaPicFixture.h"
 
+#include "Command.h"
 #include "FileBytes.h"
 
 #include <QComboBox>
@@ -83,6 +84,33 @@ TEST_F(PickaPicTest, ATypedFolderIsOpened) {
   QTest::keyClick(edit, Qt::Key_Return);
   wait(picker);
   EXPECT_EQ(listed(picker), QStringList{toQString("lake.jpg")});
+}
+
+TEST_F(PickaPicTest, ATypedFolderIsOpenedWithoutReturnOnceTheUserIsDoneWithTheLine) {
+  add("lake.jpg");
+  auto& picker = openPicker();
+  auto* edit = control<QLineEdit>(picker, "folderEdit");
+  edit->setFocus();
+  edit->setText(toQString(source_));
+  control(picker, "File1")->setFocus();
+  wait(picker);
+  EXPECT_EQ(vars().LastFolder, source_);
+  EXPECT_EQ(listed(picker), QStringList{toQString("lake.jpg")});
+}
+
+TEST_F(PickaPicTest, ACommandWaitsWhileATypedFolderIsNotThere) {
+  auto& picker = openPicker();
+  auto* edit = control<QLineEdit>(picker, "folderEdit");
+  edit->setFocus();
+  edit->setText(toQString("/nowhere"));
+  boxes_.expectMessage(toQString("There is no folder /nowhere"), toQString("Add From File"),
+                       MsgIcon::Exclamation);
+  bool ran = false;
+  EXPECT_FALSE(runCommand([&] { ran = true; }));
+  EXPECT_FALSE(ran);
+  EXPECT_EQ(edit->text(), toQString(at("Photos")));
+  EXPECT_TRUE(runCommand([&] { ran = true; }));
+  EXPECT_TRUE(ran);
 }
 
 TEST_F(PickaPicTest, ATypedFolderThatIsNotThereIsRefused) {

@@ -61,7 +61,8 @@ void FolderBrowser::wireParts() {
             if (!placing_)
               runCommand([=, this] { openFolder(toPath(tree_->filePath(folder))); });
           });
-  connect(parts_.path, &QLineEdit::returnPressed, this, asCommand([this] { chooseTypedFolder(); }));
+  setLostFocusRule(parts_.path, [this] { return goWhereTyped(); });
+  connect(parts_.path, &QLineEdit::returnPressed, this, asCommand([this] { goWhereTyped(); }));
 }
 
 void FolderBrowser::keepFolderInSight() {
@@ -110,13 +111,18 @@ Drive FolderBrowser::driveNow(char letter) const {
   return found == drives_.end() ? Drive{.letter = letter, .root = {}, .name = {}} : *found;
 }
 
-void FolderBrowser::chooseTypedFolder() {
+bool FolderBrowser::goWhereTyped() {
   const auto folder = toPath(parts_.path->text());
+  if (folder == folder_)
+    return true;
   std::error_code unknown;
-  if (std::filesystem::is_directory(folder, unknown))
-    return showFolder(folder);
+  if (std::filesystem::is_directory(folder, unknown)) {
+    showFolder(folder);
+    return true;
+  }
   MsgBox(QStringLiteral("There is no folder ") + toQString(folder), title_, MsgIcon::Exclamation);
   parts_.path->setText(toQString(folder_));
+  return false;
 }
 
 void FolderBrowser::showFolder(const std::filesystem::path& folder) {

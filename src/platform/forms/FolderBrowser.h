@@ -67,7 +67,8 @@ private:
   void showDrives();
   void chooseDrive(int index);
   [[nodiscard]] Drive driveNow(char letter) const;
-  void chooseTypedFolder();
+  /// What was typed is meant with Return or without. False where there is no such folder.
+  bool goWhereTyped();
   void openFolder(const std::filesystem::path& folder);
   void showContent(const std::filesystem::path& folder, const FolderContent& content);
 
