@@ -442,8 +442,8 @@ bool Viewer::standZoomOn(const std::string& id) {
 }
 
 void Viewer::zoom() {
-  standZoomOn(cells_->at(cells_->selected().value_or(0)).tag);
-  showZoom();
+  if (standZoomOn(cells_->at(cells_->selected().value_or(0)).tag))
+    showZoom();
 }
 
 /// An empty cell opens the photo that stood there on the page before.

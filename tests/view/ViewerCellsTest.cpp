@@ -171,7 +171,6 @@ TEST_F(ViewerCells, AMarkerOfRubbishPointsNowhereAndFailsNothing) {
   clickName(viewer, 0, 0);
   EXPECT_EQ(names(viewer, 0).chosenPerson(), 1);
   EXPECT_TRUE(control<QLabel>(viewer, "Picture1")->isHidden()); // no place can be read
-  EXPECT_TRUE(control<QLabel>(viewer, "Picture1")->isHidden());
 }
 
 TEST_F(ViewerCells, AnotherPageTakesTheArrowAway) {

@@ -204,6 +204,14 @@ TEST_F(ViewerCommands, TheZoomOpensOnTheSelectedPhoto) {
   EXPECT_EQ(zoomedId(), "HD00003");
 }
 
+TEST_F(ViewerCommands, APhotoThatHasGoneIsNotZoomed) {
+  const auto& viewer = openAlbumOf(6);
+  pages().Find("PictureID = 'HD00001'", Recordset::Start::First);
+  pages().Delete();
+  press(viewer, "Command6");
+  EXPECT_TRUE(windows_.calls.isEmpty());
+}
+
 TEST_F(ViewerCommands, ADoubleClickZoomsIntoItsPhoto) {
   const auto& viewer = openAlbumOf(6);
   doubleClickPhoto(viewer, 3);
