@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <atomic>
+#include <future>
 #include <stdexcept>
 #include <vector>
 
@@ -38,27 +39,41 @@ TEST(WorkPool, UrgentWorkGoesBeforeAllThatWaits) {
   EXPECT_EQ(order, (std::vector<int>{2, 1}));
 }
 
+/// Tells when the thread ends in which it lives.
+struct EndOfThread {
+  std::promise<void>* told = nullptr;
+  EndOfThread() = default;
+  EndOfThread(const EndOfThread&) = delete;
+  EndOfThread& operator=(const EndOfThread&) = delete;
+  ~EndOfThread() {
+    if (told)
+      told->set_value();
+  }
+};
+
 TEST(WorkPool, AtItsEndDropsWhatHasNotBegunAndWaitsForWhatHas) {
   std::atomic<bool> finished = false;
   std::atomic<bool> dropped = true;
   std::promise<void> begun;
-  std::promise<void> open;
-  std::shared_future<void> gate = open.get_future();
-  std::thread opener;
+  std::promise<void> ending; // an idle thread ends at once when the pool does
   {
-    WorkPool pool(1);
-    pool.post([&, gate] {
+    WorkPool pool(2);
+    pool.post([&] {
       begun.set_value();
-      gate.wait();
+      ending.get_future().wait();
+      pool.post([&] { dropped = false; });
       finished = true;
     });
-    pool.post([&] { dropped = false; });
     begun.get_future().wait();
-    opener = std::thread([&] { open.set_value(); });
-    // The pool ends here, while its thread is at work.
+    pool.run([&] {
+          thread_local EndOfThread end;
+          end.told = &ending;
+        })
+        .wait();
+    // The pool ends here, while one of its threads is at work.
   }
-  opener.join();
   EXPECT_TRUE(finished);
+  EXPECT_TRUE(dropped);
 }
 
 } // namespace
