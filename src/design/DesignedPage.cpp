@@ -2,16 +2,21 @@
 
 #include "Encode.h"
 #include "ExportPages.h"
+#include "FileError.h"
 #include "PageDesign.h"
 #include "Resample.h"
 #include "RunTimeError.h"
 #include "SafeFile.h"
 #include "Words.h"
 
+#include <algorithm>
 #include <fstream>
 #include <iterator>
 #include <ostream>
 #include <set>
+#include <system_error>
+#include <utility>
+#include <vector>
 
 namespace hearthbook {
 
@@ -29,15 +34,82 @@ constexpr const char* musicName = "music";
 
 fs::path pageFolder(const ApplicationFolder& folder) { return folder.path("\\export\\testing1"); }
 
-std::vector<fs::path> filesOf(const fs::path& design) {
-  std::vector<fs::path> files;
-  std::error_code error;
-  for (fs::recursive_directory_iterator entry(design, error), end; !error && entry != end;
-       entry.increment(error))
-    if (entry->is_regular_file())
-      files.push_back(entry->path().lexically_relative(design));
-  return files;
+/// No sub-album is exported under a name with a dot.
+fs::path workFolder(const ApplicationFolder& folder) {
+  return folder.path("\\export\\testing1.new");
 }
+
+/// The files in a folder and in those within it, by their paths from there. Where it cannot be
+/// read it ends early, with what it could not read and why.
+struct Listing {
+  std::vector<fs::path> files;
+  fs::path unreadable;
+  std::error_code error;
+};
+
+Listing listingOf(const fs::path& folder) {
+  Listing listing{{}, folder, {}};
+  fs::recursive_directory_iterator entry(folder, listing.error);
+  for (const fs::recursive_directory_iterator end; !listing.error && entry != end;
+       entry.increment(listing.error)) {
+    listing.unreadable = entry->path();
+    if (std::error_code broken; !fs::is_directory(entry->symlink_status(broken)))
+      listing.files.push_back(entry->path().lexically_relative(folder));
+  }
+  return listing;
+}
+
+/// Everything that belongs to a design: a page with a part of it would be none.
+std::vector<fs::path> filesOfDesign(const fs::path& design) {
+  std::error_code notThere;
+  const bool isThere = fs::exists(design, notThere);
+  Listing listing = isThere ? listingOf(design) : Listing{};
+  if (listing.error)
+    throwFileError("read", listing.unreadable, listing.error.value());
+  if (listing.files.empty())
+    throw RunTimeError("The files of the design are not there: " + design.string());
+  return listing.files;
+}
+
+/// Where a page is put together, so that the one before stays as it is until this one is whole.
+class Workplace {
+public:
+  explicit Workplace(fs::path folder) : folder_(std::move(folder)) {
+    clear(); // a run may have been cut short
+    std::error_code error;
+    fs::create_directories(folder_, error);
+    if (error)
+      throwFileError("write", folder_, error.value());
+  }
+  ~Workplace() { clear(); }
+  Workplace(const Workplace&) = delete;
+  Workplace& operator=(const Workplace&) = delete;
+
+  [[nodiscard]] const fs::path& folder() const { return folder_; }
+
+  /// The page itself goes last.
+  void moveTo(const fs::path& target, const std::vector<fs::path>& files) const {
+    for (const fs::path& file : files)
+      move(file, target);
+    flushToDisk(target);
+  }
+
+private:
+  void move(const fs::path& file, const fs::path& target) const {
+    std::error_code error;
+    fs::create_directories((target / file).parent_path(), error);
+    if (!error)
+      fs::rename(folder_ / file, target / file, error);
+    if (error)
+      throwFileError("write", target / file, error.value());
+  }
+  void clear() const {
+    std::error_code notThere;
+    fs::remove_all(folder_, notThere);
+  }
+
+  fs::path folder_;
+};
 
 /// Under which names the family's own files go along.
 bool isTakenAlong(const fs::path& file) {
@@ -49,24 +121,11 @@ void removeEarlierPage(const ApplicationFolder& folder, const fs::path& target,
                        const std::set<fs::path>& present) {
   std::set<fs::path> ours;
   for (const PageDesign& design : pageDesigns())
-    for (const fs::path& file : filesOf(designFolder(folder, design.name)))
-      ours.insert(file);
-  for (const fs::path& file : filesOf(target))
+    std::ranges::copy(listingOf(designFolder(folder, design.name)).files,
+                      std::inserter(ours, ours.end()));
+  for (const fs::path& file : listingOf(target).files)
     if (!present.contains(file) && (ours.contains(file) || isTakenAlong(file)))
       deleteFile(target / file);
-}
-
-/// All but the page itself, which says something only when its boxes are filled.
-std::set<fs::path> copyDesign(const fs::path& design, const fs::path& target) {
-  const auto files = filesOf(design);
-  if (files.empty())
-    throw RunTimeError("The files of the design are not there: " + design.string());
-  for (const fs::path& file : files) {
-    fs::create_directories((target / file).parent_path());
-    if (file != pageName)
-      copyFileSafely(design / file, target / file);
-  }
-  return {files.begin(), files.end()};
 }
 
 std::string readWhole(const fs::path& file) {
@@ -81,20 +140,53 @@ std::string replaced(const std::string& text, std::string_view tag, std::string_
   return withToken(text, "^^" + std::string(tag) + "^^", value);
 }
 
-/// Copies a file of the family's beside the page, if it is not that of the page before; tells its
-/// new name.
-std::string takeAlong(const fs::path& file, const char* name, const fs::path& target) {
+/// Copies a file of the family's beside the page; tells its new name, none for no file.
+std::string takeAlong(const fs::path& file, const char* name, const fs::path& work) {
+  if (file.empty())
+    return {};
   std::string taken = name + asciiLower(file.extension().string());
-  std::error_code notThere;
-  if (!fs::equivalent(file, target / taken, notThere))
-    copyFileSafely(file, target / taken);
+  copyFileSafely(file, work / taken);
   return taken;
 }
 
-void savePhoto(const DesignedPage::Photo& photo, const fs::path& target) {
+void savePhoto(const DesignedPage::Photo& photo, const fs::path& work) {
   const Picture sized = resample(photo.picture, photo.size);
-  replaceFile(target / (photo.tag + ".jpg"),
+  replaceFile(work / (photo.tag + ".jpg"),
               [&](std::ostream& out) { writeJpeg(out, sized, photoFactor); });
+}
+
+/// All files of the design but the page itself, which says something only when its boxes are
+/// filled.
+std::vector<fs::path> copyDesign(const fs::path& design, const fs::path& work) {
+  std::vector<fs::path> files = filesOfDesign(design);
+  std::erase(files, pageName);
+  for (const fs::path& file : files) {
+    fs::create_directories((work / file).parent_path());
+    copyFileSafely(design / file, work / file);
+  }
+  return files;
+}
+
+/// Puts the page together and tells its files, the page itself last.
+std::vector<fs::path> makePage(const fs::path& design, const DesignedPage& page,
+                               const fs::path& work) {
+  std::vector<fs::path> files = copyDesign(design, work);
+  std::string text = readWhole(design / pageName);
+  for (const DesignedPage::Text& box : page.texts)
+    text = replaced(text, box.tag, box.text);
+  for (const DesignedPage::Photo& photo : page.photos)
+    savePhoto(photo, work);
+  const auto goesAlong = [&](std::string_view tag, const fs::path& own, const char* name) {
+    const std::string taken = takeAlong(own, name, work);
+    text = replaced(text, tag, taken);
+    if (!taken.empty())
+      files.emplace_back(taken);
+  };
+  goesAlong(backgroundTag, page.background, backgroundName);
+  goesAlong(musicTag, page.music.value_or(fs::path()), musicName);
+  replaceFile(work / pageName, [&](std::ostream& out) { out << text; });
+  files.emplace_back(pageName);
+  return files;
 }
 
 } // namespace
@@ -109,24 +201,11 @@ fs::path paperPicture(const ApplicationFolder& folder) {
 
 fs::path writeDesignedPage(const ApplicationFolder& folder, const DesignedPage& page) {
   const fs::path target = pageFolder(folder);
-  std::set<fs::path> written = copyDesign(designFolder(folder, page.design), target);
-  std::string text = readWhole(designFolder(folder, page.design) / pageName);
-  for (const DesignedPage::Text& box : page.texts)
-    text = replaced(text, box.tag, box.text);
-  for (const DesignedPage::Photo& photo : page.photos)
-    savePhoto(photo, target);
-  const auto goesAlong = [&](std::string_view tag, const fs::path& own, const char* name) {
-    const std::string taken = own.empty() ? std::string() : takeAlong(own, name, target);
-    text = replaced(text, tag, taken);
-    written.insert(taken);
-  };
-  goesAlong(backgroundTag, fileExists(page.background) ? page.background : fs::path(),
-            backgroundName);
-  goesAlong(musicTag, page.music.value_or(fs::path()), musicName);
-  fs::path file = target / pageName;
-  replaceFile(file, [&](std::ostream& out) { out << text; });
-  removeEarlierPage(folder, target, written);
-  return file;
+  const Workplace work(workFolder(folder));
+  const auto files = makePage(designFolder(folder, page.design), page, work.folder());
+  work.moveTo(target, files);
+  removeEarlierPage(folder, target, {files.begin(), files.end()});
+  return target / pageName;
 }
 
 } // namespace hearthbook

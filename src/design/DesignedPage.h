@@ -26,7 +26,7 @@ struct DesignedPage {
   std::string design;                         ///< its name
   std::vector<Text> texts;                    ///< of all its boxes, empty ones too
   std::vector<Photo> photos;                  ///< of those boxes that were given one
-  std::filesystem::path background;           ///< tiles the page
+  std::filesystem::path background;           ///< tiles the page; none where it is empty
   std::optional<std::filesystem::path> music; ///< welcomes the visitor
 };
 
@@ -39,7 +39,8 @@ std::filesystem::path paperPicture(const ApplicationFolder& folder);
 /// Makes the page in the folder "\export\testing1" and tells its file: the design's folder is
 /// copied, the tokens of the page's text become what was written, photos are saved by their tags. A
 /// box without a photo keeps the design's own picture. What an earlier page of another design has
-/// left there goes; files of nobody's design stay. Throws RunTimeError.
+/// left there goes; files of nobody's design stay. Throws RunTimeError, and then the page before is
+/// whole.
 std::filesystem::path writeDesignedPage(const ApplicationFolder& folder, const DesignedPage& page);
 
 } // namespace hearthbook

@@ -216,7 +216,8 @@ void ExportDesigner::returnToTemplates() {
 
 std::filesystem::path ExportDesigner::CreatePage() {
   DesignedPage page = surface_->content();
-  page.background = background_;
+  if (fileExists(background_) || background_ != paperPicture(album_.folder))
+    page.background = background_; // one that the family has chosen is not left out in silence
   page.music = music_;
   auto file = writeDesignedPage(album_.folder, page);
   made_ = true;

@@ -2,11 +2,16 @@
 
 #include "AlbumFixture.h"
 #include "Decode.h"
+#include "Encode.h"
 #include "FileBytes.h"
 #include "RunTimeError.h"
 #include "TestPictures.h"
 
 #include <gmock/gmock.h>
+
+#include <unistd.h>
+
+#include <map>
 
 namespace hearthbook {
 
@@ -25,8 +30,27 @@ protected:
   }
 
   void writeTemplate(const char* name, const std::string& bytes) {
-    std::filesystem::create_directories(wedding);
+    std::filesystem::create_directories((wedding / name).parent_path());
     writeBytes(wedding / name, bytes);
+  }
+
+  /// Every file of the page with what is in it.
+  [[nodiscard]] std::map<std::string, std::string> made() const {
+    std::map<std::string, std::string> files;
+    for (const auto& entry : std::filesystem::recursive_directory_iterator(target))
+      if (entry.is_regular_file())
+        files[entry.path().string()] = readBytes(entry.path());
+    return files;
+  }
+
+  void expectFailure(const char* file, const char* cause) {
+    try {
+      writeDesignedPage(album().folder, page);
+      ADD_FAILURE() << "made without " << file;
+    } catch (const RunTimeError& error) {
+      EXPECT_THAT(error.what(),
+                  testing::AllOf(testing::HasSubstr(file), testing::HasSubstr(cause)));
+    }
   }
 
   std::string write() { return readBytes(writeDesignedPage(album().folder, page)); }
@@ -96,12 +120,69 @@ TEST_F(DesignedPageTest, AnotherPageTakesThePlaceOfTheOneBefore) {
   EXPECT_EQ(readBytes(target / "letter.txt"), "of the family's own");
 }
 
-TEST_F(DesignedPageTest, ThePageBeforeStaysWhereTheNextOneFails) {
-  const std::string before = write();
+TEST_F(DesignedPageTest, ThePageBeforeStaysWholeWhereTheNextOneFails) {
+  page.photos = {{"Bride", test::corners({40, 60}), {12, 18}}};
+  write();
+  const auto before = made();
   page.texts.clear();
+  page.photos = {{"Bride", test::plain({40, 60}, test::red), {12, 18}}};
   page.music = at("Audio/gone.wav");
-  EXPECT_THROW(writeDesignedPage(album().folder, page), std::exception);
-  EXPECT_EQ(readBytes(target / "index.htm"), before);
+  EXPECT_THROW(writeDesignedPage(album().folder, page), RunTimeError);
+  EXPECT_EQ(made(), before);
+}
+
+TEST_F(DesignedPageTest, ADesignThatCannotBeReadWholeMakesNoPageAndTellsTheFileAndTheCause) {
+  std::filesystem::create_symlink("turn.gif", wedding / "turn.gif");
+  expectFailure("turn.gif", "Too many levels of symbolic links");
+  EXPECT_FALSE(std::filesystem::exists(target));
+  std::filesystem::remove(wedding / "turn.gif");
+  std::filesystem::create_symlink(wedding, wedding / "pictures");
+  expectFailure("pictures", "it is a folder");
+  EXPECT_FALSE(std::filesystem::exists(target));
+}
+
+TEST_F(DesignedPageTest, ADesignThatIsNoFolderIsToldWithTheCause) {
+  std::filesystem::remove_all(wedding);
+  writeBytes(wedding, "a file where the folder should be");
+  expectFailure("Wedding", "not a folder");
+}
+
+TEST_F(DesignedPageTest, AFolderOfTheDesignThatMayNotBeReadIsToldAndMakesNoPage) {
+  if (geteuid() == 0)
+    GTEST_SKIP() << "everything can be read here";
+  writeTemplate("pictures/rose.gif", "a rose");
+  std::filesystem::permissions(wedding / "pictures", std::filesystem::perms::none);
+  expectFailure("pictures", "access is not allowed");
+  std::filesystem::permissions(wedding / "pictures", std::filesystem::perms::owner_all);
+  EXPECT_FALSE(std::filesystem::exists(target));
+}
+
+TEST_F(DesignedPageTest, NothingIsLeftOfTheWorkOnIt) {
+  write();
+  page.music = at("Audio/gone.wav");
+  EXPECT_THROW(writeDesignedPage(album().folder, page), RunTimeError);
+  for (const auto& entry : std::filesystem::directory_iterator(target.parent_path()))
+    EXPECT_THAT(entry.path().filename(), testing::AnyOf("templates", "testing1"));
+}
+
+TEST_F(DesignedPageTest, WhatARunThatWasCutShortLeftIsNotTakenForAPartOfThePage) {
+  writeBytes(at("export/testing1.new/Groom.jpg"), "half a photo");
+  write();
+  EXPECT_FALSE(fileExists(target / "Groom.jpg"));
+  EXPECT_FALSE(std::filesystem::exists(at("export/testing1.new")));
+}
+
+TEST_F(DesignedPageTest, FoldersOfTheDesignGoAlong) {
+  writeTemplate("pictures/rose.gif", "a rose");
+  write();
+  EXPECT_EQ(readBytes(target / "pictures/rose.gif"), "a rose");
+}
+
+TEST_F(DesignedPageTest, APhotoIsSavedAtTheBestQuality) {
+  const Picture photo = test::grainy({120, 180});
+  page.photos = {{"Bride", photo, {120, 180}}};
+  write();
+  EXPECT_EQ(readBytes(target / "Bride.jpg"), jpegBytes(photo, 0));
 }
 
 TEST_F(DesignedPageTest, TheMusicAndTheBackgroundOfThePageBeforeMayBeTakenAgain) {

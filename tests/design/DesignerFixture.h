@@ -14,12 +14,15 @@
 #include "WaitFor.h"
 
 #include <QComboBox>
+#include <QCoreApplication>
 #include <QFrame>
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
 
 #include <filesystem>
+#include <latch>
+#include <memory>
 #include <optional>
 #include <vector>
 
@@ -102,6 +105,15 @@ protected:
     for (int number = 2; number <= last; ++number)
       folder_.addPhoto(QStringLiteral("HD%1").arg(number, 5, 10, QLatin1Char('0')).toStdString(),
                        {{"NamesInPhoto", toUtf8(key)}, {"Year", 1950 + number}});
+  }
+
+  /// Until all that is on its way has arrived.
+  void settlePool() {
+    const auto all = std::make_shared<std::latch>(pool_.threads() + 1);
+    for (int thread = 0; thread < pool_.threads(); ++thread)
+      pool_.post([all] { all->arrive_and_wait(); });
+    all->arrive_and_wait();
+    QCoreApplication::processEvents();
   }
 
   /// Up to the marking: a click on the box, a person in the list, a click on the first photo.

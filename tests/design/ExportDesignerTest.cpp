@@ -176,6 +176,35 @@ TEST_F(ExportDesignerTest, CancelReturnsToTheDesignsAtAnyTime) {
   EXPECT_TRUE(photoBox(designer, "Bride").picture().isNull());
 }
 
+TEST_F(ExportDesignerTest, APhotoThatArrivesAfterCancelIsNotShown) {
+  addPhotosOf("Clara", 2);
+  writeBytes(at("Photos/00002.jpg"), jpegOf(plain({300, 300}, red)));
+  const auto& designer = open();
+  QTest::mouseClick(&photoBox(designer, "Bride"), Qt::LeftButton);
+  chooseIn(designer, "Combo1", "Clara");
+  EXPECT_TRUE(waitFor([&] { return !thumbnail(designer, 0).picture().isNull(); }));
+  QTest::mouseClick(&thumbnail(designer, 0), Qt::LeftButton);
+  EXPECT_TRUE(designer.isWaitingForPhoto());
+  press(designer, "Command3");
+  EXPECT_FALSE(designer.isWaitingForPhoto());
+  settlePool();
+  EXPECT_EQ(title(designer, "frameLeft"), "Select Template");
+  EXPECT_TRUE(isSeen(designer, "frmTemplate"));
+  EXPECT_TRUE(region(designer).photo().isNull());
+  EXPECT_FALSE(isEnabled(designer, "Command4"));
+}
+
+TEST_F(ExportDesignerTest, ADesignerThatIsClosedWhileAPhotoArrivesMissesNothing) {
+  addPhotosOf("Clara", 2);
+  auto& designer = open();
+  QTest::mouseClick(&photoBox(designer, "Bride"), Qt::LeftButton);
+  chooseIn(designer, "Combo1", "Clara");
+  QTest::mouseClick(&thumbnail(designer, 0), Qt::LeftButton);
+  EXPECT_TRUE(designer.Unload());
+  settlePool();
+  EXPECT_EQ(Forms::loaded<ExportDesigner>(), nullptr);
+}
+
 TEST_F(ExportDesignerTest, EscapeCancelsTheSearchAndNotTheDesign) {
   const auto& designer = open();
   QTest::mouseClick(&photoBox(designer, "Bride"), Qt::LeftButton);
@@ -277,11 +306,52 @@ TEST_F(ExportDesignerTest, ABackgroundOfOnesOwnTilesTheSurfaceAndThePage) {
   EXPECT_EQ(readBytes(at("export/testing1/background.png")), readBytes(*background_));
 }
 
+TEST_F(ExportDesignerTest, TheBackgroundIsRepeatedInStepsOfItsWidthAndHeight) {
+  constexpr PixelSize tile{64, 48};
+  background_ = at("Media/four.png");
+  writeBytes(*background_, encodedBy("png", corners(tile)));
+  auto& designer = open();
+  press(designer, "Command2");
+  auto* surface = designer.findChild<DesignSurface*>();
+  const QImage shown = surface->grab().toImage();
+  const auto colourAt = [&](double x, double y) { // told in pixels of the drawing
+    return shown.pixel(surface->toPixels({x * twipsPerPixel, y * twipsPerPixel, 15, 15}).topLeft());
+  };
+  for (const int column : {0, 1, 2}) // below the left picture
+    for (const int row : {6, 11}) {
+      const int left = column * tile.width;
+      const int top = row * tile.height;
+      EXPECT_LT(distance(colourAt(left + 10, top + 10), red), 40) << column << " " << row;
+      EXPECT_LT(distance(colourAt(left + 54, top + 10), green), 40) << column << " " << row;
+      EXPECT_LT(distance(colourAt(left + 10, top + 38), blue), 40) << column << " " << row;
+      EXPECT_LT(distance(colourAt(left + 54, top + 38), white), 40) << column << " " << row;
+    }
+  leave(designer);
+}
+
 TEST_F(ExportDesignerTest, WithoutOneThePaperOfTheProgramTilesThePage) {
   auto& designer = open();
   press(designer, "Command2"); // cancelled
   designer.CreatePage();
   EXPECT_EQ(readBytes(at("export/testing1/background.gif")), readBytes(at("Media/WaterMark2.gif")));
+}
+
+TEST_F(ExportDesignerTest, ABackgroundOfOnesOwnThatHasGoneIsTold) {
+  background_ = at("Media/roses.png");
+  writeBytes(*background_, encodedBy("png", plain({20, 20}, red)));
+  auto& designer = open();
+  press(designer, "Command2");
+  std::filesystem::remove(*background_);
+  boxes_.expectFailure(QStringLiteral("roses.png\": it is not there"));
+  press(designer, "Command1");
+  EXPECT_FALSE(fileExists(at("export/testing1/index.htm")));
+  leave(designer);
+}
+
+TEST_F(ExportDesignerTest, AMissingPaperOfTheProgramLeavesThePagePlain) {
+  std::filesystem::remove(at("Media/WaterMark2.gif"));
+  open().CreatePage();
+  EXPECT_THAT(madePage(), HasSubstr("url('')"));
 }
 
 TEST_F(ExportDesignerTest, ABackgroundOfOnesOwnIsNotLostWithoutAQuestion) {
