@@ -164,7 +164,20 @@ void Export::showRunning(bool running) {
   ui->hint->setVisible(!running);
   ui->ImgX1->clear();
   ui->ImgX1->setVisible(running);
+  updateEnabled();
   repaint();
+}
+
+/// Nothing can be chosen while it runs, and it cannot be stopped. The focus is kept.
+void Export::updateEnabled() {
+  QWidget* focused = running_ ? nullptr : focusOf_.data();
+  if (running_)
+    focusOf_ = focusWidget();
+  for (QWidget* part : std::initializer_list<QWidget*>{
+           ui->albumFrame, ui->optimizationFrame, ui->destinationFrame, ui->Command1, ui->Command2})
+    part->setEnabled(!running_);
+  if (focused)
+    focused->setFocus();
 }
 
 void Export::showProgress(std::int64_t number, std::int64_t count, const std::string& file) {

@@ -5,6 +5,7 @@
 #include "Form.h"
 #include "HyperlinkControl.h"
 
+#include <QPointer>
 #include <QSize>
 
 #include <filesystem>
@@ -62,6 +63,7 @@ private:
   void offerToView(const ExportRequest& request, const ExportOutcome& outcome);
 
   void showRunning(bool running);
+  void updateEnabled();
   void showProgress(std::int64_t number, std::int64_t count, const std::string& file);
   void showPhoto(const Picture& picture);
   void placePhoto();
@@ -72,6 +74,7 @@ private:
   std::unique_ptr<Ui::Export> ui;
   FolderBrowser* browser_ = nullptr;
   bool running_ = false;
+  QPointer<QWidget> focusOf_; ///< where the focus was when the export began
 };
 
 } // namespace hearthbook

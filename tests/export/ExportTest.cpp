@@ -183,6 +183,30 @@ TEST_F(ExportForm, StaysOpenWhileItExports) {
   EXPECT_EQ(Forms::loaded<Export>(), nullptr);
 }
 
+TEST_F(ExportForm, NothingCanBeChosenWhileItExports) {
+  addTrip(1);
+  auto& dialog = openChosen();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog));
+  control(dialog, "Command1")->setFocus();
+  constexpr const char* choices[] = {"SubAlbumList", "Combo1", "Drive1",   "homeButton",
+                                     "folderEdit",   "Dir1",   "Command1", "Command2"};
+  int looks = 0;
+  LabelWatch watch([&] {
+    if (control<QLabel>(dialog, "Label1")->text().isEmpty())
+      return;
+    ++looks;
+    for (const char* name : choices)
+      EXPECT_FALSE(control(dialog, name)->isEnabled()) << name;
+  });
+  control(dialog, "Label1")->installEventFilter(&watch);
+  expectClosingQuestion("Trip");
+  exportNow(dialog);
+  EXPECT_GT(looks, 0);
+  for (const char* name : choices)
+    EXPECT_TRUE(control(dialog, name)->isEnabled()) << name;
+  EXPECT_TRUE(control(dialog, "Command1")->hasFocus());
+}
+
 TEST_F(ExportForm, BrokenPhotosAreToldByNameAtTheEnd) {
   addTrip(2);
   writeBytes(at("Photos/00002.jpg"), "no picture");

@@ -162,6 +162,18 @@ class ExportedPages(unittest.TestCase):
                         "(r => r.left >= 0 && r.top >= 0 && r.right <= innerWidth && r.bottom <= innerHeight)"
                         "(picture.getBoundingClientRect())", "leftCtrl"))
 
+    def test_on_a_very_large_screen_nothing_is_tiny(self):
+        with self.page((3840, 2160)) as page:
+            page.open(f"{self.tree.as_uri()}/{self.start.name}")
+            self.assertGreater(page.evaluate("document.querySelector('#thumbs').getBoundingClientRect().width"), 1920)
+            page.screenshot(KEEP / "start-large.png")
+            self.show(page, self.tree.as_uri(), 1)
+            page.wait_for("!document.getElementById('sound').hidden", "rightCtrl")
+            self.assertGreater(page.evaluate("picture.getBoundingClientRect().height / innerHeight", "leftCtrl"), .6)
+            self.assertTrue(page.evaluate("document.documentElement.scrollWidth <= innerWidth && "
+                                          "document.documentElement.scrollHeight <= innerHeight", "rightCtrl"))
+            page.screenshot(KEEP / "photograph-large.png")
+
     def test_no_page_is_wider_than_a_telephone(self):
         with self.page(TELEPHONE, telephone=True) as page:
             page.open(f"{self.tree.as_uri()}/{self.start.name}")

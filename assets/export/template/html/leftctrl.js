@@ -4,7 +4,6 @@
   "use strict";
 
   var markedSide = 5760; // the longer side of a photograph, in the measure of the marks
-  var most = 2;          // a small photograph is not blown up further than this
 
   var mount = document.getElementById("mount");
   var picture = document.getElementById("picture");
@@ -23,7 +22,7 @@
   // The rest is the style sheet's, on the screen and on paper.
   function fit() {
     mount.style.setProperty("--ratio", picture.naturalWidth / picture.naturalHeight);
-    mount.style.setProperty("--most", most * picture.naturalWidth + "px");
+    mount.style.setProperty("--natural", picture.naturalWidth + "px");
   }
 
   // In parts of the picture, so that it is right at every size and on paper.
