@@ -43,6 +43,21 @@ def lay_out(folder, samples, wanted):
     return folder
 
 
+def lay_on_glass(page, samples):
+    """Three prints of ours on a page, as a scanner would see them; answers where each is, in shares of the page."""
+    width, height = 1754, 1240
+    prints = (("wedding.jpg", (110, 60, 450, 600)), ("baby.jpg", (1170, 130, 450, 600)),
+              ("christmas.jpg", (400, 700, 640, 480)))
+    page.parent.mkdir(parents=True, exist_ok=True)
+    command = ["convert", "-limit", "thread", "1", "-size", f"{width}x{height}", "xc:#f4f1ea"]
+    for drawing, (left, top, wide, high) in prints:
+        command += ["(", str(pathlib.Path(samples, drawing)), "-auto-orient", "-resize", f"{wide}x{high}!", ")",
+                    "-geometry", f"+{left}+{top}", "-composite"]
+    subprocess.run([*command, "-density", "150", str(page)], check=True, stdin=subprocess.DEVNULL)
+    return [(left / width, top / height, (left + wide) / width, (top + high) / height)
+            for _, (left, top, wide, high) in prints]
+
+
 def faces(samples, name):
     """Whose face is where in one of our drawings, in shares of its width and height."""
     source = MADE[name][0]

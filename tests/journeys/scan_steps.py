@@ -10,6 +10,14 @@ def open_scanner(person):
     return await_page(person)
 
 
+def open_kept_page(person):
+    """Takes the page that was still open when the program ended."""
+    person.click(person.find("push button", "Add From Scanner"))
+    question = person.box("Scan Photo")
+    person.click(person.find("push button", "Yes", within=question))
+    return await_page(person)
+
+
 def open_photo(person):
     """Opens the photo of the editor to put it right."""
     person.click(person.find("push button", "Edit Image"))
