@@ -93,6 +93,7 @@ private:
   void refuse() const;
   [[nodiscard]] bool mayReplace();
   void prepareTree();
+  void copyMusic();
   void writePageCount() const;
   void exportPhotos();
   void beginPhoto();
@@ -132,6 +133,7 @@ private:
   ExportRows rows_;
   NameOfPerson nameOf_ = [this](std::int64_t id) { return rows_.nameOfPerson(id); };
   PhotoScript script_;
+  std::string music_; ///< in the folder audio
   std::optional<ExportSources> sources_;
   std::deque<PhotoInWork> inWork_;
   std::chrono::steady_clock::time_point lastShown_;
@@ -184,9 +186,22 @@ void AlbumExporter::prepareTree() {
   fs::rename(target_ / "master.htm", startPage(), error);
   if (error)
     throwFileError("write", startPage(), error.value());
-  if (const auto sound = sources_->soundOf(albumAudioName(request_.albumId)))
-    copyPlainFile(*sound, target_ / "audio" / musicFile(*sound));
+  copyMusic();
   writePageCount();
+}
+
+/// Of no more weight than a photo: where it cannot be read the album goes out without.
+void AlbumExporter::copyMusic() {
+  const auto sound = sources_->soundOf(albumAudioName(request_.albumId));
+  if (!sound)
+    return;
+  try {
+    copyPlainFile(*sound, target_ / "audio" / musicFile(*sound));
+    music_ = musicFile(*sound);
+  } catch (const UnreadableFile&) {
+    outcome_.troubles.push_back(
+        {sound->filename().string(), "is the sound of the album and could not be read"});
+  }
 }
 
 std::string AlbumExporter::musicFile(const fs::path& sound) const {
@@ -284,10 +299,8 @@ void AlbumExporter::note(PhotoInWork photo, const ExportedPhoto& exported) {
 /// In a template that has it: pages of another make can do without.
 void AlbumExporter::writePhotoScript() const {
   const fs::path script = target_ / "html" / "photos.js";
-  if (!fileExists(script))
-    return;
-  const auto sound = sources_->soundOf(albumAudioName(request_.albumId));
-  writePlainFile(script, script_.text(sound ? musicFile(*sound) : std::string()));
+  if (fileExists(script))
+    writePlainFile(script, script_.text(music_));
 }
 
 void AlbumExporter::writeStartPage() const {

@@ -36,14 +36,14 @@ struct ExportListener {
 /// What came of it.
 struct ExportOutcome {
   struct Trouble {
-    std::string file; ///< "00012.jpg"
+    std::string file; ///< "00012.jpg", "A7.wav"
     std::string what; ///< "is missing"
     bool operator==(const Trouble&) const = default;
   };
   std::string name;                ///< of the exported album
   std::filesystem::path folder;    ///< that it lies in
   std::filesystem::path startPage; ///< to be opened in a browser
-  std::vector<Trouble> troubles;   ///< by photo
+  std::vector<Trouble> troubles;   ///< the album's sound, then by photo
   std::int64_t markups = 0;        ///< photos with text that looks like markup
 };
 

@@ -99,6 +99,20 @@ TEST_F(AlbumExportFiles, TheScriptsLearnOfSoundsAndStoriesWhereTheyAskForThem) {
   EXPECT_THAT(script, HasSubstr("\"sound\": \"2.MID\"}}"));
 }
 
+TEST_F(AlbumExportFiles, AnAlbumWhoseSoundCannotBeReadGoesOutWithout) {
+  addTrip(1);
+  writeBytes(at("export/template/html/photos.js"), "");
+  fs::create_directories(at("Audio"));
+  fs::create_symlink("/proc/self/mem", at("Audio/" + albumSound(".wav")));
+  const auto outcome = exportAlbum();
+  EXPECT_THAT(outcome.troubles,
+              ElementsAre(ExportOutcome::Trouble{
+                  albumSound(".wav"), "is the sound of the album and could not be read"}));
+  EXPECT_THAT(namesIn(out("Trip/audio")), IsEmpty());
+  EXPECT_THAT(page("Trip/html/photos.js"), HasSubstr("\"music\": \"\""));
+  EXPECT_TRUE(isThere("Trip/data/1.jpg"));
+}
+
 TEST_F(AlbumExportFiles, TheScriptsLearnNothingOfWhatIsNotThere) {
   addTrip(2);
   writeBytes(at("export/template/html/photos.js"), "");

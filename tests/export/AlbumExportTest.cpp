@@ -30,6 +30,13 @@ TEST_F(AlbumExport, ASubAlbumBecomesAFolderOfPages) {
   EXPECT_EQ(page("Trip-_12/Autorun.inf"), "[autorun]\r\nopen=Autorun.exe Trip-_12.htm\r\n");
 }
 
+TEST_F(AlbumExport, AnAlbumOfForbiddenCharactersIsCalledByItsNumber) {
+  const std::string number = std::to_string(addSubAlbum("\\*?\"<>|", {"HD00001"}));
+  const auto outcome = exportAlbum();
+  EXPECT_EQ(outcome.startPage, out("Album_#" + number + "/album_#" + number + ".htm"));
+  EXPECT_THAT(readBytes(outcome.startPage), HasSubstr("<h1>Album #" + number + "</h1>"));
+}
+
 TEST_F(AlbumExport, TheTokensOfTheTemplateAreFilled) {
   addTrip(9);
   exportAlbum();
@@ -158,12 +165,17 @@ TEST_F(AlbumExport, AReducedPhotoCarriesNothingOfTheCameraAndIsUpright) {
 
 TEST_F(AlbumExport, AnExportAgainReplacesTheEarlierOne) {
   addTrip(3);
+  writeBytes(at("Audio/00004.wav"), "wave");
   exportAlbum();
+  EXPECT_TRUE(isThere("Trip/audio/3.wav"));
   writeBytes(out("Trip/letters/mother.txt"), "Dear");
+  writeBytes(at("export/template/html/leftctrl.htm"), "newer");
   data().AlbumDB.execute("DELETE FROM SubAlbumPhotos WHERE PhotoID <> 'HD00003'");
   writeJpeg(at("Photos/00003.jpg"), 200, 100);
   exportAlbum();
   EXPECT_THAT(namesIn(out("Trip/data")), ElementsAre("1.htm", "1.jpg", "t1.jpg"));
+  EXPECT_THAT(namesIn(out("Trip/audio")), IsEmpty());
+  EXPECT_EQ(page("Trip/html/leftctrl.htm"), "newer");
   EXPECT_EQ(sizeOf("Trip/data/1.jpg"), (PixelSize{200, 100}));
   EXPECT_THAT(page("Trip/html/rightctrl.htm"), HasSubstr("pages=1;"));
   EXPECT_TRUE(isThere("Trip/letters/mother.txt"));

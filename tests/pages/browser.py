@@ -203,9 +203,10 @@ class Page:
         middle = self.evaluate(f"(e => {{ const r = e.getBoundingClientRect();"
                                f" return [r.left + r.width / 2, r.top + r.height / 2]; }})({expression})", frame)
         if frame:
-            corner = self.evaluate(f"(r => [r.left, r.top])(document.querySelector('iframe[name={frame}]')"
-                                   ".getBoundingClientRect())")
-            middle = [middle[0] + corner[0], middle[1] + corner[1]]
+            left, top, scale = self.evaluate(
+                "(f => { const r = f.getBoundingClientRect(); return [r.left, r.top, r.width / f.offsetWidth]; })"
+                f"(document.querySelector('iframe[name={frame}]'))")
+            middle = [left + scale * middle[0], top + scale * middle[1]]
         return middle
 
     def click(self, expression, frame=None):

@@ -172,7 +172,11 @@ class ExportedPages(unittest.TestCase):
             self.assertGreater(page.evaluate("picture.getBoundingClientRect().height / innerHeight", "leftCtrl"), .6)
             self.assertTrue(page.evaluate("document.documentElement.scrollWidth <= innerWidth && "
                                           "document.documentElement.scrollHeight <= innerHeight", "rightCtrl"))
+            page.click("document.links[0]", "side")
+            page.wait_for(f"{HERE} && !document.getElementById('marker').hidden", "leftCtrl")
             page.screenshot(KEEP / "photograph-large.png")
+            page.click("document.getElementById('next')", "rightCtrl")
+            self.wait_for_photo(page, 2)
 
     def test_no_page_is_wider_than_a_telephone(self):
         with self.page(TELEPHONE, telephone=True) as page:
