@@ -81,9 +81,11 @@ void DesktopMail::open(const MailMessage& message) {
   connect(process, &QProcess::finished, this, [this](int code, QProcess::ExitStatus how) {
     ended(how == QProcess::NormalExit && code == 0);
   });
-  connect(process, &QProcess::errorOccurred, this, [this](QProcess::ProcessError error) {
-    if (error == QProcess::FailedToStart)
-      ended(false);
+  connect(process, &QProcess::errorOccurred, this, [this, process](QProcess::ProcessError error) {
+    if (error != QProcess::FailedToStart)
+      return;
+    process->deleteLater(); // it has never begun, so it does not end either
+    ended(false);
   });
   process->setStandardInputFile(QProcess::nullDevice());
   process->setProcessChannelMode(QProcess::ForwardedChannels);

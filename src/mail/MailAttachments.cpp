@@ -27,19 +27,23 @@ public:
     std::ofstream out(file_, std::ios::binary);
     out << bytes;
     out.close();
-    if (!out)
-      throw RunTimeError("The file " + file_.string() + " cannot be written.");
+    if (out)
+      return;
+    remove();
+    throw RunTimeError("The file " + file_.string() + " cannot be written.");
   }
-  ~TemporaryJpeg() {
-    std::error_code gone;
-    fs::remove(file_, gone);
-  }
+  ~TemporaryJpeg() { remove(); }
   TemporaryJpeg(const TemporaryJpeg&) = delete;
   TemporaryJpeg& operator=(const TemporaryJpeg&) = delete;
 
   [[nodiscard]] const fs::path& file() const { return file_; }
 
 private:
+  void remove() const {
+    std::error_code gone;
+    fs::remove(file_, gone);
+  }
+
   fs::path file_;
 };
 

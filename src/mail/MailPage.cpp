@@ -48,4 +48,17 @@ std::filesystem::path mailedFile(const Album& album, std::string_view pictureId)
   return onPhotoDisc(album, file);
 }
 
+std::vector<std::filesystem::path> mailedFiles(const Album& album,
+                                               const std::vector<std::string>& pictureIds) {
+  std::vector<std::filesystem::path> files(pictureIds.size());
+  std::ranges::transform(pictureIds, files.begin(),
+                         [&](const std::string& id) { return mailedFile(album, id); });
+  return files;
+}
+
+bool needPhotoDisc(const std::vector<std::string>& pictureIds) {
+  return std::ranges::any_of(
+      pictureIds, [](const std::string& id) { return originOf(id) != PhotoOrigin::HardDisk; });
+}
+
 } // namespace hearthbook

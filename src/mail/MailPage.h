@@ -36,5 +36,10 @@ std::string mailSubject(std::string_view albumName);
 
 /// The photo's own file: below the album for "HD", else on the photo disc.
 std::filesystem::path mailedFile(const Album& album, std::string_view pictureId);
+std::vector<std::filesystem::path> mailedFiles(const Album& album,
+                                               const std::vector<std::string>& pictureIds);
+
+/// True where one of them lies on the photo disc, whose drive may take its time to answer.
+bool needPhotoDisc(const std::vector<std::string>& pictureIds);
 
 } // namespace hearthbook

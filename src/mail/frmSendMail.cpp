@@ -1,5 +1,6 @@
 #include "frmSendMail.h"
 
+#include "Beside.h"
 #include "Command.h"
 #include "DesktopMail.h"
 #include "Guard.h"
@@ -100,10 +101,30 @@ void frmSendMail::showDraft() {
   QTextCursor hint = ui->txtMessage->textCursor();
   hint.movePosition(QTextCursor::EndOfBlock, QTextCursor::KeepAnchor);
   ui->txtMessage->setTextCursor(hint); // the first key takes its place
-  std::vector<std::filesystem::path> photos;
-  for (const std::string& id : draft.photoIds)
-    photos.push_back(mailedFile(album_, id));
+  findPhotos(draft.photoIds);
+}
+
+/// The photo disc is looked for beside the window's thread; until it is found nothing can be sent.
+void frmSendMail::findPhotos(const std::vector<std::string>& ids) {
+  if (!needPhotoDisc(ids))
+    return showPhotos(mailedFiles(album_, ids));
+  allowSending(false);
+  runBeside(
+      pool_, this, [&album = album_, ids] { return mailedFiles(album, ids); },
+      [this](const auto& photos) {
+        showPhotos(photos);
+        allowSending(true);
+      },
+      true);
+}
+
+void frmSendMail::showPhotos(const std::vector<std::filesystem::path>& photos) {
   showMailPhotos(*ui->lstAttachments, pool_, photos);
+}
+
+void frmSendMail::allowSending(bool allowed) {
+  ui->cmdSend->setEnabled(allowed);
+  ui->mailProgram->setEnabled(allowed);
 }
 
 MailMessage frmSendMail::readMessage() const {
@@ -202,8 +223,8 @@ void frmSendMail::mailProgramFailed() {
 
 /// Only leaving is possible meanwhile.
 void frmSendMail::showSending(bool sending) {
-  for (QWidget* part : std::initializer_list<QWidget*>{ui->fields, ui->mailProgram, ui->cmdSend})
-    part->setEnabled(!sending);
+  ui->fields->setEnabled(!sending);
+  allowSending(!sending);
   if (sending) {
     panel_->show();
     ui->cmdClose->setFocus();

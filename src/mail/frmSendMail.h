@@ -13,6 +13,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace Ui {
 class frmSendMail;
@@ -50,6 +51,9 @@ private:
 
   void showPreferences();
   void showDraft();
+  void findPhotos(const std::vector<std::string>& ids);
+  void showPhotos(const std::vector<std::filesystem::path>& photos);
+  void allowSending(bool allowed);
   [[nodiscard]] MailMessage readMessage() const;
   [[nodiscard]] std::string readHost() const;
 

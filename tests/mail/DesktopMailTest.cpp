@@ -5,6 +5,7 @@
 #include "ReducedPhoto.h"
 #include "ScopedVariable.h"
 
+#include <QProcess>
 #include <QUrl>
 #include <QUrlQuery>
 
@@ -80,6 +81,7 @@ TEST_F(StubbedDesktopMail, TwoPhotosOfOneNameBothGo) {
   page_.photos[1].id = "XX00001"; // on the disc
   install("xdg-email");
   openFilled("");
+  EXPECT_TRUE(waitFor([] { return isEnabled(form(), "mailProgram"); }));
   control<QListWidget>(form(), "lstAttachments")->item(1)->setText(toQString(at("Disc/00001.jpg")));
   std::filesystem::create_directories(at("Disc"));
   std::filesystem::rename(photo(2), at("Disc/00001.jpg"));
@@ -103,6 +105,16 @@ TEST_F(StubbedDesktopMail, AProgramThatFailsIsToldAndTheTextStays) {
   press("mailProgram");
   EXPECT_TRUE(waitFor([this] { return boxes_.isDone(); }));
   EXPECT_EQ(message(), "Dear Anna");
+}
+
+TEST_F(StubbedDesktopMail, AProgramThatCannotBeStartedIsToldAndForgotten) {
+  writeBytes(install("xdg-email"), "#!/no/such/shell\n");
+  openFilled("");
+  expectNoProgram();
+  press("mailProgram");
+  EXPECT_TRUE(waitFor([this] {
+    return boxes_.isDone() && QCoreApplication::instance()->findChildren<QProcess*>().isEmpty();
+  }));
 }
 
 TEST_F(StubbedDesktopMail, AMailThatNoProgramTookLeavesNothing) {

@@ -51,4 +51,15 @@ TEST_F(MailedFile, EveryOtherPhotoLiesOnTheDisc) {
   EXPECT_NE(onDisc, at("Photos/00012.jpg"));
 }
 
+TEST_F(MailedFile, AreFoundInTheOrderOfTheirPhotos) {
+  EXPECT_THAT(mailedFiles(album(), {"CD00014", "HD00012"}),
+              ElementsAre(mailedFile(album(), "CD00014"), at("Photos/00012.jpg")));
+}
+
+TEST(MailPage, AsksForTheDiscOnlyWhereAPhotoLiesThere) {
+  EXPECT_FALSE(needPhotoDisc({}));
+  EXPECT_FALSE(needPhotoDisc({"HD00012", "HD00013"}));
+  EXPECT_TRUE(needPhotoDisc({"HD00012", "CD00014"}));
+}
+
 } // namespace hearthbook::test

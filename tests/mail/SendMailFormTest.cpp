@@ -145,6 +145,35 @@ TEST_F(SendMailForm, AnotherServerIsShownAndKept) {
   EXPECT_EQ(kept("EmailHost"), "mail.example.com:26");
 }
 
+TEST_F(SendMailForm, AServerThatCannotBeKeptIsReportedAndUsedAllTheSame) {
+  open();
+  control(form(), "txtSubject")->setFocus(); // leaving the sender would fail too
+  std::filesystem::remove(at("Data/Help.mdb"));
+  expectServerAsked("", "mail.example.com");
+  boxes_.expectFailure(toQString("This could not be done:"));
+  press("Command1");
+  EXPECT_TRUE(boxes_.isDone());
+  EXPECT_EQ(textOf("txtHost"), "mail.example.com");
+  EXPECT_TRUE(isEnabled(form(), "cmdSend"));
+}
+
+TEST_F(SendMailForm, ThePhotoDiscIsLookedForWhileTheWindowLivesOn) {
+  std::filesystem::create_directories(at("Disc/Photos"));
+  writeBytes(at("Disc/Photos/00002.jpg"), jpegOf(plain({64, 48}, red)));
+  folder_.drives().insertDisc("sr0", at("Disc"));
+  page_.photos[1].id = "CD00002";
+  const auto release = holdPool();
+  open();
+  EXPECT_TRUE(attachments().isEmpty());
+  for (const char* command : {"cmdSend", "mailProgram"})
+    EXPECT_FALSE(isEnabled(form(), command)) << command;
+  release();
+  EXPECT_TRUE(waitFor([] { return isEnabled(form(), "cmdSend"); }));
+  EXPECT_TRUE(isEnabled(form(), "mailProgram"));
+  EXPECT_EQ(attachments(),
+            (QStringList{toQString(photo(1)), toQString(at("Disc/Photos/00002.jpg"))}));
+}
+
 TEST_F(SendMailForm, NoAnswerLeavesTheServer) {
   keepMailPreference(album().folder, MailPreference::Host, "old.example.com");
   open();

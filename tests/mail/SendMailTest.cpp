@@ -106,6 +106,40 @@ TEST_F(SendMail, APhotoThatIsNoPictureFails) {
   send();
 }
 
+TEST_F(SendMail, APhotoThatCannotBePreparedIsToldAndTheOthersGo) {
+  const MailServer server;
+  writeBytes(photo(1), jpegOf(grainy({320, 1280}, 1)));
+  ASSERT_GT(reducedForMail(photo(1)).size(), 100'000U); // more than is read at once
+  openFilled(server.host());
+  const auto prepared = at("Media/00001.jpg");
+  onceThat([=] { return note() == "Preparing File: " + prepared.string(); },
+           [=] { std::filesystem::resize_file(prepared, 0); });
+  boxes_.expectMessage(toQString("Error Preparing File!"), toQString("E-Mail Photos"),
+                       MsgIcon::Critical);
+  expectSent();
+  send();
+  EXPECT_NE(server.mail().find("\r\n\r\nDear Anna\r\n\r\n\r\nbegin 664 00002.jpg\r\n"),
+            std::string::npos);
+  EXPECT_EQ(Attachments(server.mail()).names, std::vector<std::string>{"00002.jpg"});
+  EXPECT_FALSE(std::filesystem::exists(prepared));
+}
+
+TEST_F(SendMail, APhotoThatHasNoPlaceToBePreparedFails) {
+  openFilled("127.0.0.1:1");
+  std::filesystem::rename(at("Media"), at("Elsewhere"));
+  expectFailed();
+  send();
+}
+
+TEST_F(SendMail, APhotoThatIsPreparedOnAFullDiskFailsAndLeavesNothing) {
+  openFilled("127.0.0.1:1");
+  const auto prepared = at("Media/00001.jpg");
+  std::filesystem::create_symlink("/dev/full", prepared);
+  expectFailed();
+  send();
+  EXPECT_FALSE(std::filesystem::is_symlink(prepared));
+}
+
 TEST_F(SendMail, ARefusedRecipientIsTold) {
   const MailServer server({toQString("--refuse=anna@example.com")});
   openFilled(server.host());

@@ -134,6 +134,10 @@ void CupsDaemon::addPrinter(const std::string& name) {
       {"lpadmin", "-p", name, "-E", "-v", "cups-pdf:/", "-m", "lsb/usr/cups-pdf/CUPS-PDF_opt.ppd"});
 }
 
+void CupsDaemon::setPaper(const std::string& name, const std::string& paper) {
+  administer({"lpadmin", "-p", name, "-o", "PageSize=" + paper});
+}
+
 void CupsDaemon::makeCurrent(const std::string& name) { administer({"lpadmin", "-d", name}); }
 
 void CupsDaemon::keepChoices(const std::string& name, const std::string& choices) {

@@ -28,6 +28,7 @@ public:
   static std::string whyNot();
 
   void addPrinter(const std::string& name);
+  void setPaper(const std::string& name, const std::string& paper); ///< its own, as "A5"
   void makeCurrent(const std::string& name);
   /// "Printer/set": choices of the user's own for a printer, as his desktop keeps them; they are
   /// his current printer then. Each as "name=value".

@@ -2,6 +2,7 @@
 
 #include "ReplyBuffer.h"
 #include "RunTimeError.h"
+#include "WinsockNumbers.h"
 
 #include <QNetworkProxy>
 #include <QTcpSocket>
@@ -11,27 +12,6 @@ namespace hearthbook {
 namespace {
 
 constexpr int messageTooLong = 10040;
-
-int numberOf(QAbstractSocket::SocketError error) {
-  switch (error) {
-  case QAbstractSocket::ConnectionRefusedError:
-    return 10061;
-  case QAbstractSocket::RemoteHostClosedError:
-    return connectionReset;
-  case QAbstractSocket::HostNotFoundError:
-    return 11001;
-  case QAbstractSocket::SocketAccessError:
-    return 10013;
-  case QAbstractSocket::SocketResourceError:
-    return 10055;
-  case QAbstractSocket::SocketTimeoutError:
-    return 10060;
-  case QAbstractSocket::NetworkError:
-    return 10051;
-  default:
-    return 10053;
-  }
-}
 
 } // namespace
 
@@ -85,7 +65,7 @@ void Winsock::broken() {
     Q_EMIT hungUp();
     return;
   }
-  fail(numberOf(impl_->socket.error()), impl_->socket.errorString());
+  fail(winsockNumber(impl_->socket.error()), impl_->socket.errorString());
 }
 
 void Winsock::fail(int number, const QString& description) {
