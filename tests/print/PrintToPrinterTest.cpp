@@ -113,6 +113,71 @@ TEST_F(PrintToPrinter, TheOriginalSizeOnPhotoPaperLeavesThePrintersPaper) {
   EXPECT_EQ(log.find(job + "na_index"), std::string::npos) << log;
 }
 
+TEST_F(PrintToPrinter, ThePrintersOwnPaperIsTheSheet) {
+  service().addPrinter("Album_PDF");
+  service().setPaper("Album_PDF", "A5");
+  frmPrint& form = openTitled("Editor", editorPage());
+  control<QComboBox>(form, "Combo2")->setCurrentIndex(1);
+  EXPECT_TRUE(waitFor([&] { return !form.devices().isAskingForPaper(); }));
+  EXPECT_NEAR(form.sheet().paper.width, 210 / 25.4 * 1440, 40); // it lies across
+  EXPECT_NEAR(form.sheet().paper.height, 148 / 25.4 * 1440, 40);
+  EXPECT_EQ(control<PrintPreview>(form, "preview")->sheet().paper, form.sheet().paper);
+  press(form, "Command4");
+  const PixelSize page = printed(72).size();
+  EXPECT_NEAR(page.width, 148 / 25.4 * 72, 2); // it goes through upright
+  EXPECT_NEAR(page.height, 210 / 25.4 * 72, 2);
+}
+
+/// From the first to behind the last pixel that is not white, of a page with 72 dots to the inch.
+struct Inked {
+  int left = 1 << 20;
+  int top = 1 << 20;
+  int right = 0;
+  int bottom = 0;
+};
+
+Inked colouredOf(const Picture& page) {
+  Inked box;
+  for (int y = 0; y < page.height(); ++y)
+    for (int x = 0; x < page.width(); ++x) {
+      const std::uint32_t pixel = *(page.row(y) + x);
+      if (distance(pixel, red) > 60 && distance(pixel, green) > 60 && distance(pixel, blue) > 60)
+        continue;
+      box = {std::min(box.left, x), std::min(box.top, y), std::max(box.right, x + 1),
+             std::max(box.bottom, y + 1)};
+    }
+  return box;
+}
+
+TEST_F(PrintToPrinter, AnUprightSheetComesOutWithThePhotoInItsPlace) {
+  service().addPrinter("Album_PDF");
+  const frmPrint& form = openTitled("Editor", editorPage());
+  check(form, "Option7");
+  press(form, "Command4");
+  const Picture page = printed(72);
+  EXPECT_EQ(page.size(), (PixelSize{612, 792}));
+  const Inked photo = colouredOf(page); // a pixel is 20 twips
+  EXPECT_NEAR(photo.left, 360 / 20, 1);
+  EXPECT_NEAR(photo.top, (360 + 300) / 20, 1);
+  EXPECT_NEAR(photo.right, (360 + 5760) / 20, 1);
+  EXPECT_NEAR(photo.bottom, (360 + 300 + 4320) / 20, 1);
+}
+
+TEST_F(PrintToPrinter, ASheetThatLiesAcrossComesOutTurnedWithThePhotoInItsPlace) {
+  service().addPrinter("Album_PDF");
+  const frmPrint& form = openTitled("Editor", editorPage());
+  press(form, "Command4");
+  const Picture page = printed(72);
+  EXPECT_EQ(page.size(), (PixelSize{612, 792}));
+  const Inked photo = colouredOf(page);
+  // Its left edge lies along one of the paper's short edges, its upper edge along a long one.
+  const bool turnedLeft = photo.top > page.height() / 2;
+  EXPECT_NEAR(turnedLeft ? page.height() - photo.bottom : photo.top, 360 / 20, 1);
+  EXPECT_NEAR(turnedLeft ? photo.left : page.width() - photo.right, (360 + 300) / 20, 1);
+  EXPECT_NEAR(photo.bottom - photo.top, 5760 / 20, 1);
+  EXPECT_NEAR(photo.right - photo.left, 4320 / 20, 1);
+}
+
 TEST_F(PrintToPrinter, APrinterThatVanishesFails) {
   service().addPrinter("Album_PDF");
   const frmPrint& form = open("Editor", editorPage());

@@ -20,7 +20,10 @@ CupsLibrary loadCupsLibrary() {
   library.find(functions.freeDests, "cupsFreeDests");
   library.find(functions.copyDestInfo, "cupsCopyDestInfo");
   library.find(functions.freeDestInfo, "cupsFreeDestInfo");
-  library.find(functions.getMediaDefault, "cupsGetDestMediaDefault");
+  library.find(functions.findDefault, "cupsFindDestDefault");
+  library.find(functions.findAttribute, "ippFindAttribute");
+  library.find(functions.collectionOf, "ippGetCollection");
+  library.find(functions.numberOf, "ippGetInteger");
   library.find(functions.addOption, "cupsAddOption");
   library.find(functions.freeOptions, "cupsFreeOptions");
   library.find(functions.createJob, "cupsCreateDestJob");

@@ -18,7 +18,10 @@ struct CupsLibrary {
   decltype(&cupsFreeDests) freeDests;
   decltype(&cupsCopyDestInfo) copyDestInfo;
   decltype(&cupsFreeDestInfo) freeDestInfo;
-  decltype(&cupsGetDestMediaDefault) getMediaDefault;
+  decltype(&cupsFindDestDefault) findDefault;
+  decltype(&ippFindAttribute) findAttribute;
+  decltype(&ippGetCollection) collectionOf;
+  decltype(&ippGetInteger) numberOf;
   decltype(&cupsAddOption) addOption;
   decltype(&cupsFreeOptions) freeOptions;
   decltype(&cupsCreateDestJob) createJob;

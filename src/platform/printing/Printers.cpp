@@ -154,8 +154,14 @@ bool sendDocument(const Destination& printer, int job, const std::string& title,
              IPP_STATUS_OK_CONFLICTING;
 }
 
-double toTwips(int hundredthsOfMillimetres) {
-  return hundredthsOfMillimetres / 2540.0 * twipsPerInch;
+ipp_attribute_t* within(ipp_attribute_t* group, const char* name, ipp_tag_t kind) {
+  return group ? cups().findAttribute(cups().collectionOf(group, 0), name, kind) : nullptr;
+}
+
+double lengthIn(ipp_attribute_t* size, const char* name) {
+  constexpr double perInch = 2540; // they are told in hundredths of a millimetre
+  ipp_attribute_t* length = within(size, name, IPP_TAG_INTEGER);
+  return length ? cups().numberOf(length, 0) / perInch * twipsPerInch : 0;
 }
 
 } // namespace
@@ -177,11 +183,12 @@ std::vector<Printer> listPrinters() {
 std::optional<TwipsSize> ownPaperOf(const std::string& printer) {
   const PrintService service;
   const Destination asked(service, printer);
-  cups_size_t size{};
-  if (!cups().getMediaDefault(asked.http(), asked.dest(), asked.info(), 0, &size) ||
-      size.width <= 0 || size.length <= 0)
-    return std::nullopt;
-  return TwipsSize{toTwips(size.width), toTwips(size.length)};
+  // The paper's name is empty at some printers, its size is not.
+  ipp_attribute_t* paper =
+      cups().findDefault(asked.http(), asked.dest(), asked.info(), "media-col");
+  ipp_attribute_t* size = within(paper, "media-size", IPP_TAG_BEGIN_COLLECTION);
+  const TwipsSize told{lengthIn(size, "x-dimension"), lengthIn(size, "y-dimension")};
+  return told.width > 0 && told.height > 0 ? std::optional(told) : std::nullopt;
 }
 
 void printPdf(const std::string& printer, const std::string& title, const PrintSettings& settings,

@@ -124,10 +124,20 @@ TEST_F(PrintersTest, AreToldTheQuality) {
 
 TEST_F(PrintersTest, TellTheirOwnPaper) {
   service().addPrinter("Album_PDF");
-  const auto paper = onAThreadOfItsOwn([] { return ownPaperOf("Album_PDF"); });
-  ASSERT_TRUE(paper);
-  EXPECT_GT(paper->width, 8000);
-  EXPECT_GT(paper->height, paper->width);
+  struct Expected {
+    const char* name;
+    double width; ///< in millimetres
+    double height;
+  };
+  for (const auto& [name, width, height] :
+       {Expected{"A4", 210, 297}, Expected{"A5", 148, 210}, Expected{"Letter", 215.9, 279.4}}) {
+    SCOPED_TRACE(name);
+    service().setPaper("Album_PDF", name);
+    const auto paper = onAThreadOfItsOwn([] { return ownPaperOf("Album_PDF"); });
+    ASSERT_TRUE(paper);
+    EXPECT_NEAR(paper->width, width / 25.4 * 1440, 40); // a driver's papers are of whole points
+    EXPECT_NEAR(paper->height, height / 25.4 * 1440, 40);
+  }
 }
 
 TEST_F(PrintersTest, AColourPageComesOutInItsPlace) {
