@@ -3,6 +3,9 @@
 #include "FileBytes.h"
 #include "WaveFile.h"
 
+#include <sndfile.h>
+
+#include <algorithm>
 #include <array>
 #include <cstdio>
 #include <cstdlib>
@@ -11,6 +14,8 @@
 #include <stdexcept>
 
 namespace hearthbook::test {
+
+namespace fs = std::filesystem;
 
 namespace {
 
@@ -69,6 +74,43 @@ const char* soxEncoding(SoundFormat::Sample sample) {
   }
 }
 
+std::string mp3Of(const fs::path& wave) {
+  SF_INFO info{};
+  SNDFILE* from = sf_open(wave.c_str(), SFM_READ, &info);
+  std::vector<short> samples(static_cast<std::size_t>(info.frames * info.channels));
+  sf_readf_short(from, samples.data(), info.frames);
+  sf_close(from);
+  info.format = SF_FORMAT_MPEG | SF_FORMAT_MPEG_LAYER_III;
+  const fs::path packed = wave.string() + ".mp3";
+  SNDFILE* into = sf_open(packed.c_str(), SFM_WRITE, &info);
+  if (!into)
+    throw std::runtime_error(sf_strerror(nullptr));
+  sf_writef_short(into, samples.data(), static_cast<sf_count_t>(samples.size()) / info.channels);
+  sf_close(into);
+  std::string bytes = readBytes(packed);
+  fs::remove(packed);
+  return bytes;
+}
+
+std::string turned(std::string bytes) {
+  std::ranges::reverse(bytes);
+  return bytes;
+}
+
+/// As recorders that pack their voices wrote it: the head of a wave, and an MP3 as its sound.
+void wrapMp3(const fs::path& file, const std::string& mp3) {
+  const auto number = [](std::size_t value, int count) {
+    return turned(bytesOf(static_cast<std::uint32_t>(value), count));
+  };
+  const std::string further = number(1, 2) + number(2, 4) + number(417, 2) + number(1, 2) +
+                              number(1393, 2); // behind the 12 bytes' own size
+  const std::string format = number(0x55, 2) + number(1, 2) + number(22050, 4) + number(8000, 4) +
+                             number(1, 2) + number(0, 2) + number(further.size(), 2) + further;
+  const std::string chunks = "WAVEfmt " + number(format.size(), 4) + format + "data" +
+                             number(mp3.size(), 4) + mp3 + std::string(mp3.size() % 2, '\0');
+  writeBytes(file, "RIFF" + number(chunks.size(), 4) + chunks);
+}
+
 } // namespace
 
 std::string silentWave(const SoundFormat& format, std::int64_t milliseconds) {
@@ -86,6 +128,23 @@ void writeTone(const std::filesystem::path& file, int hertz, std::int64_t millis
       " -b " + std::to_string(8 * format.sampleBytes()) + soxEncoding(format.sample) + " " +
       quoted(file) + " synth " + std::to_string(frames) + "s sine " + std::to_string(hertz) +
       " vol 0.8");
+}
+
+void writePackedTones(const fs::path& file, const std::string& packing,
+                      const std::vector<Tone>& tones) {
+  const bool isMp3 = packing == "mp3";
+  std::string parts;
+  for (const Tone& tone : tones)
+    parts += " \"|sox -r 22050 -n -c 1 -b 16 -p synth " +
+             std::to_string(tone.milliseconds / 1000.0) + " sine " + std::to_string(tone.hertz) +
+             " vol 0.8\"";
+  const fs::path packed = isMp3 ? fs::path(file.string() + ".plain.wav") : file;
+  run("sox" + parts + (isMp3 ? std::string() : " -e " + packing) + " " + quoted(packed) +
+      " 2>/dev/null");
+  if (isMp3) {
+    wrapMp3(file, mp3Of(packed));
+    fs::remove(packed);
+  }
 }
 
 void writeSpeech(const std::filesystem::path& file, const std::string& words) {

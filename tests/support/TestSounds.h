@@ -19,6 +19,14 @@ std::string silentWave(const SoundFormat& format, std::int64_t milliseconds);
 void writeTone(const std::filesystem::path& file, int hertz, std::int64_t milliseconds,
                const SoundFormat& format = highQuality);
 
+/// Makes a wave of some tones, packed as sox calls it ("ms-adpcm"), or with an "mp3" inside.
+struct Tone {
+  int hertz = 0;
+  std::int64_t milliseconds = 0;
+};
+void writePackedTones(const std::filesystem::path& file, const std::string& packing,
+                      const std::vector<Tone>& tones);
+
 /// Makes a wave in which somebody speaks, by espeak-ng.
 void writeSpeech(const std::filesystem::path& file, const std::string& words);
 

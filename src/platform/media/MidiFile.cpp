@@ -72,23 +72,24 @@ MidiFile::MidiFile(std::string_view bytes) {
   if (bytes.size() < midiChunkHead || file.take(4) != "MThd")
     throw RunTimeError("it is no MIDI");
   Reader head(file.take(file.number(4)));
-  head.take(4); // the kind and the number of tracks
+  head.take(2); // the kind
+  const unsigned tracks = head.number(2);
   const unsigned division = head.number(2);
   if (division == 0 || division >= 0x8000)
     throw RunTimeError("its time is not counted in notes");
   ticksPerQuarter_ = static_cast<int>(division);
   tempos_.push_back({0, tempoAtFirst});
 
-  bool hasTrack = false;
-  while (!file.isAtEnd()) {
+  unsigned read = 0;
+  while (read < tracks && !file.isAtEnd()) { // what is behind the last track may be anything
     const std::string_view name = file.take(4);
     const std::string_view content = file.take(file.number(4));
     if (name != "MTrk")
       continue;
     readTrack(content);
-    hasTrack = true;
+    ++read;
   }
-  if (!hasTrack)
+  if (read == 0)
     throw RunTimeError("there is no music in it");
   timeTempos();
 }

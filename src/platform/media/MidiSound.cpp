@@ -10,7 +10,6 @@
 #include <cerrno>
 #include <cstdlib>
 #include <fstream>
-#include <iterator>
 #include <mutex>
 #include <utility>
 
@@ -22,24 +21,36 @@ constexpr SoundFormat synthFormat{SoundFormat::Sample::S16, 2, 44100};
 /// Strings and bells ring on behind the last note, but not for ever.
 constexpr std::int64_t longestRinging = std::int64_t{2} * synthFormat.rate;
 constexpr double gain = 0.6;
+/// It is read while the window waits. Tunes have some hundred kilobytes.
+constexpr std::uintmax_t mostTuneBytes = std::uintmax_t{8} << 20;
 
 constexpr std::array fonts = {
     "/usr/share/sounds/sf2/default-GM.sf2", "/usr/share/sounds/sf3/default-GM.sf3",
     "/usr/share/sounds/sf2/TimGM6mb.sf2", "/usr/share/sounds/sf2/FluidR3_GM.sf2",
     "/usr/share/soundfonts/default.sf2"};
 
+RunTimeError refusal(const std::filesystem::path& name, const std::string& why) {
+  return RunTimeError("Cannot play \"" + name.string() + "\": " + why + ".");
+}
+
 std::string contentOf(const std::filesystem::path& name) {
   std::ifstream file(name, std::ios::binary);
   if (!file || std::filesystem::is_directory(name))
     throwFileError("read", name, file ? EISDIR : errno);
-  return {std::istreambuf_iterator<char>(file), {}};
+  const auto size = std::filesystem::file_size(name);
+  if (size > mostTuneBytes)
+    throw refusal(name, "it is too large for a tune");
+  std::string bytes(size, '\0');
+  file.read(bytes.data(), static_cast<std::streamsize>(size));
+  bytes.resize(static_cast<std::size_t>(file.gcount()));
+  return bytes;
 }
 
 MidiFile midiOf(const std::filesystem::path& name, std::string_view bytes) {
   try {
     return MidiFile(bytes);
   } catch (const RunTimeError& failure) {
-    throw RunTimeError("Cannot play \"" + name.string() + "\": " + failure.what() + ".");
+    throw refusal(name, failure.what());
   }
 }
 

@@ -81,7 +81,13 @@ std::optional<SoundFormat::Sample> sampleOf(unsigned kind, unsigned bits) {
   return std::nullopt;
 }
 
-SoundFormat formatOf(std::istream& file, const Chunk& chunk) {
+/// What the head tells of the way in which the sound is written down.
+struct Writing {
+  SoundFormat format;
+  std::optional<unsigned> packing;
+};
+
+Writing writingOf(std::istream& file, const Chunk& chunk) {
   std::array<char, longFormatBytes> text{};
   file.clear();
   file.seekg(chunk.start);
@@ -93,16 +99,15 @@ SoundFormat formatOf(std::istream& file, const Chunk& chunk) {
     kind = number(text.data() + 24, 2);
   const unsigned channels = number(text.data() + 2, 2);
   const unsigned rate = number(text.data() + 4, 4);
-  const auto sample = sampleOf(kind, number(text.data() + 14, 2));
-  if (!sample)
-    throw RunTimeError("its sound is packed in a way that is not known here (" +
-                       std::to_string(kind) + ")");
   if (channels < 1 || channels > mostChannels || rate < 1 || rate > mostRate)
     throw RunTimeError("its head is damaged");
+  const auto sample = sampleOf(kind, number(text.data() + 14, 2));
+  if (!sample)
+    return {{}, kind};
   const SoundFormat format{*sample, static_cast<int>(channels), static_cast<int>(rate)};
   if (number(text.data() + 12, 2) != static_cast<unsigned>(format.frameBytes()))
     throw RunTimeError("its head is damaged");
-  return format;
+  return {format, std::nullopt};
 }
 
 bool isWave(std::istream& file) {
@@ -131,17 +136,18 @@ WaveInfo readWaveInfo(std::istream& file) {
   const std::int64_t size = sizeOf(file);
   if (!isWave(file))
     throw RunTimeError("it is no wave");
-  std::optional<SoundFormat> format;
+  std::optional<Writing> writing;
   std::int64_t place = 12;
   for (int walked = 0; walked < mostChunks; ++walked) {
     const auto chunk = chunkAt(file, place);
     if (!chunk)
       break;
     if (chunk->name == "fmt ")
-      format = formatOf(file, *chunk);
-    if (chunk->name == "data" && format) {
+      writing = writingOf(file, *chunk);
+    if (chunk->name == "data" && writing) {
       const std::int64_t there = std::min(chunk->bytes, size - chunk->start);
-      return {*format, chunk->start, there - there % format->frameBytes()};
+      return {writing->format, chunk->start, there - there % writing->format.frameBytes(),
+              writing->packing};
     }
     place = chunk->start + chunk->bytes + chunk->bytes % 2;
   }

@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <iosfwd>
+#include <optional>
 
 namespace hearthbook {
 
@@ -12,6 +13,9 @@ struct WaveInfo {
   SoundFormat format;
   std::int64_t dataStart = 0; ///< where in the file the sound begins
   std::int64_t dataBytes = 0; ///< what is there of it: whole moments
+  /// How it is packed, by the number that waves have for that, where it is not written down moment
+  /// by moment. Nothing is known of its format then.
+  std::optional<unsigned> packing = std::nullopt;
 
   bool operator==(const WaveInfo&) const = default;
 
@@ -19,7 +23,7 @@ struct WaveInfo {
 };
 
 /// Reads the head. Of a file that is cut off, what is there counts. Throws RunTimeError, with
-/// the cause alone, for what is no wave or holds sound in a way that is not known here.
+/// the cause alone, for what is no wave.
 WaveInfo readWaveInfo(std::istream& file);
 
 /// The most bytes of sound that the head of a wave can tell of.

@@ -1,12 +1,12 @@
 #pragma once
 
-#include "FileDescriptor.h"
 #include "RecordedSound.h"
 #include "SoundSource.h"
-#include "WaveFile.h"
+#include "WaveData.h"
 
 #include <filesystem>
 #include <functional>
+#include <memory>
 
 namespace hearthbook {
 
@@ -16,7 +16,7 @@ public:
   /// Throws RunTimeError, naming the file, where it is no wave that can be read.
   explicit WaveSound(const std::filesystem::path& file);
 
-  [[nodiscard]] SoundFormat format() const override { return info_.format; }
+  [[nodiscard]] SoundFormat format() const override { return file_->format(); }
   [[nodiscard]] std::int64_t length() const override;
   void goTo(std::int64_t position) override;
   std::size_t read(std::byte* into, std::size_t bytes) override;
@@ -30,12 +30,11 @@ public:
             const std::function<void(const std::filesystem::path&)>& keepOld);
 
 private:
-  [[nodiscard]] std::int64_t bytes() const { return info_.dataBytes + recorded_.size(); }
+  [[nodiscard]] std::int64_t bytes() const { return file_->bytes() + recorded_.size(); }
   std::size_t readAt(std::int64_t place, std::byte* into, std::size_t count) const;
 
   std::filesystem::path name_;
-  FileDescriptor file_;
-  WaveInfo info_;
+  std::unique_ptr<WaveData> file_;
   RecordedSound recorded_;
   std::int64_t next_ = 0; ///< the byte that is read next
 };

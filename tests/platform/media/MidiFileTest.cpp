@@ -38,7 +38,8 @@ TEST(MidiFile, ATickIsFoundByItsTime) {
 }
 
 TEST(MidiFile, OfSeveralTracksTheLongestCountsAndTheFirstsTempo) {
-  const std::string slow = test::midiTune(4, 4);
+  std::string slow = test::midiTune(4, 4);
+  slow[11] = 2; // tracks
   const std::string other = test::midiTune(8, 8).substr(14);
   EXPECT_EQ(MidiFile(slow + other).length(), 4000);
 }
@@ -48,6 +49,19 @@ TEST(MidiFile, ChunksThatAreNotKnownAreSteppedOver) {
   EXPECT_EQ(
       MidiFile(tune.substr(0, 14) + std::string("XXXX\0\0\0\2ab", 10) + tune.substr(14)).length(),
       2000);
+}
+
+TEST(MidiFile, WhatStandsBehindThePromisedTracksIsNotRead) {
+  const std::string tune = test::midiTune(4, 4);
+  for (const std::string& behind : {std::string(1, '\0'), std::string("TAG of some program"),
+                                    std::string(3000, 'x'), std::string("MTrk\0\0\0\2ab", 10)})
+    EXPECT_EQ(MidiFile(tune + behind).length(), 2000) << behind.size();
+}
+
+TEST(MidiFile, ATrackThatIsPromisedAndMissingLeavesTheOthers) {
+  std::string tune = test::midiTune(4, 4);
+  tune[11] = 9;
+  EXPECT_EQ(MidiFile(tune).length(), 2000);
 }
 
 TEST(MidiFile, GarbageIsRefused) {

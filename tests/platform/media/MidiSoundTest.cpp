@@ -1,6 +1,7 @@
 #include "MidiSound.h"
 
 #include "FileBytes.h"
+#include "RunTimeError.h"
 #include "ScopedVariable.h"
 #include "TemporaryFolder.h"
 #include "TestSounds.h"
@@ -72,6 +73,25 @@ TEST_F(MidiSoundTest, BegunInItsMiddleATuneSoundsAsItDoesThere) {
                                    std::pair(1000, 440), std::pair(0, 440)}) {
     sound.goTo(from);
     EXPECT_NEAR(hertz(sound), note, 20) << from;
+  }
+}
+
+TEST_F(MidiSoundTest, ATuneWithBytesBehindItsTracksIsHeard) {
+  const auto file = lowThenHigh();
+  test::writeBytes(file, test::readBytes(file) + "left by some program");
+  MidiSound sound(file);
+  sound.goTo(2000);
+  EXPECT_NEAR(hertz(sound), 880, 20);
+}
+
+TEST_F(MidiSoundTest, AFileFarLargerThanAnyTuneIsRefusedUnread) {
+  const auto file = lowThenHigh();
+  std::filesystem::resize_file(file, std::uintmax_t{1} << 40); // takes no room on the disk
+  try {
+    const MidiSound sound(file);
+    ADD_FAILURE() << "a tune of a terabyte";
+  } catch (const RunTimeError& failure) {
+    EXPECT_EQ(failure.what(), "Cannot play \"" + file.string() + "\": it is too large for a tune.");
   }
 }
 

@@ -106,11 +106,13 @@ TEST(WaveFile, AWrongHeadIsRefused) {
   EXPECT_EQ(refusal(withBytes(wave, 32, none.substr(0, 2))), "its head is damaged") << "frame";
 }
 
-TEST(WaveFile, SoundPackedInAnotherWayIsRefusedByItsNumber) {
+TEST(WaveFile, OfSoundThatIsPackedTheWayIsToldByItsNumber) {
   const std::string wave = test::silentWave(test::lowQuality, 100);
-  EXPECT_EQ(refusal(withBytes(wave, 20, std::string("\x02\0", 2))),
-            "its sound is packed in a way that is not known here (2)");
-  EXPECT_NE(refusal(withBytes(wave, 34, std::string("\x0C\0", 2))), "") << "12 bits";
+  const WaveInfo packed = infoOf(withBytes(wave, 20, std::string("\x02\0", 2)));
+  EXPECT_EQ(packed.packing, 2U);
+  EXPECT_EQ(packed.dataStart, 44);
+  EXPECT_EQ(infoOf(withBytes(wave, 34, std::string("\x0C\0", 2))).packing, 1U) << "12 bits";
+  EXPECT_EQ(infoOf(wave).packing, std::nullopt);
 }
 
 TEST(WaveFile, AHeadOfTheLongFormTellsTheFormatFurtherBehind) {
