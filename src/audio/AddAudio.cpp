@@ -37,8 +37,8 @@ constexpr const char* microphoneHint = "Press the red button and speak, sing or 
                                        "you are done, listen to it, and attach "
                                        "it.";
 constexpr const char* discHint = "Press the red button and let the CD play. What is recorded of "
-                                 "all that the computer hears, the "
-                                 "mixer with the microphone decides.";
+                                 "all that the computer hears, the mixer with the microphone "
+                                 "decides: open it meanwhile.";
 
 } // namespace
 
@@ -99,16 +99,20 @@ void AddAudio::wireSound() {
   connect(sound_, &MMControl::statusUpdate, this, [this] { figures_->showStatus(); });
   connect(sound_, &MMControl::done, this, &AddAudio::played);
   connect(sound_, &MMControl::failed, this, &AddAudio::soundFailed);
-  connect(disc_, &MMControl::modeChanged, this, &AddAudio::discMoved);
-  connect(disc_, &MMControl::statusUpdate, this, &AddAudio::discMoved);
-  connect(disc_, &MMControl::failed, this, &AddAudio::showNote);
+  connect(disc_, &MMControl::modeChanged, this, &AddAudio::discChanged);
+  connect(disc_, &MMControl::statusUpdate, this, &AddAudio::showTrack);
+  connect(disc_, &MMControl::failed, this,
+          [this](const QString& why) { noteTrouble(discTrouble_, why); });
 }
 
 void AddAudio::wireChoice(WorkPool& pool) {
   choice_ = new SoundChoice({ui->Drive1, ui->Dir1, ui->folderEdit}, *ui->File1, album_.drives, pool,
                             this);
   connect(choice_, &SoundChoice::changed, this, &AddAudio::fileChosen);
-  connect(choice_, &SoundChoice::doubleClicked, sound_, &MMControl::Play);
+  connect(choice_, &SoundChoice::doubleClicked, this, [this] {
+    if (sound_->isOpen())
+      sound_->Play();
+  });
   onCommand(ui->homeButton, this, [this] { choice_->browser().showHome(); });
   onCommand(ui->musicButton, this, [this] { choice_->browser().showFolder(musicFolder()); });
 }
@@ -160,7 +164,7 @@ void AddAudio::showSubject() {
 void AddAudio::openSound(const std::filesystem::path& file) {
   sound_->Close();
   holdsRecording_ = false;
-  showNote({});
+  noteTrouble(soundTrouble_, {});
   sound_->setFile(file);
   sound_->Open();
 }
@@ -204,7 +208,8 @@ void AddAudio::changeTab(int index) {
     return ui->TabStrip1->setCurrentIndex(static_cast<int>(tab_));
   }
   closeBoth();
-  showNote({}); // it was about the tab before
+  noteTrouble(soundTrouble_, {}); // of the tab before
+  noteTrouble(discTrouble_, {});
   showTab(static_cast<Tab>(index));
   if (tab_ == Tab::File)
     return fileChosen();
@@ -244,6 +249,8 @@ void AddAudio::fileChosen() {
 }
 
 void AddAudio::record() {
+  if (!mayDropRecording())
+    return;
   openTemplate(figures_->readQuality());
   if (sound_->isOpen() && sound_->Record()) {
     holdsRecording_ = true;
@@ -259,6 +266,7 @@ void AddAudio::modeChanged() {
       sound_->mode() == MMControl::Mode::Playing || sound_->mode() == MMControl::Mode::Recording;
   if (!runs)
     return figures_->hideStatus();
+  noteTrouble(soundTrouble_, {}); // what it fails at now is told anew
   sound_->setUpdateInterval(tickMs);
   figures_->showStatus();
 }
@@ -277,14 +285,20 @@ void AddAudio::played() {
 }
 
 void AddAudio::soundFailed(const QString& why) {
-  showNote(why);
+  noteTrouble(soundTrouble_, why);
   if (!isRecording_)
     return;
   stopped(); // what was recorded until then can still be attached
   reportFailure(RunTimeError(toUtf8(why)));
 }
 
-void AddAudio::discMoved() {
+void AddAudio::discChanged() {
+  if (disc_->isOpen())
+    noteTrouble(discTrouble_, {});
+  showTrack();
+}
+
+void AddAudio::showTrack() {
   if (disc_->tracks() == 0)
     return ui->discPosition->clear();
   ui->discPosition->setText(
@@ -298,7 +312,10 @@ void AddAudio::attachFile() {
     return;
   }
   sound_->Close();
-  auto openAgain = qScopeGuard([&] { sound_->Open(); });
+  auto openAgain = qScopeGuard([&] {
+    sound_->Open();
+    figures_->showLength();
+  });
   {
     const Hourglass hourglass;
     subject().attach(*source);
@@ -314,7 +331,7 @@ void AddAudio::attachRecording() {
     MsgBox(QStringLiteral("Please Record Wave File"), formTitle, MsgIcon::Exclamation);
     return;
   }
-  isRecording_ = false;
+  stopped();
   sound_->setFileName(subject().recordingFile());
   if (!sound_->Save([this](const auto& old) { putAwayAudio(album_, old); }))
     throw RunTimeError(toUtf8(sound_->errorText()));
@@ -365,14 +382,18 @@ void AddAudio::openPlaybackMixer() {
 }
 
 void AddAudio::openRecordingMixer() {
-  if (!startMixer(Mixer::Recording))
+  if (!startMixer(isRecording_ ? Mixer::RunningRecording : Mixer::Recording))
     MsgBox(QStringLiteral("System recording mixer could not be found, please run it manualy."), {},
            MsgIcon::Critical);
 }
 
-void AddAudio::showNote(const QString& note) {
-  ui->soundNote->setText(note);
-  ui->soundNote->setVisible(!note.isEmpty());
+/// The recorder and the disc player may be in trouble at once; each is told until it is over.
+void AddAudio::noteTrouble(QString& player, const QString& why) {
+  player = why;
+  QStringList troubles{soundTrouble_, discTrouble_};
+  troubles.removeAll(QString());
+  ui->soundNote->setText(troubles.join(QLatin1Char('\n')));
+  ui->soundNote->setVisible(!troubles.isEmpty());
 }
 
 void AddAudio::updateEnabled() {

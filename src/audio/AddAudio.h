@@ -7,6 +7,8 @@
 #include "MMControl.h"
 #include "WorkPool.h"
 
+#include <QString>
+
 #include <filesystem>
 #include <memory>
 #include <optional>
@@ -79,7 +81,8 @@ private:
   void stopped();
   void played();
   void soundFailed(const QString& why);
-  void discMoved();
+  void discChanged();
+  void showTrack();
 
   // Commands
   void attachFile();
@@ -89,7 +92,7 @@ private:
   void openPlaybackMixer();
   void openRecordingMixer();
 
-  void showNote(const QString& note);
+  void noteTrouble(QString& player, const QString& why);
   void updateEnabled();
 
   Album& album_;
@@ -104,6 +107,8 @@ private:
   std::optional<std::filesystem::path> attached_; ///< found when the form came to the front
   bool holdsRecording_ = false;                   ///< made, or being made, and not attached
   bool isRecording_ = false;                      ///< until it is stopped, or breaks off
+  QString soundTrouble_;
+  QString discTrouble_;
 };
 
 } // namespace hearthbook

@@ -5,6 +5,7 @@
 #include <QHBoxLayout>
 #include <QToolButton>
 
+#include <algorithm>
 #include <initializer_list>
 
 namespace hearthbook {
@@ -74,12 +75,33 @@ void SoundTransport::updateEnabled() {
   const bool isPlaying = mode == Mode::Playing;
   const bool isRecording = mode == Mode::Recording;
   const bool holdsSound = control_.isOpen() && control_.length() > 0;
-  play_->setEnabled(holdsSound && !isPlaying && !isRecording);
-  pause_->setEnabled(isPlaying);
-  stop_->setEnabled(isPlaying || isRecording || mode == Mode::Paused);
-  for (QToolButton* move : {toStart_, toEnd_})
-    move->setEnabled(holdsSound && !isRecording);
-  record_->setEnabled(!isRecording);
+  enable({{play_, holdsSound && !isPlaying && !isRecording},
+          {pause_, isPlaying},
+          {stop_, isPlaying || isRecording || mode == Mode::Paused},
+          {toStart_, holdsSound && !isRecording},
+          {toEnd_, holdsSound && !isRecording},
+          {record_, !isRecording}});
+}
+
+/// A button that is disabled under the user's keys hands them on to what is wanted next, not to
+/// whatever stands behind these buttons.
+void SoundTransport::enable(const std::vector<std::pair<QToolButton*, bool>>& buttons) {
+  for (const auto& [button, canBePressed] : buttons)
+    if (canBePressed)
+      button->setEnabled(true);
+  const QWidget* focused = window()->focusWidget();
+  for (const auto& [button, canBePressed] : buttons)
+    if (!canBePressed && button == focused)
+      focusNext(buttons);
+  for (const auto& [button, canBePressed] : buttons)
+    button->setEnabled(canBePressed);
+}
+
+void SoundTransport::focusNext(const std::vector<std::pair<QToolButton*, bool>>& buttons) {
+  for (QToolButton* next : {pause_, play_, stop_, record_})
+    if (next->isVisibleTo(this) &&
+        std::ranges::find(buttons, std::pair(next, true)) != buttons.end())
+      return next->setFocus();
 }
 
 } // namespace hearthbook

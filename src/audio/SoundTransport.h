@@ -5,6 +5,9 @@
 
 #include <QWidget>
 
+#include <utility>
+#include <vector>
+
 class QToolButton;
 
 namespace hearthbook {
@@ -30,6 +33,8 @@ private:
   QToolButton* addButton(const char* name, TransportSymbol symbol, const QString& said);
   void wireButtons();
   void updateEnabled();
+  void enable(const std::vector<std::pair<QToolButton*, bool>>& buttons);
+  void focusNext(const std::vector<std::pair<QToolButton*, bool>>& buttons);
 
   MMControl control_;
   QToolButton* toStart_;

@@ -164,6 +164,31 @@ TEST_F(AddAudioFiles, DamagedFilesAreToldOnTheFormWithoutABox) {
   EXPECT_FALSE(isVisible(dialog, "soundNote"));
 }
 
+TEST_F(AddAudioFiles, APackedWaveIsPlayedAndAttachedAsItIs) {
+  for (const char* packing : {"ms-adpcm", "mp3"}) {
+    writePackedTones(source_ / "packed.wav", packing, {{440, 2500}});
+    auto& dialog = openTab(File);
+    choose(dialog, "packed.wav");
+    EXPECT_FALSE(isVisible(dialog, "soundNote")) << textOf(dialog, "soundNote");
+    EXPECT_EQ(textOf(dialog, "lblLength"), "2 Sec.") << packing;
+    transport(dialog, "play");
+    EXPECT_EQ(sound(dialog).mode(), Mode::Playing) << packing;
+    expectAttached();
+    press(dialog, "Command1");
+    EXPECT_EQ(readBytes(audio("00001.wav")), readBytes(source_ / "packed.wav")) << packing;
+  }
+}
+
+TEST_F(AddAudioFiles, ADoubleClickOnADamagedFileLeavesTheReason) {
+  add("broken.wav", "RIFF");
+  auto& dialog = openTab(File);
+  choose(dialog, "broken.wav");
+  auto* list = control<QListWidget>(dialog, "File1");
+  QTest::mouseDClick(list->viewport(), Qt::LeftButton, {},
+                     list->visualItemRect(list->currentItem()).center());
+  EXPECT_NE(textOf(dialog, "soundNote").find("broken.wav"), std::string::npos);
+}
+
 TEST_F(AddAudioFiles, ReturnAttachesTheChosenFileAndChoosesATypedFolder) {
   auto& dialog = openTab(File);
   choose(dialog, "voice.wav");

@@ -126,9 +126,53 @@ TEST_F(AddAudioRecording, AStoppedRecordingCanBeHeard) {
 
 TEST_F(AddAudioRecording, AnotherRecordingBeginsAnew) {
   const auto& dialog = open();
-  record(dialog, 1200);
-  record(dialog, 100);
-  EXPECT_LT(sound(dialog).length(), 1000);
+  record(dialog, 3000);
+  expectLoss(MsgAnswer::Ok);
+  transport(dialog, "record");
+  EXPECT_EQ(sound(dialog).mode(), Mode::Recording);
+  EXPECT_LT(sound(dialog).length(), 3000);
+}
+
+TEST_F(AddAudioRecording, TheRecordingThatIsThereIsNotLostWithoutAQuestion) {
+  const auto& dialog = open();
+  record(dialog);
+  const auto length = sound(dialog).length();
+  expectLoss(MsgAnswer::Cancel);
+  transport(dialog, "record");
+  EXPECT_EQ(sound(dialog).mode(), Mode::Stopped);
+  EXPECT_EQ(sound(dialog).length(), length);
+  expectRecordingAttached();
+  press(dialog, "Command4");
+  EXPECT_EQ(infoOf(audio("00001.wav")).length(), length);
+}
+
+TEST_F(AddAudioRecording, TheFirstRecordingOverAnAttachedSoundAsksNothing) {
+  attach("00001.wav", silentWave(lowQuality, 9000));
+  const auto& dialog = open();
+  record(dialog);
+  EXPECT_LT(sound(dialog).length(), 9000);
+}
+
+TEST_F(AddAudioRecording, KeysGoFromRecordToStopAndToPlay) {
+  const auto& dialog = open();
+  const auto focused = [&] { return toUtf8(dialog.focusWidget()->objectName()); };
+  control(*control(dialog, "MMControl1"), "record")->setFocus();
+  QTest::keyClick(dialog.focusWidget(), Qt::Key_Space);
+  EXPECT_EQ(focused(), "stop");
+  ASSERT_TRUE(waitFor([&] { return sound(dialog).length() > 0; }));
+  QTest::keyClick(dialog.focusWidget(), Qt::Key_Space);
+  EXPECT_EQ(sound(dialog).mode(), Mode::Stopped);
+  EXPECT_EQ(focused(), "play");
+}
+
+TEST_F(AddAudioRecording, AnAlbumsRecordingBearsItsIdAndItsOwnerIsTold) {
+  addAlbums();
+  auto& dialog = open("album");
+  record(dialog);
+  expectRecordingAttached();
+  press(dialog, "Command4");
+  EXPECT_EQ(sounds(), Names{"A7.wav"});
+  EXPECT_EQ(told_, std::vector<bool>{true});
 }
 
 TEST_F(AddAudioRecording, WithoutARecordingNothingIsAttached) {
@@ -187,6 +231,40 @@ TEST_F(AddAudioRecording, ARecordingThatCannotBeSavedIsToldAndKept) {
   expectRecordingAttached();
   press(dialog, "Command4");
   EXPECT_EQ(sounds(), Names{"00001.wav"});
+}
+
+TEST_F(AddAudioRecording, ARecordingThatCannotBeSavedTellsItsWholeLength) {
+  const auto& dialog = open();
+  startRecording(dialog, 1200);
+  std::filesystem::rename(at("Audio"), at("Gone"));
+  boxes_.expectFailure(toQString("Audio"));
+  press(dialog, "Command4");
+  EXPECT_EQ(sound(dialog).mode(), Mode::Stopped);
+  EXPECT_EQ(textOf(dialog, "lblLength"), std::to_string(sound(dialog).length() / 1000) + " Sec.");
+  transport(dialog, "play");
+  ASSERT_EQ(titleOf(dialog, "Frame1"), "Position");
+  boxes_.expectFailure(toQString("Audio"));
+  press(dialog, "Command4");
+  EXPECT_EQ(titleOf(dialog, "Frame1"), "Recording Length");
+  EXPECT_EQ(textOf(dialog, "lblLength"), std::to_string(sound(dialog).length() / 1000) + " Sec.");
+  EXPECT_FALSE(isVisible(dialog, "lblRec"));
+}
+
+TEST_F(AddAudioRecording, TheClosingCommandEndsARecordingThatRuns) {
+  const auto& dialog = open();
+  startRecording(dialog);
+  std::vector<Mode> modes;
+  MMControl& recorder = sound(dialog);
+  QObject::connect(&recorder, &MMControl::modeChanged, &recorder,
+                   [&] { modes.push_back(recorder.mode()); });
+  expectClosing(MsgAnswer::Cancel);
+  press(dialog, "Command6");
+  EXPECT_EQ(recorder.mode(), Mode::Recording);
+  expectClosing(MsgAnswer::Ok);
+  press(dialog, "Command6");
+  EXPECT_EQ(modes, (std::vector{Mode::Stopped, Mode::NotOpen}));
+  EXPECT_FALSE(isOpen());
+  EXPECT_TRUE(sounds().empty());
 }
 
 TEST_F(AddAudioRecording, ARecordingThatIsNotAttachedIsDroppedOnClosing) {

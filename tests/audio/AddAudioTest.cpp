@@ -2,11 +2,27 @@
 
 #include "PictureBox.h"
 
+#include <memory>
+
 namespace hearthbook::test {
 
 namespace {
 
 using Names = std::vector<std::string>;
+
+/// What a control went through since.
+class Modes {
+public:
+  explicit Modes(MMControl& control) {
+    QObject::connect(&control, &MMControl::modeChanged, &control,
+                     [seen = seen_, &control] { seen->push_back(control.mode()); });
+  }
+  [[nodiscard]] const std::vector<MMControl::Mode>& seen() const { return *seen_; }
+
+private:
+  std::shared_ptr<std::vector<MMControl::Mode>> seen_ =
+      std::make_shared<std::vector<MMControl::Mode>>();
+};
 
 /// Where nobody hears anything: what is played takes its time all the same.
 class AddAudioTest : public AddAudioFixture {
@@ -259,6 +275,64 @@ TEST_F(AddAudioTest, OnlyWhatCanBeDoneIsEnabled) {
   EXPECT_TRUE(canPress(dialog, "stop"));
 }
 
+TEST_F(AddAudioTest, KeysStayOnTheRecorderWhereverAButtonIsDisabled) {
+  attach("00001.wav", silentWave(lowQuality, 600'000));
+  const auto& dialog = open();
+  const auto focused = [&] { return toUtf8(dialog.focusWidget()->objectName()); };
+  const auto pressSpace = [&] { QTest::keyClick(dialog.focusWidget(), Qt::Key_Space); };
+  control(*control(dialog, "MMControl1"), "play")->setFocus();
+  pressSpace();
+  EXPECT_EQ(sound(dialog).mode(), Mode::Playing);
+  EXPECT_EQ(focused(), "pause");
+  pressSpace();
+  EXPECT_EQ(sound(dialog).mode(), Mode::Paused);
+  EXPECT_EQ(focused(), "play");
+  control(*control(dialog, "MMControl1"), "stop")->setFocus();
+  pressSpace();
+  EXPECT_EQ(sound(dialog).mode(), Mode::Stopped);
+  EXPECT_EQ(focused(), "play");
+}
+
+TEST_F(AddAudioTest, KeysOnAnotherControlAreNotTakenAwayByTheRecorder) {
+  attach("00001.wav", silentWave(lowQuality, 200));
+  const auto& dialog = open();
+  control(dialog, "Command7")->setFocus();
+  transport(dialog, "play");
+  control(dialog, "Command7")->setFocus();
+  EXPECT_TRUE(waitFor([&] { return sound(dialog).mode() == Mode::Stopped; }));
+  EXPECT_EQ(dialog.focusWidget(), control(dialog, "Command7"));
+}
+
+// Troubles
+
+TEST_F(AddAudioTest, ATroubleIsToldUntilItIsOver) {
+  attach("00001.wav", silentWave(lowQuality, 300));
+  const auto& dialog = open();
+  transport(dialog, "play");
+  ASSERT_TRUE(waitFor([&] { return isVisible(dialog, "soundNote"); }));
+  ASSERT_TRUE(waitFor([&] { return sound(dialog).mode() == Mode::Stopped; }));
+  const SoundDaemon daemon;
+  transport(dialog, "play");
+  ASSERT_TRUE(waitFor([&] { return sound(dialog).mode() == Mode::Stopped; }));
+  EXPECT_FALSE(isVisible(dialog, "soundNote")) << textOf(dialog, "soundNote");
+}
+
+TEST_F(AddAudioTest, TheTroubleOfTheDiscIsToldBesideThatOfTheSoundAndUntilADiscIsThere) {
+  attach("00001.wav", silentWave(lowQuality, 300));
+  const ScopedVariable drive("HEARTHBOOK_DISC", (source_ / "disc.cue").string());
+  auto& dialog = openTab(Disc);
+  const auto note = [&] { return textOf(dialog, "soundNote"); };
+  ASSERT_TRUE(waitFor([&] { return note().find("disc.cue") != std::string::npos; }));
+  transport(dialog, "play");
+  ASSERT_TRUE(waitFor([&] { return note().find("Sound cannot be heard") != std::string::npos; }));
+  EXPECT_NE(note().find("disc.cue"), std::string::npos);
+  makeDisc(source_, {400}, 3);
+  EXPECT_TRUE(disc(dialog).Open());
+  ASSERT_TRUE(waitFor([&] { return disc(dialog).isOpen(); }));
+  EXPECT_EQ(note().find("disc.cue"), std::string::npos) << note();
+  EXPECT_NE(note().find("Sound cannot be heard"), std::string::npos) << note();
+}
+
 // Tabs
 
 TEST_F(AddAudioTest, EachTabShowsItsOwn) {
@@ -294,6 +368,22 @@ TEST_F(AddAudioTest, ATabStopsWhatWasPlayedAndOpensTheAttachedSoundAgain) {
   chooseTab(dialog, Microphone);
   EXPECT_EQ(sound(dialog).fileName(), audio("00001.wav"));
   EXPECT_EQ(textOf(dialog, "lblLength"), "60 Sec.");
+}
+
+TEST_F(AddAudioTest, ATabPutsTheAttachedSoundBackOnItsOwnDevice) {
+  attach("00001.mid", midiTune(8, 8));
+  writeBytes(source_ / "voice.wav", silentWave(lowQuality, 3000));
+  for (const Tab tab : {Microphone, Disc}) {
+    auto& dialog = openTab(File);
+    choose(dialog, "voice.wav");
+    ASSERT_EQ(sound(dialog).deviceType(), DeviceType::WaveAudio);
+    chooseTab(dialog, tab);
+    EXPECT_EQ(sound(dialog).deviceType(), DeviceType::Sequencer) << tab;
+    EXPECT_EQ(sound(dialog).fileName(), audio("00001.mid")) << tab;
+    EXPECT_TRUE(sound(dialog).isOpen()) << tab;
+    EXPECT_EQ(textOf(dialog, "lblLength"), "4 Sec.") << tab;
+    dialog.Unload();
+  }
 }
 
 TEST_F(AddAudioTest, TheTabForDiscsTellsWhereThereIsNone) {
@@ -355,6 +445,21 @@ TEST_F(AddAudioTest, TheTabForFilesRemovesByTheSameCommand) {
   EXPECT_TRUE(sounds().empty());
 }
 
+TEST_F(AddAudioTest, BehindARemovalTheChosenFileIsOpenAsBefore) {
+  attach("00001.wav", silentWave(lowQuality, 2000));
+  writeBytes(source_ / "voice.wav", silentWave(lowQuality, 3000));
+  auto& dialog = openTab(File);
+  choose(dialog, "voice.wav");
+  expectRemoval("photo", MsgAnswer::Ok);
+  press(dialog, "Command3");
+  EXPECT_TRUE(sounds().empty());
+  EXPECT_EQ(sound(dialog).fileName(), source_ / "voice.wav");
+  EXPECT_TRUE(sound(dialog).isOpen());
+  EXPECT_EQ(textOf(dialog, "lblLength"), "3 Sec.");
+  EXPECT_EQ(textOf(dialog, "lblSize"), "33k");
+  EXPECT_FALSE(isEnabled(dialog, "Command3"));
+}
+
 TEST_F(AddAudioTest, ClosingAsksUnderTheTitleOfRemoving) {
   auto& dialog = open();
   expectClosing(MsgAnswer::Cancel);
@@ -373,6 +478,40 @@ TEST_F(AddAudioTest, EscapeIsTheCommandToClose) {
   EXPECT_FALSE(isOpen());
 }
 
+TEST_F(AddAudioTest, TheClosingCommandSilencesTheSoundAndTheDisc) {
+  const ScopedVariable drive("HEARTHBOOK_DISC", makeDisc(source_, {400}, 3).string());
+  attach("00001.wav", silentWave(lowQuality, 60'000));
+  auto& dialog = openTab(Disc);
+  ASSERT_TRUE(waitFor([&] { return disc(dialog).isOpen(); }));
+  transport(dialog, "play");
+  transport(dialog, "play", "MMControl2");
+  const Modes ofSound(sound(dialog));
+  const Modes ofDisc(disc(dialog));
+  expectClosing(MsgAnswer::Cancel);
+  press(dialog, "Command6");
+  EXPECT_TRUE(ofSound.seen().empty()) << "nothing was closed";
+  EXPECT_TRUE(disc(dialog).isOpen());
+  expectClosing(MsgAnswer::Ok);
+  press(dialog, "Command6");
+  EXPECT_FALSE(isOpen());
+  EXPECT_EQ(ofSound.seen(), (std::vector{Mode::Stopped, Mode::NotOpen}));
+  ASSERT_FALSE(ofDisc.seen().empty());
+  EXPECT_EQ(ofDisc.seen().back(), Mode::NotOpen);
+}
+
+TEST_F(AddAudioTest, TheClosingCommandOfTheTabForFilesSilencesTheChosenFile) {
+  writeBytes(source_ / "voice.wav", silentWave(lowQuality, 60'000));
+  auto& dialog = openTab(File);
+  choose(dialog, "voice.wav");
+  transport(dialog, "play");
+  const Modes ofSound(sound(dialog));
+  expectClosing(MsgAnswer::Ok);
+  press(dialog, "Command2");
+  EXPECT_FALSE(isOpen());
+  ASSERT_FALSE(ofSound.seen().empty());
+  EXPECT_EQ(ofSound.seen().back(), Mode::NotOpen);
+}
+
 TEST_F(AddAudioTest, UnloadingByOtherMeansIsSilentAndAsksNothing) {
   const ScopedVariable drive("HEARTHBOOK_DISC", makeDisc(source_, {400}, 3).string());
   attach("00001.wav", silentWave(lowQuality, 60'000));
@@ -380,18 +519,12 @@ TEST_F(AddAudioTest, UnloadingByOtherMeansIsSilentAndAsksNothing) {
   ASSERT_TRUE(waitFor([&] { return disc(dialog).isOpen(); }));
   transport(dialog, "play");
   transport(dialog, "play", "MMControl2");
-  std::vector<Mode> modes;
-  std::vector<Mode> discModes;
-  const auto note = [](MMControl& control, std::vector<Mode>& into) {
-    QObject::connect(&control, &MMControl::modeChanged, &control,
-                     [&control, &into] { into.push_back(control.mode()); });
-  };
-  note(sound(dialog), modes);
-  note(disc(dialog), discModes);
+  const Modes ofSound(sound(dialog));
+  const Modes ofDisc(disc(dialog));
   dialog.close();
   EXPECT_FALSE(isOpen());
-  EXPECT_EQ(modes, (std::vector{Mode::Stopped, Mode::NotOpen}));
-  EXPECT_EQ(discModes, (std::vector{Mode::Stopped, Mode::NotOpen}));
+  EXPECT_EQ(ofSound.seen(), (std::vector{Mode::Stopped, Mode::NotOpen}));
+  EXPECT_EQ(ofDisc.seen(), (std::vector{Mode::Stopped, Mode::NotOpen}));
 }
 
 } // namespace hearthbook::test

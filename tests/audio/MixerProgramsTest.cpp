@@ -44,6 +44,23 @@ TEST_F(MixerPrograms, TheDesktopsMixerIsStartedForLoudspeakersAndForMicrophones)
   }
 }
 
+TEST_F(MixerPrograms, WhileItRecordsThePageOfTheRunningRecordingsIsShown) {
+  install("pavucontrol");
+  const auto& dialog = open();
+  {
+    const ScopedVariable path("PATH", programs_.string() + ":/usr/bin:/bin");
+    const SoundDaemon daemon;
+    transport(dialog, "record");
+    ASSERT_TRUE(waitFor([&] { return sound(dialog).length() > 0; }));
+    press(dialog, "Command8");
+    EXPECT_EQ(toldTo("pavucontrol"), "--tab=2\n");
+    transport(dialog, "stop");
+  }
+  std::filesystem::remove(at("pavucontrol.told"));
+  press(dialog, "Command8");
+  EXPECT_EQ(toldTo("pavucontrol"), "--tab=4\n");
+}
+
 TEST_F(MixerPrograms, AnotherMixerDoes) {
   install("mate-volume-control");
   press(open(), "Command7");
