@@ -349,10 +349,15 @@ void AddSubAlbum::removeAt(std::size_t position) {
 void AddSubAlbum::removePhoto() {
   if (chosenId().empty())
     return;
-  album_.data.AlbumDB.transaction([this] {
-    removeMember(members_, chosenId(), album_.vars.ContextPhotoID);
-    UpdateAlbum();
-  });
+  try {
+    album_.data.AlbumDB.transaction([this] {
+      removeMember(members_, chosenId(), album_.vars.ContextPhotoID);
+      UpdateAlbum();
+    });
+  } catch (...) {
+    members_.Requery(); // it was read without the photo, which is back
+    throw;
+  }
   setThumbs();
 }
 

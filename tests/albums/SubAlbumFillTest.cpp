@@ -240,4 +240,20 @@ TEST_F(SubAlbumFillForm, AnOrderThatCannotBeStoredKeepsTheFormOpen) {
   EXPECT_EQ(storedNumbers(folder_, lake), (Numbers{4, 2, 3}));
 }
 
+TEST_F(SubAlbumFillForm, APhotoWhoseRemovalFailsIsStillAMember) {
+  const auto lake = addAlbumUpTo(4);
+  auto& form = openForEditor();
+  choose(form, lake);
+  data().AlbumDB.execute("CREATE TEMP TRIGGER Full BEFORE UPDATE ON SubAlbumPhotos BEGIN SELECT "
+                         "RAISE(ABORT, 'full'); END");
+  Q_EMIT strip(form).moveAsked(2, 0);
+  boxes_.expectFailure({});
+  Q_EMIT strip(form).removeAsked(1);
+  EXPECT_EQ(data().rsSubAlbumPhotos.RecordCount(), 3);
+  EXPECT_EQ(shown(form), (Numbers{4, 2, 3}));
+  data().AlbumDB.execute("DROP TRIGGER Full");
+  Q_EMIT strip(form).removeAsked(1);
+  EXPECT_EQ(storedNumbers(folder_, lake), (Numbers{4, 3}));
+}
+
 } // namespace hearthbook::test
