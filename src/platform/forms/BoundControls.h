@@ -84,6 +84,8 @@ Q_SIGNALS:
 
 protected:
   void mousePressEvent(QMouseEvent* event) override;
+  [[nodiscard]] QItemSelectionModel::SelectionFlags
+  selectionCommand(const QModelIndex& index, const QEvent* event) const override;
 
 private:
   class Model;

@@ -73,6 +73,14 @@ void DataList::mousePressEvent(QMouseEvent* event) {
     Q_EMIT chosen(); // the program may have chosen it, of which nobody was told
 }
 
+/// A choice goes only when another one is made: Control on the chosen row takes nothing away.
+QItemSelectionModel::SelectionFlags DataList::selectionCommand(const QModelIndex& index,
+                                                               const QEvent* event) const {
+  const auto command = QListView::selectionCommand(index, event);
+  const bool takesAway = command & (QItemSelectionModel::Deselect | QItemSelectionModel::Toggle);
+  return takesAway && selectionModel()->isSelected(index) ? QItemSelectionModel::NoUpdate : command;
+}
+
 int DataList::chosenRow() const {
   const QModelIndexList rows = selectionModel()->selectedRows();
   return rows.isEmpty() ? -1 : rows.first().row();

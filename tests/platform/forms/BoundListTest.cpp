@@ -235,6 +235,22 @@ TEST_F(BoundListTest, AClickOnARowThatTheProgramChoseIsAChoiceToo) {
   EXPECT_EQ(chosen.count(), 1);
 }
 
+TEST_F(BoundListTest, ControlOnTheChosenRowLeavesItChosen) {
+  DataList list;
+  list.setListSource(source());
+  list.show();
+  list.setBoundText(2);
+  const auto row = [&] { return list.visualRect(list.model()->index(1, 0)).center(); };
+  QTest::mouseClick(list.viewport(), Qt::LeftButton, Qt::ControlModifier, row());
+  EXPECT_EQ(list.BoundText(), Value(2));
+  list.setFocus();
+  QTest::keyClick(&list, Qt::Key_Space, Qt::ControlModifier);
+  EXPECT_EQ(list.BoundText(), Value(2));
+  QTest::mouseClick(list.viewport(), Qt::LeftButton, Qt::ControlModifier,
+                    list.visualRect(list.model()->index(2, 0)).center());
+  EXPECT_EQ(list.BoundText(), Value(3));
+}
+
 TEST_F(BoundListTest, AListReFilledKeepsTheChoice) {
   DataList list;
   list.setListSource(source());
