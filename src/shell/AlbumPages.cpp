@@ -19,6 +19,12 @@ void showAlbumPages(const OpenedAlbum& opened) {
   viewer.Show();
 }
 
+void renameAlbumPages(int albumId, const QString& name) {
+  auto* open = Forms::loaded<Viewer>();
+  if (open && open->Tag == QString::number(albumId))
+    open->setCaption(toQString(captionOfPages(toUtf8(name))));
+}
+
 void showResultPages(const QString& caption) {
   auto& viewer = Forms::get<Viewer>();
   viewer.setCaption(caption);

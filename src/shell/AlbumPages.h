@@ -12,6 +12,9 @@ void closeAlbumPages();
 /// Opens them on the album that was opened.
 void showAlbumPages(const OpenedAlbum& opened);
 
+/// They bear the new name, if they show that sub-album.
+void renameAlbumPages(int albumId, const QString& name);
+
 /// Opens them on what Search has found.
 void showResultPages(const QString& caption);
 

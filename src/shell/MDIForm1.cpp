@@ -1,5 +1,6 @@
 #include "MDIForm1.h"
 
+#include "AlbumPages.h"
 #include "Closing.h"
 #include "Command.h"
 #include "FormArea.h"
@@ -92,6 +93,9 @@ void MDIForm1::addAlbumEntry(int albumId, const QString& name) { menu_->addAlbum
 
 void MDIForm1::renameAlbumEntry(int albumId, const QString& name) {
   menu_->renameAlbum(albumId, name);
+  if (auto& chosen = album_.vars.chosenAlbum; chosen.id == albumId)
+    chosen.name = toUtf8(name);
+  renameAlbumPages(albumId, name);
 }
 
 void MDIForm1::removeAlbumEntry(int albumId) { menu_->removeAlbum(albumId); }

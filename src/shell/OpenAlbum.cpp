@@ -19,7 +19,7 @@ std::optional<OpenedAlbum> openSubAlbum(Album& album, int albumId, const std::st
     return std::nullopt;
   for (const int value : {30, 40, 50, 60, 100})
     bar(value);
-  return OpenedAlbum{"Viewing Album: " + name, std::to_string(albumId), true};
+  return OpenedAlbum{captionOfPages(name), std::to_string(albumId), true};
 }
 
 OpenedAlbum openMasterAlbum(Album& album, const std::function<void(int)>& bar) {
@@ -34,6 +34,8 @@ OpenedAlbum openMasterAlbum(Album& album, const std::function<void(int)>& bar) {
 }
 
 } // namespace
+
+std::string captionOfPages(const std::string& albumName) { return "Viewing Album: " + albumName; }
 
 std::optional<OpenedAlbum> openAlbum(Album& album, int albumId, const std::string& name,
                                      const std::function<void(int)>& bar) {

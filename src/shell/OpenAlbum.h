@@ -23,4 +23,7 @@ struct OpenedAlbum {
 std::optional<OpenedAlbum> openAlbum(Album& album, int albumId, const std::string& name,
                                      const std::function<void(int)>& bar);
 
+/// What the pages of a sub-album are called.
+std::string captionOfPages(const std::string& albumName);
+
 } // namespace hearthbook

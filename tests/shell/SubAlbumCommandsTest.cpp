@@ -246,6 +246,28 @@ TEST_F(SubAlbumCommandsTest, APhotoTakenOutOverThePagesIsGoneFromThem) {
   EXPECT_EQ(shownOn(pages), members());
 }
 
+TEST_F(SubAlbumCommandsTest, PagesBearTheNewNameOfTheirAlbum) {
+  auto& pages = openLake();
+  inEditor([](const AddSubAlbum& editor) {
+    auto* name = editor.findChild<QLineEdit*>(QStringLiteral("txtAlbumName"));
+    name->setFocus();
+    name->selectAll();
+    QTest::keyClicks(name, QStringLiteral("Sea"));
+    press(editor, "CancelButton");
+  });
+  press(pages, "Command5");
+  EXPECT_EQ(pages.caption(), toQString("Viewing Album: Sea"));
+  EXPECT_EQ(album().vars.chosenAlbum.name, "Sea");
+  EXPECT_TRUE(menuNames().contains(toQString("Sea")));
+}
+
+TEST_F(SubAlbumCommandsTest, PagesOfAnotherAlbumKeepTheirName) {
+  frame->menu().album(0)->trigger();
+  frame->renameAlbumEntry(7, toQString("Sea"));
+  EXPECT_EQ(Forms::get<Viewer>().caption(), toQString("Viewing Master Album"));
+  EXPECT_EQ(album().vars.chosenAlbum.name, "Master Album");
+}
+
 TEST_F(SubAlbumCommandsTest, PagesOfASubAlbumThatIsEmptyNowClose) {
   frame->menu().album(7)->trigger();
   inEditor([&](const AddSubAlbum& editor) {
