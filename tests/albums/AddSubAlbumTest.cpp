@@ -1,5 +1,8 @@
 #include "SubAlbumFixture.h"
+#include "WaitFor.h"
 
+#include <QListWidget>
+#include <QTabBar>
 #include <QTimer>
 
 #include <filesystem>
@@ -339,6 +342,28 @@ TEST_F(AddSubAlbumForm, TheAudioCommandOpensTheSoundOfTheSubAlbumAndTellsWhatBec
   EXPECT_EQ(task, toQString("album"));
   EXPECT_FALSE(std::filesystem::exists(at("Audio") / "A1.mid"));
   EXPECT_EQ(text(form, "Command3"), "Add Background Audio");
+}
+
+TEST_F(AddSubAlbumForm, ATuneThatIsAttachedIsToldByTheCaptionAndBearsTheAlbumsNumber) {
+  const auto lake = addAlbumUpTo(3);
+  std::filesystem::create_directories(at("Tunes"));
+  std::ofstream(at("Tunes") / "waltz.mid") << "la";
+  vars().LastSoundFolder = at("Tunes");
+  auto& form = openForEditor();
+  choose(form, lake);
+  QTimer::singleShot(0, &form, [&] {
+    auto& dialog = Forms::get<AddAudio>();
+    control<QTabBar>(dialog, "TabStrip1")->setCurrentIndex(2);
+    auto* files = control<QListWidget>(dialog, "File1");
+    EXPECT_TRUE(waitFor([&] { return files->count() == 1; }));
+    files->setCurrentRow(0);
+    boxes_.expectMessage(toQString("Audio File Attached Successfully"), toQString("Add Audio"));
+    FormControls::press(dialog, "Command1");
+  });
+  press(form, "Command3");
+  EXPECT_EQ(Forms::loaded<AddAudio>(), nullptr);
+  EXPECT_TRUE(std::filesystem::exists(at("Audio") / "A1.mid"));
+  EXPECT_EQ(text(form, "Command3"), "Update Background Audio");
 }
 
 } // namespace hearthbook::test
