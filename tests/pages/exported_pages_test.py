@@ -352,6 +352,14 @@ class ExportedPages(unittest.TestCase):
             (KEEP / "photograph.pdf").write_bytes(printed)
             self.assertEqual(len(re.findall(rb"/Type /Page\b", printed)), 1)
 
+    def test_paper_is_printed_white(self):
+        with self.page() as page:
+            page.call("Emulation.setEmulatedMedia", media="print")
+            for address, frame in ((self.start.name, None), ("frameset.htm?Page=1", "leftCtrl")):
+                page.open(f"{self.tree.as_uri()}/{address}")
+                page.wait_for("document.readyState == 'complete' && getComputedStyle(document.body).background"
+                              ".startsWith('rgb(255, 255, 255) none')", frame)
+
     def test_a_long_description_is_printed_to_its_end(self):
         for way, root in self.ways.items():
             with self.subTest(way), self.page() as page:
