@@ -1,19 +1,22 @@
 """The designs of single pages in a real browser, filled with texts and then with none.
 
-    designed_pages_test.py BUILD KEEP [unittest's options]
+    designed_pages_test.py BUILD KEEP DESIGN_PAGE [unittest's options]
+
+DESIGN_PAGE is the program that makes a page as the designer does.
 """
 import pathlib
 import re
 import shutil
+import subprocess
 import sys
 import tempfile
 import unittest
 
 from browser import Browser
 from links import broken_links
-from pictures import make_tone, resize, size_of
+from pictures import make_tone
 
-BUILD, KEEP = pathlib.Path(sys.argv[1]), pathlib.Path(sys.argv[2])
+BUILD, KEEP, DESIGN_PAGE = (pathlib.Path(argument) for argument in sys.argv[1:4])
 APPLICATION = BUILD / "application"
 DESIGNS = ["Wedding", "New Baby", "Birthday", "Vacation", "Reunion"]
 SIZES = {"desktop": (1366, 900), "telephone": (390, 844)}
@@ -21,8 +24,7 @@ TOKEN = re.compile(r"\^\^(\w+)\^\^")
 
 
 def words_of(tag):
-    return {"Title": "What a Wonderful Day", "Music": "music.wav", "Background": "background.gif"}.get(
-        tag, "All about " + re.sub("([A-Z])", r" \1", tag).strip())
+    return "What a Wonderful Day" if tag == "Title" else "All about " + re.sub("([A-Z])", r" \1", tag).strip()
 
 
 class DesignedPages(unittest.TestCase):
@@ -32,18 +34,24 @@ class DesignedPages(unittest.TestCase):
         cls.addClassCleanup(cls.browser.__exit__)
         KEEP.mkdir(parents=True, exist_ok=True)
 
-    def make(self, design, tell):
-        """The page of a design with each token as `tell` tells it."""
-        folder = tempfile.TemporaryDirectory(prefix="hearthbook-design-")
-        self.addCleanup(folder.cleanup)
-        page = pathlib.Path(folder.name) / "testing1"
-        shutil.copytree(APPLICATION / "export" / "templates" / design, page)
-        index = page / "index.htm"
-        text = index.read_text()
-        index.write_text(TOKEN.sub(lambda token: tell(token[1]), text))
-        shutil.copy(APPLICATION / "Media" / "WaterMark2.gif", page / "background.gif")
-        make_tone(page / "music.wav")
-        return index, set(TOKEN.findall(text))
+    def make(self, design, words=None, fill=False):
+        """The page of a design with words in all its boxes and photographs in some, or with nothing."""
+        home = tempfile.TemporaryDirectory(prefix="hearthbook-design-")
+        self.addCleanup(home.cleanup)
+        folder = pathlib.Path(home.name)
+        shutil.copytree(APPLICATION / "export" / "templates", folder / "export" / "templates")
+        template = folder / "export" / "templates" / design
+        tags = set(TOKEN.findall((template / "index.htm").read_text())) - {"Music", "Background"}
+        told = [f"text:{tag}={words(tag) if words else ''}" for tag in tags]
+        told.append(f"background={APPLICATION / 'Media' / 'WaterMark2.gif'}")
+        if words:
+            make_tone(folder / "waltz.wav")
+            told.append(f"music={folder / 'waltz.wav'}")
+        if fill:
+            boxes, samples = (sorted(where.glob("*.jpg")) for where in (template, BUILD / "samples"))
+            told += [f"photo:{box.stem}={sample}" for box, sample in zip(boxes[::2], samples)]
+        made = subprocess.run([DESIGN_PAGE, folder, design, *told], check=True, capture_output=True, text=True)
+        return pathlib.Path(made.stdout.strip()), tags
 
     def check(self, page):
         self.assertEqual(page.errors, [])
@@ -53,31 +61,35 @@ class DesignedPages(unittest.TestCase):
 
     def test_every_design_shows_every_text_at_every_size(self):
         for design in DESIGNS:
-            index, tags = self.make(design, words_of)
-            self.fill(index.parent)
+            index, tags = self.make(design, words_of, fill=True)
             self.assertEqual(broken_links(index.parent), [])
             for name, size in SIZES.items():
                 with self.subTest(design=design, size=name), self.browser.page(*size) as page:
                     page.open(index.as_uri())
                     self.check(page)
                     text = page.evaluate("document.body.innerText")
-                    for tag in tags - {"Music", "Background"}:
+                    for tag in tags:
                         self.assertIn(words_of(tag), text)
                     self.assertLessEqual(page.evaluate("document.documentElement.scrollWidth"), size[0])
                     page.screenshot(KEEP / f"{design}-{name}.png")
 
-    @staticmethod
-    def fill(folder):
-        """Photographs into some of the boxes."""
-        samples = sorted((BUILD / "samples").glob("*.jpg"))
-        for photo, sample in zip(sorted(folder.glob("*.jpg"))[::2], samples):
-            width, height = size_of(photo)
-            resize(sample, photo, f"{width}x{height}!")
+    def test_the_ground_covers_the_whole_window(self):
+        with self.browser.page(1366, 3000) as page:
+            page.open(self.make("New Baby", words_of)[0].as_uri())
+            self.assertGreaterEqual(page.evaluate("document.body.getBoundingClientRect().bottom"), 3000)
+            self.assertIn("background.gif", page.evaluate("getComputedStyle(document.body).backgroundImage"))
+
+    def test_on_a_telephone_what_the_page_is_about_comes_first(self):
+        with self.browser.page(390, 844) as page:
+            page.open(self.make("New Baby", words_of)[0].as_uri())
+            tops = page.evaluate("['Baby', 'Mom', 'Dad'].map(name => document.querySelector(`img[src='${name}.jpg']`)"
+                                 ".getBoundingClientRect().top)")
+            self.assertEqual(tops, sorted(tops))
 
     def test_a_page_without_texts_is_a_page_all_the_same(self):
         for design in DESIGNS:
             with self.subTest(design=design), self.browser.page() as page:
-                page.open(self.make(design, lambda tag: "")[0].as_uri())
+                page.open(self.make(design)[0].as_uri())
                 self.check(page)
                 self.assertTrue(page.evaluate("document.getElementById('music').hidden"))
 
@@ -89,4 +101,4 @@ class DesignedPages(unittest.TestCase):
 
 
 if __name__ == "__main__":
-    unittest.main(argv=[sys.argv[0], *sys.argv[3:]])
+    unittest.main(argv=[sys.argv[0], *sys.argv[4:]])

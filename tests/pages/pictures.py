@@ -7,10 +7,6 @@ def make_tone(file):
                     "vol", "0.2"], check=True)
 
 
-def resize(source, target, size):
-    subprocess.run(["convert", source, "-auto-orient", "-resize", size, "-strip", target], check=True)
-
-
 def size_of(picture):
     told = subprocess.run(["identify", "-format", "%w %h", picture], check=True, capture_output=True, text=True)
     return tuple(map(int, told.stdout.split()))
