@@ -61,6 +61,7 @@ void DesignSurface::makeTitle() {
   title_->setObjectName(QStringLiteral("txtTitle"));
   title_->setProperty(tagProperty, toQString(titleTag));
   title_->setAccessibleName(QStringLiteral("Title"));
+  title_->setToolTip(QStringLiteral("The heading of the page"));
   title_->setAlignment(Qt::AlignCenter);
   constexpr TwipsRect field{210, 540, designTitle.width - 420, 780};
   titleFrame_->place(title_, field, titlePoints);
@@ -94,6 +95,7 @@ void DesignSurface::makeBox(const PageDesign& design, const DesignBox& box) {
     photo->setProperty("index", index);
     photo->setProperty(tagProperty, tag);
     photo->setAccessibleName(QStringLiteral("Photo: ") + caption);
+    photo->setToolTip(QStringLiteral("Click to select a photo for ") + caption);
     frame->place(photo, photoInFrame(sizeOf(box.frame)), textPoints);
     connect(photo, &QAbstractButton::clicked, this, [this, index] { Q_EMIT photoAsked(index); });
   }
@@ -102,6 +104,7 @@ void DesignSurface::makeBox(const PageDesign& design, const DesignBox& box) {
   text->setProperty("index", index);
   text->setProperty(tagProperty, tag);
   text->setAccessibleName(caption);
+  text->setToolTip(QStringLiteral("The words of the page for ") + caption);
   text->setAlignment(Qt::AlignCenter);
   frame->place(text, textInFrame(sizeOf(box.frame), box.hasPhoto), textPoints);
   places_.push_back({&design, &box, frame, photo, text});

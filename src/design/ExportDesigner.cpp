@@ -68,9 +68,12 @@ ExportDesigner::ExportDesigner(Album& album, WorkPool& pool, DesignFiles files)
   ui->ImgX1->setParts(ui->HScroll2, ui->VScroll2, ui->boxRegion);
   ui->frmThumbCells->setSource(
       pool_, ui->VScroll1,
-      [&album = album_](const DesignHit& hit) {
-        return thumbnailPath(album, hit.pictureId).value_or(std::filesystem::path());
-      },
+      {[&album = album_](const DesignHit& hit) {
+         return thumbnailPath(album, hit.pictureId).value_or(std::filesystem::path());
+       },
+       [&album = album_](const DesignHit& hit) {
+         return imagePath(album, hit.pictureId).value_or(std::filesystem::path());
+       }},
       notFoundPicture(album_));
   chooser_ = new PhotoChooser(
       PhotoChooser::Lists{{{DesignSearch::Person, ui->radPerson, ui->Combo1, "Search for person"},
@@ -92,6 +95,8 @@ void ExportDesigner::makeTemplateButtons() {
     button->setObjectName(QStringLiteral("optTemplate"));
     button->setProperty("index", index);
     button->setChecked(index == 0);
+    button->setToolTip(QStringLiteral("Another design of the page; what you have put into this one "
+                                      "is kept"));
     ui->optTemplates->addWidget(button);
     onCommand(button, this, [this, &design] { chooseTemplate(design); });
     ++index;
@@ -113,6 +118,7 @@ void ExportDesigner::wireControls() {
 }
 
 void ExportDesigner::load() {
+  musicTip_ = ui->chkMusic->toolTip();
   background_ = paperPicture(album_.folder);
   surface_->tile(pictureOrNone(background_));
   chooser_->fillLists();
@@ -151,7 +157,7 @@ void ExportDesigner::customizeBackground() {
 void ExportDesigner::playWelcomeMusic(bool on) {
   music_ = on ? files_.chooseMusic() : std::nullopt;
   ui->chkMusic->setChecked(music_.has_value());
-  ui->chkMusic->setToolTip(music_ ? toQString(music_->filename()) : QString());
+  ui->chkMusic->setToolTip(music_ ? toQString(music_->filename()) : musicTip_);
 }
 
 void ExportDesigner::askForPhoto(int index) {

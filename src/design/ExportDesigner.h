@@ -75,8 +75,9 @@ private:
   PhotoChooser* chooser_ = nullptr;
   std::filesystem::path background_;
   std::optional<std::filesystem::path> music_;
-  int asked_ = 0;   ///< the box for which a photo is chosen
-  int request_ = 0; ///< counts the photos asked for, so that a late one is not shown
+  QString musicTip_; ///< without music; with one its name is told
+  int asked_ = 0;    ///< the box for which a photo is chosen
+  int request_ = 0;  ///< counts the photos asked for, so that a late one is not shown
   std::optional<Hourglass> waiting_;
   bool made_ = false;
 };

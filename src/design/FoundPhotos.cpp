@@ -3,6 +3,7 @@
 #include "ApplicationFolder.h"
 #include "Beside.h"
 #include "Decode.h"
+#include "Encode.h"
 #include "GridWalk.h"
 #include "Look.h"
 #include "PhotoBox.h"
@@ -22,17 +23,41 @@ namespace hearthbook {
 namespace {
 
 constexpr int cellCount = FoundPhotos::columns * FoundPhotos::rows;
-constexpr int thumbnailSide = 160; // as large as a cell is on a large screen
 
 const QString nothingFound = QStringLiteral("There are no such photos.");
 
-/// The thumbnail, else what stands in for it.
-Picture thumbnailOr(const std::filesystem::path& file, const std::filesystem::path& notFound) {
-  const Picture picture = fileExists(file) ? pictureWithinOrNone(file, thumbnailSide) : Picture();
-  return picture.isNull() ? pictureWithinOrNone(notFound, thumbnailSide) : picture;
-}
+constexpr int stretchedMost = 2 * thumbnailSide; // from there on a thumbnail is a blur
 
 } // namespace
+
+struct FoundPhotos::Wanted {
+  Files files;
+  DesignHit hit;
+  std::filesystem::path notFound;
+  int side; ///< pixels that the cell has
+};
+
+struct FoundPhotos::Shown {
+  Picture picture;
+  bool blurred = false; ///< the photo would be sharper
+};
+
+/// The thumbnail, else what stands in for it.
+FoundPhotos::Shown FoundPhotos::thumbnailOf(const Wanted& wanted) {
+  const auto file = wanted.files.thumbnail(wanted.hit);
+  Shown shown{fileExists(file) ? pictureWithinOrNone(file, wanted.side) : Picture(), false};
+  if (shown.picture.isNull())
+    shown.picture = pictureWithinOrNone(wanted.notFound, wanted.side);
+  else
+    shown.blurred = wanted.side > stretchedMost && file != wanted.files.photo(wanted.hit);
+  return shown;
+}
+
+/// The photo as sharp as the cell can show it; none where it cannot be read.
+FoundPhotos::Shown FoundPhotos::photoOf(const Wanted& wanted) {
+  const auto file = wanted.files.photo(wanted.hit);
+  return {fileExists(file) ? pictureWithinOrNone(file, wanted.side) : Picture(), false};
+}
 
 FoundPhotos::FoundPhotos(QWidget* parent) : QWidget(parent) {
   setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
@@ -59,11 +84,11 @@ void FoundPhotos::makeCells() {
   tickets_.resize(cells_.size());
 }
 
-void FoundPhotos::setSource(WorkPool& pool, QScrollBar* bar, FileOf fileOf,
+void FoundPhotos::setSource(WorkPool& pool, QScrollBar* bar, Files files,
                             std::filesystem::path notFound) {
   pool_ = &pool;
   bar_ = bar;
-  fileOf_ = std::move(fileOf);
+  files_ = std::move(files);
   notFound_ = std::move(notFound);
   connect(bar_, &QScrollBar::valueChanged, this, &FoundPhotos::showPage);
   showNothing();
@@ -122,22 +147,34 @@ void FoundPhotos::showCell(int cell) {
     askForPicture(cell);
 }
 
-/// A picture that is scrolled away before its turn is not decoded.
 void FoundPhotos::askForPicture(int cell) {
+  tickets_[static_cast<std::size_t>(cell)] = std::make_shared<int>();
+  ask(cell, thumbnailOf);
+}
+
+/// What is scrolled away before its turn is not decoded.
+void FoundPhotos::ask(int cell, Shown (*find)(const Wanted& wanted)) {
   const auto place = static_cast<std::size_t>(cell);
   PhotoBox* box = cells_[place];
-  tickets_[place] = std::make_shared<int>();
-  const std::weak_ptr<void> ticket = tickets_[place];
+  const double side = std::max(box->width(), box->height()) * devicePixelRatioF();
   runBeside(
       *pool_, box,
-      [ticket, fileOf = fileOf_, hit = hits_[static_cast<std::size_t>(hitOf(cell))],
-       other = notFound_] {
-        return ticket.expired() ? Picture() : thumbnailOr(fileOf(hit), other);
+      [find, ticket = std::weak_ptr<void>(tickets_[place]),
+       wanted = Wanted{files_, hits_[static_cast<std::size_t>(hitOf(cell))], notFound_,
+                       std::max(1, static_cast<int>(side))}] {
+        return ticket.expired() ? Shown() : find(wanted);
       },
-      [box, ticket](const Picture& picture) {
+      [this, cell, ticket = std::weak_ptr<void>(tickets_[place])](const Shown& shown) {
         if (!ticket.expired())
-          box->setPicture(picture);
+          show(cell, shown);
       });
+}
+
+void FoundPhotos::show(int cell, const Shown& shown) {
+  if (!shown.picture.isNull())
+    cells_[static_cast<std::size_t>(cell)]->setPicture(shown.picture);
+  if (shown.blurred)
+    ask(cell, photoOf);
 }
 
 bool FoundPhotos::eventFilter(QObject* watched, QEvent* event) {

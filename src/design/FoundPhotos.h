@@ -28,9 +28,14 @@ public:
   explicit FoundPhotos(QWidget* parent = nullptr);
 
   using FileOf = std::function<std::filesystem::path(const DesignHit&)>;
-  /// `bar` pages; `fileOf` tells what to show for a photo, asked beside the window's thread, since
-  /// looking for a disc may wait for its drive. `notFound` stands in for what cannot be read.
-  void setSource(WorkPool& pool, QScrollBar* bar, FileOf fileOf, std::filesystem::path notFound);
+  /// Where the files of a photo are, asked beside the window's thread, since looking for a disc may
+  /// wait for its drive.
+  struct Files {
+    FileOf thumbnail;
+    FileOf photo; ///< shown where a cell has far more pixels than a thumbnail
+  };
+  /// `bar` pages; `notFound` stands in for what cannot be read.
+  void setSource(WorkPool& pool, QScrollBar* bar, Files files, std::filesystem::path notFound);
 
   void showHits(std::vector<DesignHit> hits);
   void showNothing(); ///< nothing was looked for
@@ -44,11 +49,18 @@ protected:
   void wheelEvent(QWheelEvent* event) override;
 
 private:
+  struct Wanted; ///< where a cell gets its picture
+  struct Shown;
+  static Shown thumbnailOf(const Wanted& wanted);
+  static Shown photoOf(const Wanted& wanted);
+
   void makeCells();
   void layOutBar();
   void showPage();
   void showCell(int cell);
   void askForPicture(int cell);
+  void ask(int cell, Shown (*find)(const Wanted& wanted));
+  void show(int cell, const Shown& shown);
   bool walk(int key);
   void focusOn(int hit);
   void setTabStop(int cell);
@@ -58,7 +70,7 @@ private:
 
   WorkPool* pool_ = nullptr;
   QScrollBar* bar_ = nullptr;
-  FileOf fileOf_;
+  Files files_;
   std::filesystem::path notFound_;
   std::vector<PhotoBox*> cells_;
   /// Of the pictures that are wanted in them.

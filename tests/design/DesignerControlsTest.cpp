@@ -80,6 +80,15 @@ TEST_F(DesignerControls, EveryBoxHasATextAndWhereItIsForPhotosAPhoto) {
     }
 }
 
+TEST_F(DesignerControls, WhatCanBeUsedSaysUnderTheMouseWhatItDoes) {
+  const auto& designer = open();
+  for (const auto* button : designer.findChildren<QAbstractButton*>())
+    EXPECT_EQ(button->toolTip().isEmpty(), button->objectName() == QStringLiteral("Image1"))
+        << toUtf8(button->objectName()) << " " << toUtf8(button->text());
+  for (const auto* field : designer.findChildren<QLineEdit*>())
+    EXPECT_FALSE(field->toolTip().isEmpty()) << toUtf8(field->accessibleName());
+}
+
 TEST_F(DesignerControls, TabReachesEverythingBothWays) {
   auto& designer = open();
   expectTabReachesAll(designer, control(designer, "txtTitle"), 15);

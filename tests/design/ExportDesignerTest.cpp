@@ -389,11 +389,13 @@ TEST_F(ExportDesignerTest, WelcomeMusicGoesWithThePage) {
   auto& designer = open();
   press(designer, "chkMusic");
   EXPECT_TRUE(control<QCheckBox>(designer, "chkMusic")->isChecked());
+  EXPECT_EQ(toUtf8(control(designer, "chkMusic")->toolTip()), "march.wav");
   designer.CreatePage();
   EXPECT_THAT(madePage(), HasSubstr("var music = \"music.wav\""));
   press(designer, "chkMusic");
   designer.CreatePage();
   EXPECT_THAT(madePage(), HasSubstr("var music = \"\""));
+  EXPECT_THAT(toUtf8(control(designer, "chkMusic")->toolTip()), HasSubstr("visitors of the page"));
 }
 
 TEST_F(ExportDesignerTest, MusicThatIsNotChosenLeavesTheBoxUnchecked) {

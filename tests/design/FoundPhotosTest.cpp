@@ -81,6 +81,23 @@ TEST_F(FoundPhotosTest, APhotoWithoutAThumbnailIsShownItself) {
   EXPECT_LT(distance(colourOf(openFor("Clara"), 0), green), 8);
 }
 
+TEST_F(FoundPhotosTest, OnALargeScreenThePhotoTakesThePlaceOfItsBlurredThumbnail) {
+  addPhotosOf("Clara", 3);
+  for (const char* name : {"00002.jpg", "00003.jpg"})
+    writeBytes(at(std::string("Thumbnails/") + name), jpegOf(plain({73, 55}, green)));
+  writeBytes(at("Photos/00002.jpg"), jpegOf(plain({800, 600}, red)));
+  writeBytes(at("Photos/00003.jpg"), "no photo");
+  auto& designer = open();
+  designer.resize(ExportDesigner::sizeOn({3840, 2160}, {990, 690}));
+  QTest::mouseClick(&photoBox(designer, "Bride"), Qt::LeftButton);
+  QCoreApplication::processEvents();
+  chooseIn(designer, "Combo1", "Clara");
+  EXPECT_TRUE(waitFor([&] { return distance(colourOf(designer, 0), red) < 8; }));
+  EXPECT_GT(thumbnail(designer, 0).picture().width(), 200);
+  settlePool();
+  EXPECT_LT(distance(colourOf(designer, 1), green), 8);
+}
+
 TEST_F(FoundPhotosTest, WhereNeitherIsThereThePictureOfOneThatIsNotFoundStands) {
   addPhotosOf("Clara", 2);
   writeBytes(at("Media/NotFound.gif"), jpegOf(plain({60, 40}, blue)));
@@ -111,6 +128,8 @@ TEST_F(FoundPhotosTest, PhotosOfTheDiscAreShownFromItAndCanBeMarked) {
   const auto& designer = openFor("Clara");
   EXPECT_LT(distance(colourOf(designer, 0), green), 8);
   EXPECT_LT(distance(colourOf(designer, 1), blue), 8);
+  settlePool();
+  EXPECT_LT(distance(colourOf(designer, 0), green), 8);
   QTest::mouseClick(&thumbnail(designer, 0), Qt::LeftButton);
   EXPECT_TRUE(waitFor([&] { return !designer.isWaitingForPhoto(); }));
   EXPECT_LT(distance(region(designer).photo().row(5)[5], red), 8);
