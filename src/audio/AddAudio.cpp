@@ -24,6 +24,7 @@
 #include <QSignalBlocker>
 
 #include <initializer_list>
+#include <utility>
 
 namespace hearthbook {
 
@@ -99,6 +100,10 @@ void AddAudio::wireSound() {
   connect(sound_, &MMControl::statusUpdate, this, [this] { figures_->showStatus(); });
   connect(sound_, &MMControl::done, this, &AddAudio::played);
   connect(sound_, &MMControl::failed, this, &AddAudio::soundFailed);
+  connect(ui->MMControl2, &SoundTransport::discAsked, this, [this] {
+    openDisc();
+    playsDisc_ = true;
+  });
   connect(disc_, &MMControl::modeChanged, this, &AddAudio::discChanged);
   connect(disc_, &MMControl::statusUpdate, this, &AddAudio::showTrack);
   connect(disc_, &MMControl::failed, this,
@@ -181,6 +186,7 @@ void AddAudio::openTemplate(const AudioQuality& quality) {
 }
 
 void AddAudio::openDisc() {
+  playsDisc_ = false;
   disc_->setDeviceType(DeviceType::CDAudio);
   disc_->Open();
 }
@@ -188,6 +194,7 @@ void AddAudio::openDisc() {
 void AddAudio::closeBoth() {
   holdsRecording_ = false;
   isRecording_ = false;
+  playsDisc_ = false;
   for (MMControl* control : {sound_, disc_}) {
     control->Stop();
     control->Close();
@@ -293,9 +300,12 @@ void AddAudio::soundFailed(const QString& why) {
 }
 
 void AddAudio::discChanged() {
-  if (disc_->isOpen())
-    noteTrouble(discTrouble_, {});
   showTrack();
+  if (!disc_->isOpen())
+    return;
+  noteTrouble(discTrouble_, {});
+  if (std::exchange(playsDisc_, false))
+    disc_->Play();
 }
 
 void AddAudio::showTrack() {

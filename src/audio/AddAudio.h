@@ -107,6 +107,7 @@ private:
   std::optional<std::filesystem::path> attached_; ///< found when the form came to the front
   bool holdsRecording_ = false;                   ///< made, or being made, and not attached
   bool isRecording_ = false;                      ///< until it is stopped, or breaks off
+  bool playsDisc_ = false;                        ///< as soon as its drive has answered
   QString soundTrouble_;
   QString discTrouble_;
 };

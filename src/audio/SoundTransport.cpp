@@ -45,7 +45,7 @@ QToolButton* SoundTransport::addButton(const char* name, TransportSymbol symbol,
 
 void SoundTransport::wireButtons() {
   onCommand(toStart_, this, [this] { control_.Prev(); });
-  onCommand(play_, this, [this] { control_.Play(); });
+  onCommand(play_, this, &SoundTransport::play);
   onCommand(pause_, this, [this] { control_.Pause(); });
   onCommand(stop_, this, [this] {
     control_.Stop();
@@ -55,6 +55,13 @@ void SoundTransport::wireButtons() {
   onCommand(record_, this, [this] { Q_EMIT recordClicked(); });
   onCommand(eject_, this, [this] { control_.Eject(); });
   connect(&control_, &MMControl::modeChanged, this, &SoundTransport::updateEnabled);
+}
+
+void SoundTransport::play() {
+  if (mayAskForDisc())
+    Q_EMIT discAsked();
+  else
+    control_.Play();
 }
 
 void SoundTransport::showRecordButton(bool shown) {
@@ -67,6 +74,8 @@ void SoundTransport::showDiscButtons() {
   toStart_->setToolTip(toStart_->accessibleName());
   toEnd_->show();
   eject_->show();
+  isForDiscs_ = true;
+  updateEnabled();
 }
 
 void SoundTransport::updateEnabled() {
@@ -75,7 +84,7 @@ void SoundTransport::updateEnabled() {
   const bool isPlaying = mode == Mode::Playing;
   const bool isRecording = mode == Mode::Recording;
   const bool holdsSound = control_.isOpen() && control_.length() > 0;
-  enable({{play_, holdsSound && !isPlaying && !isRecording},
+  enable({{play_, mayAskForDisc() || (holdsSound && !isPlaying && !isRecording)},
           {pause_, isPlaying},
           {stop_, isPlaying || isRecording || mode == Mode::Paused},
           {toStart_, holdsSound && !isRecording},

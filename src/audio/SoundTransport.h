@@ -23,20 +23,25 @@ public:
   [[nodiscard]] MMControl& control() { return control_; }
 
   void showRecordButton(bool shown);
-  void showDiscButtons(); ///< also those to the next track and to the tray
+  /// Also those to the next track and to the tray. Play asks for a disc where none is open.
+  void showDiscButtons();
 
 Q_SIGNALS:
   void recordClicked(); ///< nothing is done yet
   void stopClicked();   ///< it is silent already
+  void discAsked();     ///< by Play: a disc may have been put in by now
 
 private:
   QToolButton* addButton(const char* name, TransportSymbol symbol, const QString& said);
   void wireButtons();
+  void play();
+  [[nodiscard]] bool mayAskForDisc() const { return isForDiscs_ && !control_.isOpen(); }
   void updateEnabled();
   void enable(const std::vector<std::pair<QToolButton*, bool>>& buttons);
   void focusNext(const std::vector<std::pair<QToolButton*, bool>>& buttons);
 
   MMControl control_;
+  bool isForDiscs_ = false;
   QToolButton* toStart_;
   QToolButton* play_;
   QToolButton* pause_;

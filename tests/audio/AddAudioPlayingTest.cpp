@@ -151,4 +151,28 @@ TEST_F(AddAudioPlaying, TheTroubleOfTheDiscIsToldBesideThatOfTheSoundAndUntilADi
   EXPECT_NE(note().find("Sound cannot be heard"), std::string::npos) << note();
 }
 
+// Discs
+
+TEST_F(AddAudioPlaying, ADiscThatIsPutInLaterIsPlayedOnDemand) {
+  const ScopedVariable drive("HEARTHBOOK_DISC", (source_ / "disc.cue").string());
+  auto& dialog = openTab(Disc);
+  ASSERT_TRUE(waitFor([&] { return isVisible(dialog, "soundNote"); }));
+  makeDisc(source_, {400, 500}, 60);
+  transport(dialog, "play", "MMControl2");
+  EXPECT_TRUE(waitFor([&] { return disc(dialog).mode() == Mode::Playing; }));
+  EXPECT_EQ(textOf(dialog, "discPosition"), "Track 1 of 2");
+}
+
+TEST_F(AddAudioPlaying, ADiscThatWasAskedForAndLeftIsNotPlayedLater) {
+  const ScopedVariable drive("HEARTHBOOK_DISC", makeDisc(source_, {400}, 60).string());
+  auto& dialog = openTab(Disc);
+  ASSERT_TRUE(waitFor([&] { return disc(dialog).isOpen(); }));
+  disc(dialog).Close();
+  transport(dialog, "play", "MMControl2");
+  chooseTab(dialog, Microphone);
+  chooseTab(dialog, Disc);
+  ASSERT_TRUE(waitFor([&] { return disc(dialog).isOpen(); }));
+  EXPECT_EQ(disc(dialog).mode(), Mode::Stopped);
+}
+
 } // namespace hearthbook::test
