@@ -100,6 +100,7 @@ void PageView::showPreview(const Picture& smallPage) {
   if (layers_.empty() || layers_.front().wanted != smallPage.size())
     return;
   layers_.front().small = smallPage;
+  layers_.front().isSmallOfFull = false; // whatever comes next brings the page's own copy back
   update();
 }
 

@@ -111,12 +111,12 @@ void Scan::begin() {
   showUse();
   if (isEditUse_) {
     loadedAs_ = stampOf(album_.vars.ImagePath);
-    load(album_.vars.ImagePath, [this](const Loaded& loaded) { photoLoaded(loaded); });
-  } else if (wantsKeptPage()) {
-    load(kept_->file(), [this](const Loaded& loaded) { keptPageLoaded(loaded); });
-  } else {
-    scanFirst();
+    return load(album_.vars.ImagePath, [this](const Loaded& loaded) { photoLoaded(loaded); });
   }
+  if (wantsKeptPage())
+    load(kept_->file(), [this](const Loaded& loaded) { keptPageLoaded(loaded); });
+  else
+    scanFirst();
   findScanners();
 }
 
@@ -208,8 +208,11 @@ void Scan::stop() {
     isPageGivenUp_ = true;
     return scanner_.cancel(); // it answers at once
   }
+  const bool wasLoading = work_ == Work::Loading;
   ++job_;
   endWork();
+  if (wasLoading)
+    say(QStringLiteral("It was not opened."));
 }
 
 // ---- what is done with it

@@ -123,6 +123,7 @@ void Scan::scanAgain() {
   if (!mayDropEdits())
     return;
   edit_.selection().clear();
+  showPage();
   acquire([this](const ScannedPage&) { setCommands(false, false); });
 }
 

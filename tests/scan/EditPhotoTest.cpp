@@ -63,6 +63,7 @@ TEST_F(EditPhoto, ThePhotoIsLoadedAndEveryCommandUsable) {
   for (const char* name : {"Command1", "Command2", "Command7", "Command10"})
     EXPECT_TRUE(isEnabled(scan, name)) << name;
   EXPECT_TRUE(scanner_.wishes.empty()) << "nothing is scanned";
+  EXPECT_EQ(scanner_.searches, 0) << "no scanner is woken";
 }
 
 TEST_F(EditPhoto, APhotoThatCannotBeDecodedIsTold) {
@@ -265,6 +266,7 @@ TEST_F(EditPhoto, StopWhileThePhotoIsOpenedLeavesAnEmptyForm) {
   held.reset();
   finishPool();
   EXPECT_TRUE(scan.page().isEmpty()) << "what was still being read comes too late";
+  EXPECT_EQ(hintOf(scan), "It was not opened.");
   EXPECT_THAT(usableCommands(scan), ElementsAre("BtnClose", "Command2", "stopButton"));
   press(scan, "BtnClose");
   EXPECT_EQ(readBytes(photo_), original_);

@@ -1,6 +1,7 @@
 #include "ScanFixture.h"
 
 #include "Corrections.h"
+#include "PageView.h"
 #include "Stage.h"
 #include "WaitFor.h"
 
@@ -295,6 +296,20 @@ TEST_F(ScanEdits, AnEditCanBeStopped) {
   press(scan, "stopButton");
   EXPECT_TRUE(isSame(scan.page().picture(), page_));
   EXPECT_FALSE(isEnabled(scan, "undoButton"));
+}
+
+TEST_F(ScanEdits, WhatAStoppedEditHasShownBeforehandGoesAway) {
+  const auto& scan = openWith(plain({3000, 1500}, red));
+  auto* view = control<PageView>(scan, "ImgX1");
+  const auto middle = [&] {
+    const QImage seen = view->grab().toImage();
+    return seen.pixel(seen.width() / 2, seen.height() / 2);
+  };
+  FormControls::press(scan, "Command11");
+  view->showPreview(plain(view->smallPage().size(), blue));
+  EXPECT_LT(distance(middle(), blue), 3);
+  press(scan, "stopButton");
+  EXPECT_LT(distance(middle(), red), 3);
 }
 
 TEST_F(ScanEdits, WhileAnEditRunsCommandsWait) {

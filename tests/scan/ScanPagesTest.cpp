@@ -175,6 +175,16 @@ TEST_F(ScanPages, AStoppedFirstScanIsNoFailure) {
   EXPECT_FALSE(control(scan, "stopButton")->isVisible());
 }
 
+TEST_F(ScanPages, WhileTheNextPageComesNoRectangleIsLeftOnTheOldOne) {
+  const auto& scan = openWith(page_);
+  draw(scan, {100, 100}, {300, 200});
+  ASSERT_NE(regionButton(scan, "Close"), nullptr);
+  FormControls::press(scan, "Command2");
+  EXPECT_TRUE(scan.isBusy());
+  EXPECT_EQ(regionButton(scan, "Close"), nullptr);
+  EXPECT_FALSE(scan.page().selection().isThere());
+}
+
 TEST_F(ScanPages, AStoppedScanAgainLeavesThePage) {
   const auto& scan = openWith(page_);
   FormControls::press(scan, "Command2");
@@ -381,6 +391,7 @@ TEST_F(ScanPages, AKeptPageWhoseOpeningIsStoppedIsStillKeptAndAnotherOneCanBeSca
   held.reset();
   finishPool();
   EXPECT_TRUE(scan.page().isEmpty()) << "what was still being read comes too late";
+  EXPECT_EQ(hintOf(scan), "It was not opened.");
   EXPECT_THAT(usableCommands(scan), ElementsAre("BtnClose", "Command2", "stopButton"));
   EXPECT_TRUE(fs::exists(at("Backup/Scanned page.jpg")));
   willSend(corners({300, 200}));

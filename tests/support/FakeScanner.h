@@ -23,6 +23,7 @@ public:
   static ScannedPage failure(ScanStatus status) { return {status, describe(status), {}, 0}; }
 
   void findDevices(Found found) override {
+    ++searches;
     deliver_([found = std::move(found), devices = devices] { found(devices); });
   }
 
@@ -47,6 +48,7 @@ public:
   std::vector<ScannerDevice> devices{{"test:0", "Noname frontend-tester"}};
   std::deque<ScannedPage> scripted;
   std::vector<ScanWish> wishes; ///< all that was asked for
+  int searches = 0;
 
 private:
   struct Open {
