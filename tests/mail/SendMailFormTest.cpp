@@ -221,6 +221,24 @@ TEST_F(SendMailForm, EachPhotoOfTheListHasItsPicture) {
       waitFor([&] { return !list->item(0)->icon().isNull() && !list->item(1)->icon().isNull(); }));
 }
 
+TEST_F(SendMailForm, TheFourPhotosOfAPageAreInSightTogether) {
+  page_.photos.clear();
+  for (const int number : {1, 2, 3, 4}) {
+    writeBytes(photo(number), jpegOf(plain({300, 400}, red)));
+    page_.photos.push_back({"HD0000" + std::to_string(number), "1987", "Lake"});
+  }
+  open();
+  const auto* list = control<QListWidget>(form(), "lstAttachments");
+  EXPECT_TRUE(waitFor([&] {
+    for (int row = 0; row < 4; ++row)
+      if (list->item(row)->icon().isNull())
+        return false;
+    return true;
+  }));
+  QCoreApplication::processEvents();
+  EXPECT_LE(list->visualItemRect(list->item(3)).bottom(), list->viewport()->height());
+}
+
 TEST_F(SendMailForm, TabReachesEveryControlBothWays) {
   open();
   expectTabReachesAll(form(), control(form(), "txtSenderName"), 14);

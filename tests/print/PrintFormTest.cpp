@@ -176,6 +176,20 @@ TEST_F(PrintForm, TheArrowsReachEveryNumberOfCopiesThatCanBeTyped) {
   EXPECT_EQ(text->text(), QStringLiteral("1"));
 }
 
+TEST_F(PrintForm, TheArrowsBeginWithOneCopyWhereNoneIsTyped) {
+  const frmPrint& form = open("Editor", editorPage());
+  auto* text = control<QLineEdit>(form, "Text1");
+  auto* arrows = control<QScrollBar>(form, "VScroll2");
+  for (const Qt::Key typed : {Qt::Key_0, Qt::Key_Backspace}) {
+    text->selectAll();
+    QTest::keyClick(text, typed);
+    arrows->triggerAction(QAbstractSlider::SliderSingleStepSub);
+    EXPECT_EQ(text->text(), QStringLiteral("1"));
+    arrows->triggerAction(QAbstractSlider::SliderSingleStepAdd);
+    EXPECT_EQ(text->text(), QStringLiteral("1"));
+  }
+}
+
 TEST_F(PrintForm, PrintsWhatTheFormSaidWhenTheFileWasAskedFor) {
   const frmPrint& form = open("Editor", editorPage());
   auto* copies = control<QLineEdit>(form, "Text1");
