@@ -7,7 +7,21 @@
 #include <thread>
 #include <vector>
 
+#include <sys/resource.h>
+#include <unistd.h>
+
 namespace hearthbook {
+
+namespace {
+
+/// To the window's thread: with all cores decoding, a zoom step would wait for one of them. Where
+/// that is not allowed the work is done all the same.
+void giveWay() {
+  constexpr int niceness = 5;
+  setpriority(PRIO_PROCESS, static_cast<id_t>(gettid()), niceness);
+}
+
+} // namespace
 
 struct WorkPool::Impl {
   void work();
@@ -21,6 +35,7 @@ struct WorkPool::Impl {
 };
 
 void WorkPool::Impl::work() {
+  giveWay();
   std::unique_lock lock(mutex);
   while (true) {
     changed.wait(lock, [&] { return stopping || !urgent.empty() || !waiting.empty(); });

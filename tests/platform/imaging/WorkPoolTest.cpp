@@ -7,6 +7,9 @@
 #include <stdexcept>
 #include <vector>
 
+#include <sys/resource.h>
+#include <unistd.h>
+
 namespace hearthbook {
 namespace {
 
@@ -24,6 +27,14 @@ TEST(WorkPool, HandsBackAnException) {
 }
 
 TEST(WorkPool, HasAThreadForEachCore) { EXPECT_GE(WorkPool().threads(), 1); }
+
+TEST(WorkPool, ItsThreadsGiveWayToTheOneThatHasThem) {
+  const auto niceness = [] { return getpriority(PRIO_PROCESS, static_cast<id_t>(gettid())); };
+  const int mine = niceness();
+  WorkPool pool(1);
+  EXPECT_GT(pool.run(niceness).get(), mine);
+  EXPECT_EQ(niceness(), mine);
+}
 
 TEST(WorkPool, UrgentWorkGoesBeforeAllThatWaits) {
   WorkPool pool(1);
