@@ -18,7 +18,10 @@ namespace hearthbook {
 namespace {
 
 constexpr int wheelStep = 120;
-constexpr int smoothlyPainted = 1'000'000; // pixels that are stretched well within a frame
+// Pixels that are stretched smoothly: well within a frame while others are being decoded, and
+// as many as the zoom view has on the largest screens.
+constexpr int smoothMeanwhile = 1'000'000;
+constexpr int smoothForGood = 5'000'000;
 
 } // namespace
 
@@ -27,6 +30,13 @@ LargePhoto::LargePhoto(QWidget* parent) : PictureBox(parent) {
   setMouseTracking(true);
   setFocusPolicy(Qt::StrongFocus);
   grabGesture(Qt::PinchGesture);
+}
+
+void LargePhoto::expectFiner(bool expected) {
+  if (expectsFiner_ == expected)
+    return;
+  expectsFiner_ = expected;
+  update();
 }
 
 void LargePhoto::paintEvent(QPaintEvent* event) {
@@ -43,7 +53,8 @@ void LargePhoto::paintEvent(QPaintEvent* event) {
                       seen.height() * down);
   const bool isExact = picture().size() == wantedSize();
   const int pixels = seen.width() * seen.height();
-  painter.setRenderHint(QPainter::SmoothPixmapTransform, !isExact && pixels <= smoothlyPainted);
+  const int most = expectsFiner_ ? smoothMeanwhile : smoothForGood;
+  painter.setRenderHint(QPainter::SmoothPixmapTransform, !isExact && pixels <= most);
   painter.drawImage(QRectF(seen), image, source);
 }
 

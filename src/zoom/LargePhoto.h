@@ -8,11 +8,14 @@ namespace hearthbook {
 
 /// A photo that may be far larger than what is seen of it: only the part in sight is painted,
 /// from the pixels that there are. Where they are those of the screen they are copied as they
-/// stand, else they are stretched, roughly while much is in sight.
+/// stand, else they are stretched: smoothly where finer ones do not come any more, and until they
+/// come only where little is in sight.
 class LargePhoto : public PictureBox {
   Q_OBJECT
 public:
   explicit LargePhoto(QWidget* parent = nullptr);
+
+  void expectFiner(bool expected); ///< pixels than those shown are on their way
 
 Q_SIGNALS:
   void mouseMoved(QPointF position, bool leftDown);
@@ -28,6 +31,7 @@ protected:
 private:
   void pinch(QPinchGesture& gesture);
 
+  bool expectsFiner_ = false;
   int turned_ = 0; ///< of the wheel, towards the next step
   double pinched_ = 1;
 };

@@ -7,7 +7,9 @@
 
 namespace hearthbook {
 
-ZoomPanel::ZoomPanel(QWidget* parent) : Stage(ZoomSteps::area, parent) {}
+ZoomPanel::ZoomPanel(QWidget* parent) : Stage(ZoomSteps::area, parent) {
+  setAttribute(Qt::WA_OpaquePaintEvent); // or all that lies behind is painted at each step
+}
 
 void ZoomPanel::placeDrawn() {
   for (QWidget* child : findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly)) {

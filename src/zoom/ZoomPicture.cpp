@@ -1,6 +1,6 @@
 #include "ZoomPicture.h"
 
-#include "PictureBox.h"
+#include "LargePhoto.h"
 
 #include <algorithm>
 #include <cmath>
@@ -30,15 +30,14 @@ PixelSize withinFile(PixelSize wanted, PixelSize full) {
 
 } // namespace
 
-ZoomPicture::ZoomPicture(PictureBox& image, PictureLoader& loader, WorkPool& pool,
+ZoomPicture::ZoomPicture(LargePhoto& image, PictureLoader& loader, WorkPool& pool,
                          std::filesystem::path notFound, Fit fit, QObject* parent)
     : QObject(parent), image_(image), pictures_(loader, pool, nullptr),
       notFound_(std::move(notFound)),
       fit_([fit = std::move(fit)](PixelSize own) { return withinReason(fit(own)); }) {}
 
 void ZoomPicture::show(const std::filesystem::path& file) {
-  sharper_.reset();
-  sharpening_ = false;
+  endSharpening();
   wanted_ = file;
   auto ticket = pictures_.load(file, fit_, [this](const auto& loaded) { arrived(loaded); });
   if (wanted_ == file)
@@ -74,8 +73,7 @@ void ZoomPicture::failed(const std::filesystem::path& file) {
 
 void ZoomPicture::clear() {
   ticket_.reset();
-  sharper_.reset();
-  sharpening_ = false;
+  endSharpening();
   wanted_.reset();
   shown_.reset();
   image_.clear();
@@ -86,18 +84,28 @@ void ZoomPicture::sharpen(PixelSize wanted) {
     return;
   const PixelSize size = withinFile(wanted, fullSize_);
   sharper_.reset();
-  sharpening_ = size != image_.picture().size();
+  setSharpening(size != image_.picture().size());
   if (!sharpening_)
     return;
   auto ticket = pictures_.load(
       *shown_, [size](PixelSize) { return size; },
       [this](const auto& loaded) {
-        sharpening_ = false;
+        setSharpening(false);
         if (!loaded.picture.isNull())
           image_.setPicture(loaded.picture);
       });
   if (sharpening_)
     sharper_ = std::move(ticket);
+}
+
+void ZoomPicture::setSharpening(bool on) {
+  sharpening_ = on;
+  image_.expectFiner(on);
+}
+
+void ZoomPicture::endSharpening() {
+  sharper_.reset();
+  setSharpening(false);
 }
 
 void ZoomPicture::adopt(const ZoomPicture& other) {

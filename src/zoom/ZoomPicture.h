@@ -11,7 +11,7 @@
 
 namespace hearthbook {
 
-class PictureBox;
+class LargePhoto;
 
 /// The pixels of one large photo: decoded at the size at which a form shows it. Until they are
 /// there what was shown stays, or is stretched; a broken photo is told and the not-found picture
@@ -22,7 +22,7 @@ public:
   /// The pixels in which a photo of this size is wanted when it is first shown.
   using Fit = FittedPictures::Fit;
 
-  ZoomPicture(PictureBox& image, PictureLoader& loader, WorkPool& pool,
+  ZoomPicture(LargePhoto& image, PictureLoader& loader, WorkPool& pool,
               std::filesystem::path notFound, Fit fit, QObject* parent);
 
   void show(const std::filesystem::path& file);
@@ -47,9 +47,11 @@ Q_SIGNALS:
 private:
   void arrived(const FittedPictures::Loaded& loaded);
   void sharpenAgain(PixelSize decoded);
+  void setSharpening(bool on);
+  void endSharpening();
   void failed(const std::filesystem::path& file);
 
-  PictureBox& image_;
+  LargePhoto& image_;
   FittedPictures pictures_;
   std::filesystem::path notFound_;
   Fit fit_;
