@@ -108,18 +108,24 @@ void frmSendMail::showDraft() {
 void frmSendMail::findPhotos(const std::vector<std::string>& ids) {
   if (!needPhotoDisc(ids))
     return showPhotos(mailedFiles(album_, ids));
-  allowSending(false);
+  showLooking(true);
   runBeside(
       pool_, this, [&album = album_, ids] { return mailedFiles(album, ids); },
       [this](const auto& photos) {
         showPhotos(photos);
-        allowSending(true);
+        showLooking(false);
       },
       true);
 }
 
 void frmSendMail::showPhotos(const std::vector<std::filesystem::path>& photos) {
   showMailPhotos(*ui->lstAttachments, pool_, photos);
+}
+
+void frmSendMail::showLooking(bool looking) {
+  ui->Label11->setText(looking ? QStringLiteral("Looking for the photo disc...")
+                               : QStringLiteral("Photos:"));
+  allowSending(!looking);
 }
 
 void frmSendMail::allowSending(bool allowed) {

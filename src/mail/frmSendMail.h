@@ -53,6 +53,7 @@ private:
   void showDraft();
   void findPhotos(const std::vector<std::string>& ids);
   void showPhotos(const std::vector<std::filesystem::path>& photos);
+  void showLooking(bool looking);
   void allowSending(bool allowed);
   [[nodiscard]] MailMessage readMessage() const;
   [[nodiscard]] std::string readHost() const;

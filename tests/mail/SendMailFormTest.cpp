@@ -165,11 +165,14 @@ TEST_F(SendMailForm, ThePhotoDiscIsLookedForWhileTheWindowLivesOn) {
   const auto release = holdPool();
   open();
   EXPECT_TRUE(attachments().isEmpty());
+  const auto* above = control<QLabel>(form(), "Label11");
+  EXPECT_EQ(above->text(), toQString("Looking for the photo disc..."));
   for (const char* command : {"cmdSend", "mailProgram"})
     EXPECT_FALSE(isEnabled(form(), command)) << command;
   release();
   EXPECT_TRUE(waitFor([] { return isEnabled(form(), "cmdSend"); }));
   EXPECT_TRUE(isEnabled(form(), "mailProgram"));
+  EXPECT_EQ(above->text(), toQString("Photos:"));
   EXPECT_EQ(attachments(),
             (QStringList{toQString(photo(1)), toQString(at("Disc/Photos/00002.jpg"))}));
 }
