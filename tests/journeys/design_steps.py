@@ -20,8 +20,9 @@ def ask_for_photo(person, designer, box, kind, entry):
     person.click(person.find("push button", f"Photo: {box}", within=designer))
     person.find("panel", f"Select photo for {box}", within=designer)
     person.click(person.find("radio button", kind, within=designer))
-    person.click(person.find("combo box", f"Search for {kind.lower()}", within=designer))
-    person.click(person.until(lambda: next((item for item in person.all("list item", entry)
+    choices = person.find("combo box", f"Search for {kind.lower()}", within=designer)
+    person.click(choices)
+    person.click(person.until(lambda: next((item for item in person.all("list item", entry, within=choices)
                                             if item.has("showing") and item.place[2] > 0), None), entry))
     person.find("push button", FOUND, within=designer)
     return [photo for photo in person.all("push button", FOUND, within=designer) if photo.enabled]
