@@ -12,7 +12,6 @@
 
 #include <QKeyEvent>
 #include <QScrollBar>
-#include <QWheelEvent>
 
 #include <algorithm>
 
@@ -317,10 +316,7 @@ void SubAlbumStrip::removeByKey(std::size_t position) {
 }
 
 void SubAlbumStrip::wheelEvent(QWheelEvent* event) {
-  constexpr int notch = 120; // a touch pad tells parts of it
-  turned_ += event->angleDelta().y();
-  scroll_->setValue(scroll_->value() - turned_ / notch);
-  turned_ %= notch;
+  scroll_->setValue(scroll_->value() - wheel_.take(*event));
   event->accept();
 }
 

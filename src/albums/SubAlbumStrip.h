@@ -2,6 +2,7 @@
 
 #include "Stage.h"
 #include "StripPictures.h"
+#include "WheelSteps.h"
 
 #include <QPoint>
 
@@ -81,7 +82,7 @@ private:
   StripDrag* drag_ = nullptr;
   std::array<StripCell*, stripInView> cells_{};
   std::size_t lastScroll_ = 0;
-  int turned_ = 0;          ///< of the wheel, short of a row
+  WheelSteps wheel_;
   std::size_t current_ = 0; ///< the cell that Tab reaches
 };
 
