@@ -405,6 +405,16 @@ TEST_F(ZoomView, ABrokenPhotoIsToldOnceAndTheNextOneComes) {
   EXPECT_EQ(position(zoom), "2 Of 2");
 }
 
+TEST_F(ZoomView, AFailureWhileComposingIsTold) {
+  auto& zoom = openZoomOf(2);
+  slides().Close();
+  expectTryAgain();
+  zoom.ComposeZoomView();
+  EXPECT_TRUE(boxes_.isDone());
+  EXPECT_FALSE(Hourglass::isShown());
+  EXPECT_EQ(position(zoom), "1 Of 2");
+}
+
 TEST_F(ZoomView, APhotoBehindTheEndShowsNothing) {
   auto& zoom = openZoom();
   ASSERT_TRUE(slides().atEOF());
