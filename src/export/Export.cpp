@@ -91,12 +91,11 @@ void Export::exportChosen() {
   }
   const Hourglass hourglass;
   storePendingEdits();
-  const ExportRequest request = readRequest();
-  const auto outcome = runExport(request);
+  const auto outcome = runExport(readRequest());
   if (!outcome)
     return;
   tellTroubles(*outcome);
-  offerToView(request, *outcome);
+  offerToView(*outcome);
 }
 
 /// The export reads the album through a connection of its own, which sees what is stored.
@@ -147,8 +146,8 @@ void Export::tellTroubles(const ExportOutcome& outcome) {
     MsgBox(toQString(report), exportTitle, MsgIcon::Exclamation);
 }
 
-void Export::offerToView(const ExportRequest& request, const ExportOutcome& outcome) {
-  if (MsgBox(toQString(closingQuestion(request.base, outcome.name)), exportTitle, MsgIcon::Question,
+void Export::offerToView(const ExportOutcome& outcome) {
+  if (MsgBox(toQString(closingQuestion(outcome)), exportTitle, MsgIcon::Question,
              MsgButtons::YesNo) != MsgAnswer::Yes)
     return;
   if (!ui->UserControl11->nav(outcome.startPage))

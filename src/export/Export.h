@@ -60,7 +60,7 @@ private:
   [[nodiscard]] ExportListener listener();
   static bool mayDelete(const std::filesystem::path& folder, const std::vector<std::string>& names);
   static void tellTroubles(const ExportOutcome& outcome);
-  void offerToView(const ExportRequest& request, const ExportOutcome& outcome);
+  void offerToView(const ExportOutcome& outcome);
 
   void showRunning(bool running);
   void updateEnabled();

@@ -45,9 +45,9 @@ std::string troubleReport(const ExportOutcome& outcome) {
   return report;
 }
 
-std::string closingQuestion(const std::filesystem::path& base, const std::string& name) {
-  return "Sub-Album " + name + " was exported successfully\r\n" +
-         "You can copy the content of folder: '" + (base / name).string() +
+std::string closingQuestion(const ExportOutcome& outcome) {
+  return "Sub-Album " + outcome.name + " was exported successfully\r\n" +
+         "You can copy the content of folder: '" + outcome.folder.string() +
          "' to your CD-W or upload it to the web.\r\n\r\n" +
          "Would you like to view the exported album?";
 }

@@ -22,6 +22,6 @@ std::string deletionQuestion(const std::filesystem::path& folder,
 std::string troubleReport(const ExportOutcome& outcome);
 
 /// Tells where the album is now and asks whether to view it.
-std::string closingQuestion(const std::filesystem::path& base, const std::string& name);
+std::string closingQuestion(const ExportOutcome& outcome);
 
 } // namespace hearthbook

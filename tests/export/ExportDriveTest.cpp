@@ -22,6 +22,11 @@ protected:
     boxes_.expectMessage(
         toQString("Sorry, drive is read-only or not ready. Please selcet a different one"));
   }
+  void expectHome(const Export& dialog) {
+    EXPECT_EQ(folderShown(dialog), at("export").string());
+    EXPECT_EQ(driveShown(dialog), "c:");
+    EXPECT_EQ(folderInTree(dialog), "export");
+  }
 };
 
 TEST_F(ExportDrive, ADriveWithRoomIsGoneTo) {
@@ -30,7 +35,11 @@ TEST_F(ExportDrive, ADriveWithRoomIsGoneTo) {
   auto& dialog = open();
   choose(dialog, "d:");
   EXPECT_EQ(folderShown(dialog), base_.string());
+  EXPECT_EQ(driveShown(dialog), "d:");
+  EXPECT_EQ(folderInTree(dialog), base_.filename());
 }
+
+TEST_F(ExportDrive, ItBeginsInTheProgramsFolderForExports) { expectHome(open()); }
 
 TEST_F(ExportDrive, ADriveThatIsNotReadyIsRefused) {
   folder_.drives().listOptical({"sr0"});
@@ -39,8 +48,7 @@ TEST_F(ExportDrive, ADriveThatIsNotReadyIsRefused) {
   wait(dialog);
   expectRefused();
   choose(dialog, "d:");
-  EXPECT_EQ(folderShown(dialog), at("export").string());
-  EXPECT_TRUE(control<QComboBox>(dialog, "Drive1")->currentText() != toQString("d:"));
+  expectHome(dialog);
 }
 
 TEST_F(ExportDrive, ADriveWithoutRoomIsRefused) {
@@ -49,7 +57,20 @@ TEST_F(ExportDrive, ADriveWithoutRoomIsRefused) {
   auto& dialog = open();
   expectRefused();
   choose(dialog, "d:");
-  EXPECT_EQ(folderShown(dialog), at("export").string());
+  expectHome(dialog);
+}
+
+TEST_F(ExportDrive, AFullDriveIsRefused) {
+  if (!canMountPrivately())
+    GTEST_SKIP() << "this machine does not allow private mounts";
+  const SmallDisk disk(base_, 1 << 18);
+  disk.fillUpTo(0);
+  folder_.drives().addDisk("sdb", true);
+  folder_.drives().mount("/dev/sdb1", base_, "vfat");
+  auto& dialog = open();
+  expectRefused();
+  choose(dialog, "d:");
+  expectHome(dialog);
 }
 
 TEST_F(ExportDrive, ADriveThatCanOnlyBeReadIsRefused) {
@@ -61,7 +82,7 @@ TEST_F(ExportDrive, ADriveThatCanOnlyBeReadIsRefused) {
   const ReadOnlyMount disk(base_);
   expectRefused();
   choose(dialog, "d:");
-  EXPECT_EQ(folderShown(dialog), at("export").string());
+  expectHome(dialog);
 }
 
 TEST_F(ExportDrive, ADriveThatHasGoneIsRefused) {
@@ -71,7 +92,7 @@ TEST_F(ExportDrive, ADriveThatHasGoneIsRefused) {
   folder_.drives().unmountAll();
   expectRefused();
   choose(dialog, "d:");
-  EXPECT_EQ(folderShown(dialog), at("export").string());
+  expectHome(dialog);
 }
 
 } // namespace

@@ -11,6 +11,7 @@
 
 #include <QComboBox>
 #include <QLineEdit>
+#include <QTreeView>
 
 #include <filesystem>
 #include <string>
@@ -49,10 +50,14 @@ protected:
     return dialog;
   }
   void expectClosingQuestion(const std::string& name, MsgAnswer answer = MsgAnswer::No) {
+    expectClosingQuestion(name, base_ / name, answer);
+  }
+  void expectClosingQuestion(const std::string& name, const std::filesystem::path& folder,
+                             MsgAnswer answer = MsgAnswer::No) {
     boxes_.expectQuestion(toQString("Sub-Album " + name +
                                     " was exported successfully\r\nYou can copy the content of "
                                     "folder: '" +
-                                    (base_ / name).string() +
+                                    folder.string() +
                                     "' to your CD-W or upload it to the web.\r\n\r\nWould you like "
                                     "to view the exported album?"),
                           toQString("Export Sub-Album"), MsgIcon::Question, MsgButtons::YesNo,
@@ -60,6 +65,14 @@ protected:
   }
   static std::string folderShown(const Export& dialog) {
     return toUtf8(control<QLineEdit>(dialog, "folderEdit")->text());
+  }
+
+  /// The letter that the list of drives shows, and the name of the folder where the tree stands.
+  static std::string driveShown(const Export& dialog) {
+    return toUtf8(control<QComboBox>(dialog, "Drive1")->currentText()).substr(0, 2);
+  }
+  static std::string folderInTree(const Export& dialog) {
+    return toUtf8(control<QTreeView>(dialog, "Dir1")->currentIndex().data().toString());
   }
 
   BoxScript boxes_;

@@ -2,6 +2,7 @@
 #include "ControlChecks.h"
 #include "ExportFormFixture.h"
 #include "PictureBox.h"
+#include "Pointer.h"
 
 #include <gmock/gmock.h>
 
@@ -103,6 +104,18 @@ TEST_F(ExportForm, WithoutATemplateItSaysSo) {
   EXPECT_THAT(namesIn(base_), IsEmpty());
 }
 
+TEST_F(ExportForm, ATemplateWithoutAFileIsNone) {
+  addSubAlbum("Trip");
+  auto& dialog = openChosen();
+  fs::remove_all(at("export/template"));
+  for (const char* folder : {"export/template", "export/template/html"}) {
+    fs::create_directories(at(folder));
+    expectReport(toQString("Sorry, can not export albums, export source not found!"));
+    exportNow(dialog);
+  }
+  EXPECT_THAT(namesIn(base_), IsEmpty());
+}
+
 TEST_F(ExportForm, ExportsTheChosenAlbumAndAsksWhetherToViewIt) {
   addTrip(3);
   auto& dialog = openChosen();
@@ -119,6 +132,30 @@ TEST_F(ExportForm, AYesOpensTheStartPageInTheBrowser) {
   expectClosingQuestion("Trip-_12", MsgAnswer::Yes);
   exportNow(dialog);
   EXPECT_THAT(opened_, ElementsAre(out("Trip-_12/trip-_12.htm")));
+}
+
+TEST_F(ExportForm, TheClosingQuestionNamesTheFolderAsItIsSpelled) {
+  addTrip(1);
+  fs::create_directories(out("TRIP"));
+  auto& dialog = openChosen();
+  expectClosingQuestion("Trip", out("TRIP"));
+  exportNow(dialog);
+  EXPECT_TRUE(isThere("TRIP/trip.htm"));
+}
+
+TEST_F(ExportForm, TheHourglassIsShownWhileItExports) {
+  addTrip(1);
+  auto& dialog = openChosen();
+  bool shown = false;
+  LabelWatch watch([&] {
+    if (!control<QLabel>(dialog, "Label1")->text().isEmpty())
+      shown = Hourglass::isShown();
+  });
+  control(dialog, "Label1")->installEventFilter(&watch);
+  expectClosingQuestion("Trip");
+  exportNow(dialog);
+  EXPECT_TRUE(shown);
+  EXPECT_FALSE(Hourglass::isShown());
 }
 
 TEST_F(ExportForm, ADesktopWithoutABrowserIsTold) {
@@ -268,6 +305,7 @@ TEST_F(ExportForm, AFailureIsReportedAndTheFormCanBeUsedOn) {
   boxes_.expectFailure(toQString("it is not there"));
   exportNow(dialog);
   EXPECT_FALSE(control(dialog, "ImgX1")->isVisible());
+  EXPECT_FALSE(Hourglass::isShown());
   fs::create_directories(base_);
   expectClosingQuestion("Trip");
   exportNow(dialog);
