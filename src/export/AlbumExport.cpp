@@ -92,6 +92,7 @@ private:
 
   void refuse() const;
   [[nodiscard]] bool mayReplace();
+  void noteUnreadableSounds();
   void prepareTree();
   void copyMusic();
   void writePageCount() const;
@@ -134,6 +135,7 @@ private:
   NameOfPerson nameOf_ = [this](std::int64_t id) { return rows_.nameOfPerson(id); };
   PhotoScript script_;
   std::string music_; ///< in the folder audio
+  bool musicIsFromDisc_ = false;
   std::optional<ExportSources> sources_;
   std::deque<PhotoInWork> inWork_;
   std::chrono::steady_clock::time_point lastShown_;
@@ -145,6 +147,7 @@ std::optional<ExportOutcome> AlbumExporter::run() {
   sources_.emplace(beside([this] { return ExportSources(album_); }));
   if (!mayReplace())
     return std::nullopt;
+  noteUnreadableSounds();
   beside([this] {
     prepareTree();
     return 0;
@@ -177,6 +180,14 @@ bool AlbumExporter::mayReplace() {
   return strangers.empty() || (listener_.mayDelete && listener_.mayDelete(target_, strangers));
 }
 
+/// Otherwise it would look as if the album had no sounds.
+void AlbumExporter::noteUnreadableSounds() {
+  for (const SoundShelf* shelf : {&sources_->sounds, &sources_->soundsOnDisc})
+    if (shelf->isUnreadable())
+      outcome_.troubles.push_back(
+          {shelf->folder().string(), "is the folder of the sounds and could not be read"});
+}
+
 void AlbumExporter::prepareTree() {
   clearExport(target_);
   copyPlainTree(template_, target_);
@@ -192,9 +203,11 @@ void AlbumExporter::prepareTree() {
 
 /// Of no more weight than a photo: where it cannot be read the album goes out without.
 void AlbumExporter::copyMusic() {
-  const auto sound = sources_->soundOf(albumAudioName(request_.albumId));
+  const std::string owner = albumAudioName(request_.albumId);
+  const auto sound = sources_->soundOf(owner);
   if (!sound)
     return;
+  musicIsFromDisc_ = !sources_->sounds.find(owner);
   try {
     copyPlainFile(*sound, target_ / "audio" / musicFile(*sound));
     music_ = musicFile(*sound);
@@ -249,9 +262,11 @@ PhotoExportOrder AlbumExporter::orderFor(SidePage& page, const std::string& pict
   order.limits = optimization_.limits;
   order.factor = optimization_.factor;
   order.previewSide = wantsPreview() ? request_.previewSide : 0;
-  if (order.sound)
-    page.soundExtension = soundExtension(*order.sound);
   order.page = sidePage(page);
+  if (order.sound) {
+    page.soundExtension = soundExtension(*order.sound);
+    order.pageWithSound = sidePage(page);
+  }
   return order;
 }
 
@@ -309,8 +324,8 @@ void AlbumExporter::writeStartPage() const {
   std::string page = readWholeFile(startPage());
   page = withToken(page, tokens::thumbnails, thumbnails.view());
   page = withToken(page, tokens::title, names_.title);
-  if (const auto sound = sources_->sounds.find(albumAudioName(request_.albumId)))
-    page = withToken(page, tokens::audio, musicFile(*sound));
+  if (!music_.empty() && !musicIsFromDisc_)
+    page = withToken(page, tokens::audio, music_);
   writePlainFile(startPage(), markedAsUtf8(std::move(page)));
 }
 

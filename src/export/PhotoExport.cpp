@@ -51,7 +51,7 @@ public:
     else
       copyPhoto();
     copySound();
-    writePlainFile(inData(".htm"), order_.page);
+    writePlainFile(inData(".htm"), result_.hasSound ? order_.pageWithSound : order_.page);
     result_.hasPage = true;
     return result_;
   }
@@ -84,9 +84,19 @@ private:
   }
 
   void copyPhoto() {
-    copy(order_.photo, inData(".jpg"), "could not be read");
+    if (copy(order_.photo, inData(".jpg"), "could not be read"))
+      lookAtHead();
     if (order_.previewSide > 0)
       result_.shown = pictureWithinOrNone(order_.photo, order_.previewSide);
+  }
+
+  /// The family learns of a broken photo also where no pixel of it is read.
+  void lookAtHead() {
+    try {
+      readPictureInfo(order_.photo);
+    } catch (const RunTimeError&) {
+      tell("could not be read");
+    }
   }
 
   void writeReduced() {

@@ -22,6 +22,7 @@ struct PhotoExportOrder {
   int factor = 0;                  ///< of the compression
   int previewSide = 0;             ///< of a photo that is copied: show it this large; 0: do not
   std::string page;                ///< the side page
+  std::string pageWithSound;       ///< the same once the sound is there
 };
 
 /// What became of it. A photo that is missing or broken is no failure.

@@ -5,14 +5,15 @@
 
 #include <algorithm>
 #include <system_error>
+#include <utility>
 
 namespace hearthbook {
 
 namespace fs = std::filesystem;
 
-SoundShelf::SoundShelf(const fs::path& folder) {
+SoundShelf::SoundShelf(fs::path folder) : folder_(std::move(folder)) {
   std::error_code error;
-  fs::directory_iterator entry(folder, error);
+  fs::directory_iterator entry(folder_, error);
   for (; !error && entry != fs::directory_iterator(); entry.increment(error)) {
     const std::string name = entry->path().filename().string();
     const auto dot = name.find('.');
@@ -22,6 +23,8 @@ SoundShelf::SoundShelf(const fs::path& folder) {
     if (sound.empty() || entry->path() < sound)
       sound = entry->path();
   }
+  isUnreadable_ = error && error != std::errc::no_such_file_or_directory &&
+                  error != std::errc::not_a_directory; // below a drive that is not there
 }
 
 std::optional<fs::path> SoundShelf::find(std::string_view name) const {

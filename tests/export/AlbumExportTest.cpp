@@ -60,11 +60,34 @@ TEST_F(AlbumExport, PhotosGoOutInTheOrderOfTheSubAlbum) {
   folder_.addPhoto("HD00002", {{"Year", 1950}});
   folder_.addPhoto("HD00003", {{"Year", 1960}});
   writeJpeg(at("Photos/00003.jpg"), 100, 50);
+  writeBytes(at("Thumbnails/00002.jpg"), "small 2");
+  writeBytes(at("Thumbnails/00003.jpg"), "small 3");
   addSubAlbum("Trip", {"HD00003", "HD00002"});
   exportAlbum();
+  EXPECT_EQ(page("Trip/data/t1.jpg"), "small 3");
+  EXPECT_EQ(page("Trip/data/t2.jpg"), "small 2");
   EXPECT_THAT(page("Trip/data/1.htm"), HasSubstr(">1960<"));
   EXPECT_EQ(sizeOf("Trip/data/1.jpg"), (PixelSize{100, 50}));
   EXPECT_THAT(page("Trip/data/2.htm"), HasSubstr(">1950<"));
+}
+
+TEST_F(AlbumExport, PhotosOfOnePlaceInTheOrderGoByTheirIds) {
+  for (const char* id : {"HD00004", "HD00003", "HD00002"})
+    folder_.addPhoto(id, {{"Description", id}});
+  addSubAlbum("Trip", {"HD00004", "HD00003", "HD00002"});
+  data().AlbumDB.execute("UPDATE SubAlbumPhotos SET [Index] = 0 WHERE PhotoID <> 'HD00002'");
+  exportAlbum();
+  EXPECT_THAT(page("Trip/data/1.htm"), HasSubstr("HD00003"));
+  EXPECT_THAT(page("Trip/data/2.htm"), HasSubstr("HD00004"));
+  EXPECT_THAT(page("Trip/data/3.htm"), HasSubstr("HD00002"));
+}
+
+TEST_F(AlbumExport, APlaceInTheOrderWithoutAPhotoDoesNotCount) {
+  folder_.addPhoto("HD00002");
+  addSubAlbum("Trip", {"HD00077", "HD00002"});
+  exportAlbum();
+  EXPECT_THAT(page("Trip/html/rightctrl.htm"), HasSubstr("pages=1;"));
+  EXPECT_THAT(namesIn(out("Trip/data")), ElementsAre("1.htm", "1.jpg", "t1.jpg"));
 }
 
 TEST_F(AlbumExport, TheSidePageTellsWhatTheAlbumKnows) {
@@ -148,6 +171,17 @@ TEST_F(AlbumExport, WithoutOptimizationThePhotoIsTheVeryFile) {
   EXPECT_EQ(page("Trip/data/1.jpg"), photo);
 }
 
+TEST_F(AlbumExport, WithoutOptimizationABrokenPhotoIsToldToo) {
+  addTrip(3);
+  writeBytes(at("Photos/00002.jpg"), "");
+  writeBytes(at("Photos/00003.jpg"), "no picture at all");
+  request_.optimization = 3;
+  EXPECT_THAT(exportAlbum().troubles,
+              ElementsAre(ExportOutcome::Trouble{"00002.jpg", "could not be read"},
+                          ExportOutcome::Trouble{"00003.jpg", "could not be read"}));
+  EXPECT_EQ(page("Trip/data/2.jpg"), "no picture at all");
+}
+
 TEST_F(AlbumExport, AReducedPhotoCarriesNothingOfTheCameraAndIsUpright) {
   addTrip(2);
   const std::string camera("Exif\0\0GPSLatitude Model X100", 27);
@@ -209,8 +243,10 @@ TEST_F(AlbumExport, WhoWaitsIsToldOfEachPhotoInOrder) {
   EXPECT_EQ(told.front(), "1/12 00002.jpg");
   EXPECT_EQ(told.back(), "12/12 00013.jpg");
   ASSERT_EQ(shown.size(), 12U);
-  for (int i = 0; i < 12; ++i)
+  for (int i = 0; i < 12; ++i) {
     EXPECT_EQ(shown[static_cast<std::size_t>(i)].width, 100 + i);
+    EXPECT_EQ(sizeOf("Trip/data/" + std::to_string(i + 1) + ".jpg").width, 100 + i);
+  }
 }
 
 TEST_F(AlbumExport, PhotosThatAreOnlyCopiedAreShownNowAndThen) {
