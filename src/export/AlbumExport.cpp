@@ -176,7 +176,8 @@ void AlbumExporter::refuse() const {
 }
 
 bool AlbumExporter::mayReplace() {
-  const auto strangers = beside([this] { return strangersIn(target_, template_, names_); });
+  const auto strangers =
+      beside([this] { return strangersIn(target_, template_, names_, request_.albumId); });
   return strangers.empty() || (listener_.mayDelete && listener_.mayDelete(target_, strangers));
 }
 
@@ -315,7 +316,7 @@ void AlbumExporter::note(PhotoInWork photo, const ExportedPhoto& exported) {
 void AlbumExporter::writePhotoScript() const {
   const fs::path script = target_ / "html" / "photos.js";
   if (fileExists(script))
-    writePlainFile(script, script_.text(music_));
+    writePlainFile(script, markedAsUtf8(script_.text({request_.albumId, rows_.count(), music_})));
 }
 
 void AlbumExporter::writeStartPage() const {

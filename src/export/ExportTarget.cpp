@@ -1,11 +1,13 @@
 #include "ExportTarget.h"
 
 #include "FileError.h"
+#include "PhotoScript.h"
 #include "PlainFile.h"
 #include "TextOrder.h"
 
 #include <algorithm>
 #include <cerrno>
+#include <optional>
 #include <set>
 #include <system_error>
 
@@ -135,14 +137,26 @@ bool hasPagesOfExport(const fs::path& target, const ExportNames& names) {
   return has(framePage) && (has(names.lcname + ".htm") || has(startPageOfTemplate));
 }
 
-/// Another album whose name gives the same folder has been there.
-bool isOfAnotherAlbum(const fs::path& startPage, const fs::path& exportTemplate,
-                      const std::string& title) {
+/// The number of the album that has been there; nothing where its pages do not tell.
+std::optional<std::int64_t> albumIn(const fs::path& target) {
+  const fs::path html = exportFolder(target, "html");
+  if (!isFolder(html))
+    return std::nullopt;
+  const fs::path script = exportFolder(html, "photos.js");
+  return fileExists(script) ? albumOfScript(readWholeFile(script)) : std::nullopt;
+}
+
+/// Another album whose name gives the same folder has been there; it may have the same title too.
+bool isOfAnotherAlbum(const fs::path& target, const fs::path& exportTemplate,
+                      const ExportNames& names, std::int64_t albumId) {
+  const fs::path startPage = exportFolder(target, names.lcname + ".htm");
   if (!fileExists(startPage))
     return false;
   const std::string page = readWholeFile(startPage);
+  if (page.find(tokens::title) != std::string::npos)
+    return false; // it was broken off
   const std::string master = readWholeFile(exportTemplate / startPageOfTemplate);
-  return page.find(tokens::title) == std::string::npos && !bearsTitle(page, master, title);
+  return albumIn(target).value_or(albumId) != albumId || !bearsTitle(page, master, names.title);
 }
 
 void refuseReadOnlyFiles(const fs::path& target) {
@@ -183,14 +197,14 @@ bool belongsToProgram(const ApplicationFolder& folder, const fs::path& target) {
     return true;
   if (!isSameOrBelow(place, exports))
     return isSameOrBelow(place, root);
-  for (const char* own : {"template", "templates"})
+  for (const char* own : {"template", "templates", "testing1"}) // the last has the designer's page
     if (lowerCase((*place.lexically_relative(exports).begin()).string()) == own)
       return true;
   return false;
 }
 
 std::vector<std::string> strangersIn(const fs::path& target, const fs::path& exportTemplate,
-                                     const ExportNames& names) {
+                                     const ExportNames& names, std::int64_t albumId) {
   const KnownFiles known(exportTemplate, names);
   std::vector<std::string> strangers;
   std::vector<std::string> all;
@@ -203,8 +217,7 @@ std::vector<std::string> strangersIn(const fs::path& target, const fs::path& exp
     if (isReplaced)
       addStrangersBelow(entry, known, strangers);
   }
-  const fs::path startPage = exportFolder(target, names.lcname + ".htm");
-  if (!hasPagesOfExport(target, names) || isOfAnotherAlbum(startPage, exportTemplate, names.title))
+  if (!hasPagesOfExport(target, names) || isOfAnotherAlbum(target, exportTemplate, names, albumId))
     return all;
   return strangers;
 }

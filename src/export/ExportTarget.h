@@ -3,6 +3,7 @@
 #include "ApplicationFolder.h"
 #include "ExportPages.h"
 
+#include <cstdint>
 #include <filesystem>
 #include <string>
 #include <vector>
@@ -24,11 +25,11 @@ std::filesystem::path exportFolder(const std::filesystem::path& base, const std:
 /// outside of its folder for exports, into the template, or into a folder that holds all of them.
 bool belongsToProgram(const ApplicationFolder& folder, const std::filesystem::path& target);
 
-/// What a replacing deletes although no export of this album has written it; empty where it can
-/// go ahead.
+/// What a replacing deletes although no export of this album, which has that number, has written
+/// it; empty where it can go ahead.
 std::vector<std::string> strangersIn(const std::filesystem::path& target,
                                      const std::filesystem::path& exportTemplate,
-                                     const ExportNames& names);
+                                     const ExportNames& names, std::int64_t albumId);
 
 /// Deletes an earlier export: the folders html, data and audio and all files beside them. Other
 /// folders stay, and a file that must not be written to stops it before anything is deleted.

@@ -1,11 +1,15 @@
 #include "PhotoScript.h"
 
+#include "Numbers.h"
+
 #include <array>
 #include <cstdio>
 
 namespace hearthbook {
 
 namespace {
+
+constexpr std::string_view scriptBeginning = "var albumPhotos = {\"album\": ";
 
 std::string listOf(const std::vector<std::string>& texts) {
   std::string list;
@@ -34,9 +38,17 @@ void PhotoScript::add(const SidePage& page, const NameOfPerson& nameOf) {
   photos_ += "}";
 }
 
-std::string PhotoScript::text(std::string_view music) const {
-  return "var albumPhotos = {\"music\": " + scriptText(music) + ", \"photos\": {" + photos_ +
-         "}};\n";
+std::string PhotoScript::text(const ScriptedAlbum& album) const {
+  return std::string(scriptBeginning) + std::to_string(album.id) +
+         ", \"count\": " + std::to_string(album.photos) +
+         ", \"music\": " + scriptText(album.music) + ", \"photos\": {" + photos_ + "}};\n";
+}
+
+std::optional<std::int64_t> albumOfScript(std::string_view script) {
+  const auto at = script.find(scriptBeginning);
+  if (at == std::string_view::npos)
+    return std::nullopt;
+  return leadingNumber(script.substr(at + scriptBeginning.size()));
 }
 
 std::string scriptText(std::string_view text) {
@@ -47,7 +59,9 @@ std::string scriptText(std::string_view text) {
       written += '\\';
     written += isControl ? escaped(c) : std::string(1, c);
   }
-  return written += '"';
+  written += '"';
+  // To older browsers these two end a line, which no text may hold.
+  return withToken(withToken(written, "\u2028", "\\u2028"), "\u2029", "\\u2029");
 }
 
 } // namespace hearthbook

@@ -94,7 +94,7 @@ TEST_F(AlbumExportFiles, TheScriptsLearnOfSoundsAndStoriesWhereTheyAskForThem) {
   writeBytes(at("export/template/html/photos.js"), "");
   exportAlbum();
   const std::string script = page("Trip/html/photos.js");
-  EXPECT_THAT(script, HasSubstr("{\"music\": \"Trip.mid\", "));
+  EXPECT_THAT(script, HasSubstr("\"count\": 2, \"music\": \"Trip.mid\", "));
   EXPECT_THAT(script, HasSubstr("\"1\": {\"year\": \"----\""));
   EXPECT_THAT(script, HasSubstr("\"sound\": \"2.MID\"}}"));
 }
@@ -110,6 +110,7 @@ TEST_F(AlbumExportFiles, AnAlbumWhoseSoundCannotBeReadGoesOutWithout) {
                   albumSound(".wav"), "is the sound of the album and could not be read"}));
   EXPECT_THAT(namesIn(out("Trip/audio")), IsEmpty());
   EXPECT_THAT(page("Trip/html/photos.js"), HasSubstr("\"music\": \"\""));
+  EXPECT_THAT(page("Trip/trip.htm"), HasSubstr("audio/^^audio^^"));
   EXPECT_TRUE(isThere("Trip/data/1.jpg"));
 }
 
@@ -127,6 +128,57 @@ TEST_F(AlbumExportFiles, TheScriptsLearnNothingOfWhatIsNotThere) {
   EXPECT_THAT(page("Trip/html/photos.js"), Not(HasSubstr("\"1\"")));
   EXPECT_THAT(page("Trip/html/photos.js"), HasSubstr("\"2\""));
   EXPECT_THAT(page("Trip/html/photos.js"), Not(HasSubstr("sound")));
+  EXPECT_THAT(page("Trip/data/2.htm"), Not(HasSubstr("bgsound")));
+}
+
+TEST_F(AlbumExportFiles, AScriptBeyondAsciiSaysThatItIsUtf8) {
+  writeBytes(at("export/template/html/photos.js"), "");
+  folder_.addPhoto("HD00002", {{"Description", "Zoë in Évian"}});
+  addSubAlbum("Trip", {"HD00002"});
+  exportAlbum();
+  EXPECT_TRUE(page("Trip/html/photos.js").starts_with("\xEF\xBB\xBFvar"));
+  data().AlbumDB.execute("UPDATE PhotoAlbum SET Description = 'plain'");
+  exportAlbum();
+  EXPECT_TRUE(page("Trip/html/photos.js").starts_with("var"));
+}
+
+TEST_F(AlbumExportFiles, AFolderOfSoundsThatCannotBeReadIsTold) {
+  addTrip(1);
+  fs::remove_all(at("Audio"));
+  EXPECT_THAT(exportAlbum().troubles, IsEmpty()); // an album without sounds
+  fs::create_symlink("Audio", at("Audio"));       // which leads nowhere for ever
+  EXPECT_THAT(exportAlbum().troubles,
+              ElementsAre(ExportOutcome::Trouble{
+                  at("Audio").string(), "is the folder of the sounds and could not be read"}));
+  EXPECT_TRUE(isThere("Trip/data/1.jpg"));
+}
+
+TEST_F(AlbumExportFiles, APhotoOfADiscHasItsSoundFromTheHardDiskOrTheDisc) {
+  folder_.addPhoto("CD00002");
+  folder_.addPhoto("CD00003");
+  addSubAlbum("Trip", {"CD00002", "CD00003"});
+  insertDisc();
+  for (const char* photo : {"00002", "00003"}) {
+    writeJpeg(disc_ / "Photos" / (photo + std::string(".jpg")));
+    writeBytes(disc_ / "Thumbnails" / (photo + std::string(".jpg")), "small");
+    writeBytes(disc_ / "Audio" / (photo + std::string(".wav")), "disc");
+  }
+  writeBytes(at("Audio/00002.wav"), "hard disk");
+  exportAlbum();
+  EXPECT_EQ(page("Trip/audio/1.wav"), "hard disk");
+  EXPECT_EQ(page("Trip/audio/2.wav"), "disc");
+  EXPECT_THAT(page("Trip/data/2.htm"), HasSubstr("SRC=\"../audio/2.wav\""));
+}
+
+TEST_F(AlbumExportFiles, APhotoOfAnotherPrefixComesFromTheDisc) {
+  folder_.addPhoto("XX00001"); // there is an HD00001 of the same number
+  addSubAlbum("Trip", {"XX00001"});
+  insertDisc();
+  writeJpeg(disc_ / "Photos/00001.jpg", 90, 60);
+  writeBytes(disc_ / "Thumbnails/00001.jpg", "small");
+  EXPECT_THAT(exportAlbum().troubles, IsEmpty());
+  EXPECT_EQ(sizeOf("Trip/data/1.jpg"), (PixelSize{90, 60}));
+  EXPECT_EQ(page("Trip/data/t1.jpg"), "small");
 }
 
 TEST_F(AlbumExportFiles, APhotoOfADiscComesFromTheDisc) {

@@ -135,6 +135,28 @@ TEST_F(ExportFaults, ANameOf255LettersCanBeExported) {
   EXPECT_EQ(outcome.name.size(), 251U);
 }
 
+TEST_F(ExportFaults, ALongNameBeyondAsciiIsCutBetweenItsLetters) {
+  std::string name;
+  std::string cut; // as much as leaves room for ".htm"
+  for (int letter = 0; letter < 255; ++letter)
+    name += "é";
+  for (int letter = 0; letter < 125; ++letter)
+    cut += "é";
+  addSubAlbum(name, {"HD00001"});
+  writeBytes(at("Audio/A" + std::to_string(request_.albumId) + ".wav"), "wave");
+  EXPECT_EQ(exportAlbum().startPage, out(cut) / (cut + ".htm"));
+  EXPECT_THAT(page(cut + "/" + cut + ".htm"), HasSubstr("<title>" + name + "</title>"));
+  EXPECT_EQ(page(cut + "/audio/" + cut + ".wav"), "wave");
+}
+
+TEST_F(ExportFaults, TwoAlbumsOfOneNameAsk) {
+  writeBytes(at("export/template/html/photos.js"), "");
+  addTrip(1);
+  exportAlbum();
+  addSubAlbum("Trip", {"HD00001"});
+  EXPECT_FALSE(exportSubAlbum(album(), pool_, request_, listener_).has_value());
+}
+
 TEST_F(ExportFaults, AFolderThatIsGoneIsNotMadeAgain) {
   addTrip(1);
   fs::remove_all(base_);

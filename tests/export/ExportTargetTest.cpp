@@ -14,9 +14,11 @@ using testing::IsEmpty;
 
 class ExportTarget : public ExportFixture {
 protected:
-  std::vector<std::string> strangers(const std::string& albumName = "Trip") {
-    const ExportNames names = exportNames(albumName, 1);
-    return strangersIn(exportFolder(base_, names.name), templateFolder(album().folder), names);
+  std::vector<std::string> strangers(const std::string& albumName = "Trip",
+                                     std::int64_t albumId = 1) {
+    const ExportNames names = exportNames(albumName, albumId);
+    return strangersIn(exportFolder(base_, names.name), templateFolder(album().folder), names,
+                       albumId);
   }
 };
 
@@ -95,6 +97,17 @@ TEST_F(ExportTarget, AnotherAlbumThatGivesTheSameFolderIsTold) {
   EXPECT_THAT(strangers("Trip_1"), testing::Contains("trip_1.htm"));
 }
 
+TEST_F(ExportTarget, AnotherAlbumOfTheSameTitleIsToldByItsNumber) {
+  writeBytes(at("export/template/html/photos.js"), "");
+  addTrip(1, "Smith/Jones");
+  exportAlbum();
+  EXPECT_THAT(strangers("Smith Jones", request_.albumId), IsEmpty());
+  EXPECT_THAT(strangers("Smith Jones", request_.albumId + 1), testing::Contains("smith_jones.htm"));
+  fs::rename(out("Smith_Jones/html"), out("Smith_Jones/HTML"));
+  fs::rename(out("Smith_Jones/HTML/photos.js"), out("Smith_Jones/HTML/PHOTOS.JS"));
+  EXPECT_THAT(strangers("Smith Jones", request_.albumId + 1), testing::Contains("smith_jones.htm"));
+}
+
 TEST_F(ExportTarget, AFolderIsFoundInAnyCase) {
   fs::create_directories(out("TRIP"));
   EXPECT_EQ(exportFolder(base_, "Trip"), out("TRIP"));
@@ -140,8 +153,9 @@ TEST_F(ExportTarget, ReadOnlyFilesInTheThreeFoldersGo) {
 
 TEST_F(ExportTarget, TheFoldersOfTheAlbumBelongToTheProgram) {
   const auto& folder = album().folder;
-  for (const char* own : {"Photos", "Data", "Photos/Trip", "export", "export/template",
-                          "export/Template/Trip", "export/templates", "export/templates/Wedding"})
+  for (const char* own :
+       {"Photos", "Data", "Photos/Trip", "export", "export/template", "export/Template/Trip",
+        "export/templates", "export/templates/Wedding", "export/Testing1"})
     EXPECT_TRUE(belongsToProgram(folder, at(own))) << own;
   EXPECT_TRUE(belongsToProgram(folder, folder_.root()));
   EXPECT_TRUE(belongsToProgram(folder, folder_.root().parent_path()));

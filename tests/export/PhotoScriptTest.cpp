@@ -21,8 +21,8 @@ TEST(PhotoScript, TellsWhatTheSidePageTells) {
   PhotoScript script;
   script.add(page, annAlone);
   EXPECT_EQ(
-      script.text("Trip.wav"),
-      "var albumPhotos = {\"music\": \"Trip.wav\", \"photos\": {\n"
+      script.text({7, 13, "Trip.wav"}),
+      "var albumPhotos = {\"album\": 7, \"count\": 13, \"music\": \"Trip.wav\", \"photos\": {\n"
       "\"12\": {\"year\": \"1987\", \"event\": \"Wedding in Lake House\", "
       "\"names\": [\"Ann \\\"Nan\\\"\"], "
       "\"description\": \"first\\u000d\\u000asecond \\\\ last\", \"sound\": \"12.MID\"}}};\n");
@@ -38,9 +38,22 @@ TEST(PhotoScript, APhotoOfWhichNothingIsKnownHasNoSound) {
   script.add(second, annAlone);
   EXPECT_EQ(
       script.text({}),
-      "var albumPhotos = {\"music\": \"\", \"photos\": {\n"
+      "var albumPhotos = {\"album\": 0, \"count\": 0, \"music\": \"\", \"photos\": {\n"
       "\"1\": {\"year\": \"----\", \"event\": \"\", \"names\": [], \"description\": \"\"},\n"
       "\"2\": {\"year\": \"----\", \"event\": \"\", \"names\": [], \"description\": \"\"}}};\n");
+}
+
+TEST(PhotoScript, TellsWhichAlbumItBelongsTo) {
+  SidePage page;
+  page.description = "var albumPhotos = {\"album\": 8, ";
+  PhotoScript script;
+  script.add(page, annAlone);
+  EXPECT_EQ(albumOfScript("\xEF\xBB\xBF" + script.text({17, 1, {}})), 17);
+  EXPECT_EQ(albumOfScript("var albumPhotos = {\"music\": \"\", \"photos\": {}};"), std::nullopt);
+}
+
+TEST(PhotoScript, WhatOlderBrowsersTakeForTheEndOfALineIsEscaped) {
+  EXPECT_EQ(scriptText("one\u2028two\u2029three"), "\"one\\u2028two\\u2029three\"");
 }
 
 TEST(PhotoScript, LettersOfEveryAlphabetStandAsTheyAre) { EXPECT_EQ(scriptText("Zoë"), "\"Zoë\""); }

@@ -3,9 +3,18 @@
 var album = (function () {
   "use strict";
 
+  // Nothing where it is not UTF-8, as of a name that another system has written.
+  function decode(text) {
+    try {
+      return decodeURIComponent(text);
+    } catch (notUtf8) {
+      return "";
+    }
+  }
+
   function query(name) {
     var found = new RegExp("[?&]" + name + "=([^&]*)", "i").exec(location.search);
-    return found ? decodeURIComponent(found[1]) : "";
+    return found ? decode(found[1]) : "";
   }
 
   function pageNumber(text) {
@@ -104,7 +113,7 @@ var album = (function () {
   }
 
   return {
-    query: query, pageNumber: pageNumber, startPage: startPage, frameAddress: frameAddress,
-    tell: tell, listen: listen, onStepKeys: onStepKeys, onSwipe: onSwipe, offerSound: offerSound
+    decode: decode, query: query, pageNumber: pageNumber, startPage: startPage,
+    frameAddress: frameAddress, tell: tell, listen: listen, onStepKeys: onStepKeys, onSwipe: onSwipe, offerSound: offerSound
   };
 })();

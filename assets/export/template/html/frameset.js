@@ -9,7 +9,7 @@
   var paging = document.getElementById("paging");
   var paper = document.getElementById("paper");
   var start = album.startPage(album.query("Album"));
-  var count = Infinity; // until the paging tells
+  var count = albumPhotos.count;
   var shown = 0;
   var loaded = 0; // the photograph that its frame has shown last
 
@@ -46,7 +46,7 @@
     if (number === shown)
       return;
     shown = number;
-    document.title = "Photograph " + number;
+    document.title = "Photograph " + number + " of " + count;
     document.body.classList.remove("alone");
     open(photo, "html/leftctrl.htm?Page=" + number);
     open(side, "data/" + number + ".htm");
@@ -55,16 +55,16 @@
   }
 
   function goTo(number) {
-    number = Math.max(1, Math.min(number, count));
-    if (number !== shown && isFinite(number))
+    number = Math.min(Math.max(1, number), count);
+    if (number !== shown)
       location.hash = "#" + number;
   }
 
   function step(by) { goTo(shown + by); }
 
-  // Not before the count is known: behind the last photograph there is no file.
+  // Behind the last photograph there is no file.
   function preloadNext() {
-    if (isFinite(count) && loaded === shown && shown < count)
+    if (loaded === shown && shown < count)
       new Image().src = "data/" + (shown + 1) + ".jpg";
   }
 
@@ -99,19 +99,14 @@
       album.tell(frame, { number: shown });
     if (message.ask === "sound")
       tellSound();
-    if (message.count !== undefined) {
-      count = message.count;
-      show(wanted());
-      document.title = "Photograph " + shown + " of " + count;
-    }
     if (message.step !== undefined)
       step(message.step);
     if (message.goTo !== undefined)
       goTo(message.goTo);
-    if (message.loaded !== undefined)
+    if (message.loaded !== undefined) {
       loaded = message.loaded;
-    if (message.loaded !== undefined || message.count !== undefined)
       preloadNext();
+    }
     if (message.missing === shown) {
       document.body.classList.add("alone");
       open(side, "about:blank");
@@ -121,11 +116,10 @@
   });
 
   side.addEventListener("load", sideLoaded);
-  window.addEventListener("hashchange", function () {
-    show(wanted());
-    document.title = "Photograph " + shown + (isFinite(count) ? " of " + count : "");
-  });
+  window.addEventListener("hashchange", function () { show(wanted()); });
   album.onStepKeys(step);
+  photo.hidden = side.hidden = count === 0;
+  document.getElementById("empty").hidden = count > 0;
   show(wanted());
   open(paging, "html/rightctrl.htm?Page=" + shown + (start ? "&Album=" + encodeURIComponent(start) : ""));
 })();

@@ -18,7 +18,7 @@
   }
 
   function tellWayBack(link) {
-    var name = decodeURIComponent(location.pathname.split("/").pop());
+    var name = album.decode(location.pathname.split("/").pop());
     if (album.startPage(name))
       link.href = album.frameAddress("", numberOf(link), name);
   }

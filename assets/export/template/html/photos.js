@@ -1,2 +1,2 @@
 // What the scripts know of the photographs: an export writes this file anew.
-var albumPhotos = {"music": "", "photos": {}};
+var albumPhotos = {"count": 0, "music": "", "photos": {}};

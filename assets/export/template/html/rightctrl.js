@@ -4,7 +4,7 @@
   "use strict";
 
   var count = parseInt(photoCount, 10) || 0;
-  var number = Math.min(album.pageNumber(album.query("Page")), Math.max(count, 1));
+  var number = Math.min(album.pageNumber(album.query("Page")), count);
   var start = album.startPage(album.query("Album"));
   var previous = document.getElementById("previous");
   var next = document.getElementById("next");
@@ -72,6 +72,5 @@
   });
   album.onStepKeys(step);
   show(number);
-  album.tell(parent, { count: count });
   album.tell(parent, { ask: "sound" });
 })();
