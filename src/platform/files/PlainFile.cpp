@@ -69,7 +69,7 @@ void copyPlainTree(const fs::path& source, const fs::path& target) {
   std::error_code error;
   fs::directory_iterator entry(source, error);
   for (; !error && entry != fs::directory_iterator(); entry.increment(error)) {
-    if (entry->is_directory())
+    if (std::error_code broken; entry->is_directory(broken)) // a broken link is told by the copying
       copyPlainTree(entry->path(), target / entry->path().filename());
     else
       copyPlainFile(entry->path(), target / entry->path().filename());

@@ -68,6 +68,12 @@ TEST_F(PlainFile, ATreeIsCopiedWithItsFolders) {
   EXPECT_THROW(copyPlainTree(at("none"), at("copy2")), UnreadableFile);
 }
 
+TEST_F(PlainFile, ALinkInATreeThatLeadsNowhereIsAFileThatCannotBeRead) {
+  fs::create_directory(at("tree"));
+  fs::create_symlink("turn", at("tree/turn"));
+  EXPECT_THROW(copyPlainTree(at("tree"), at("copy")), UnreadableFile);
+}
+
 TEST_F(PlainFile, AFolderIsNotMadeBelowOneThatIsGone) {
   EXPECT_THROW(makePlainFolder(at("gone/folder")), RunTimeError);
   makePlainFolder(at("folder"));
