@@ -4,14 +4,13 @@
 #include "ExportPages.h"
 #include "FileError.h"
 #include "PageDesign.h"
+#include "PlainFile.h"
 #include "Resample.h"
 #include "RunTimeError.h"
 #include "SafeFile.h"
 #include "Words.h"
 
 #include <algorithm>
-#include <fstream>
-#include <iterator>
 #include <ostream>
 #include <set>
 #include <system_error>
@@ -71,15 +70,19 @@ std::vector<fs::path> filesOfDesign(const fs::path& design) {
   return listing.files;
 }
 
+void makeFolders(const fs::path& folder) {
+  std::error_code error;
+  fs::create_directories(folder, error);
+  if (error)
+    throwFileError("write", folder, error.value());
+}
+
 /// Where a page is put together, so that the one before stays as it is until this one is whole.
 class Workplace {
 public:
   explicit Workplace(fs::path folder) : folder_(std::move(folder)) {
     clear(); // a run may have been cut short
-    std::error_code error;
-    fs::create_directories(folder_, error);
-    if (error)
-      throwFileError("write", folder_, error.value());
+    makeFolders(folder_);
   }
   ~Workplace() { clear(); }
   Workplace(const Workplace&) = delete;
@@ -87,8 +90,10 @@ public:
 
   [[nodiscard]] const fs::path& folder() const { return folder_; }
 
-  /// The page itself goes last.
+  /// The page itself goes last; what may fail goes first.
   void moveTo(const fs::path& target, const std::vector<fs::path>& files) const {
+    for (const fs::path& file : files)
+      makeFolders((target / file).parent_path());
     for (const fs::path& file : files)
       move(file, target);
     flushToDisk(target);
@@ -97,9 +102,7 @@ public:
 private:
   void move(const fs::path& file, const fs::path& target) const {
     std::error_code error;
-    fs::create_directories((target / file).parent_path(), error);
-    if (!error)
-      fs::rename(folder_ / file, target / file, error);
+    fs::rename(folder_ / file, target / file, error);
     if (error)
       throwFileError("write", target / file, error.value());
   }
@@ -116,24 +119,27 @@ bool isTakenAlong(const fs::path& file) {
   return file.parent_path().empty() && (file.stem() == backgroundName || file.stem() == musicName);
 }
 
-/// What a page of any design has left: files of the designs, its background and its music.
+fs::path photoName(const std::string& tag) { return tag + ".jpg"; }
+
+/// What pages of all designs consist of, but for the family's own files.
+std::set<fs::path> filesOfPages(const ApplicationFolder& folder) {
+  std::set<fs::path> ours;
+  for (const PageDesign& design : pageDesigns()) {
+    const Listing listing = listingOf(designFolder(folder, design.name));
+    ours.insert(listing.files.begin(), listing.files.end());
+    for (const DesignBox& box : design.boxes)
+      ours.insert(photoName(box.tag));
+  }
+  return ours;
+}
+
+/// What a page of any design has left: files of the designs, photos, its background and its music.
 void removeEarlierPage(const ApplicationFolder& folder, const fs::path& target,
                        const std::set<fs::path>& present) {
-  std::set<fs::path> ours;
-  for (const PageDesign& design : pageDesigns())
-    std::ranges::copy(listingOf(designFolder(folder, design.name)).files,
-                      std::inserter(ours, ours.end()));
+  const std::set<fs::path> ours = filesOfPages(folder);
   for (const fs::path& file : listingOf(target).files)
     if (!present.contains(file) && (ours.contains(file) || isTakenAlong(file)))
       deleteFile(target / file);
-}
-
-std::string readWhole(const fs::path& file) {
-  std::ifstream in(file, std::ios::binary);
-  std::string text{std::istreambuf_iterator<char>(in), {}};
-  if (in.bad() || !in.is_open())
-    throw RunTimeError("Cannot read the file " + file.string());
-  return text;
 }
 
 std::string replaced(const std::string& text, std::string_view tag, std::string_view value) {
@@ -151,7 +157,7 @@ std::string takeAlong(const fs::path& file, const char* name, const fs::path& wo
 
 void savePhoto(const DesignedPage::Photo& photo, const fs::path& work) {
   const Picture sized = resample(photo.picture, photo.size);
-  replaceFile(work / (photo.tag + ".jpg"),
+  replaceFile(work / photoName(photo.tag),
               [&](std::ostream& out) { writeJpeg(out, sized, photoFactor); });
 }
 
@@ -161,7 +167,7 @@ std::vector<fs::path> copyDesign(const fs::path& design, const fs::path& work) {
   std::vector<fs::path> files = filesOfDesign(design);
   std::erase(files, pageName);
   for (const fs::path& file : files) {
-    fs::create_directories((work / file).parent_path());
+    makeFolders((work / file).parent_path());
     copyFileSafely(design / file, work / file);
   }
   return files;
@@ -171,11 +177,14 @@ std::vector<fs::path> copyDesign(const fs::path& design, const fs::path& work) {
 std::vector<fs::path> makePage(const fs::path& design, const DesignedPage& page,
                                const fs::path& work) {
   std::vector<fs::path> files = copyDesign(design, work);
-  std::string text = readWhole(design / pageName);
+  std::string text = readWholeFile(design / pageName);
   for (const DesignedPage::Text& box : page.texts)
     text = replaced(text, box.tag, box.text);
-  for (const DesignedPage::Photo& photo : page.photos)
+  for (const DesignedPage::Photo& photo : page.photos) {
     savePhoto(photo, work);
+    std::erase(files, photoName(photo.tag)); // the design's own picture
+    files.push_back(photoName(photo.tag));
+  }
   const auto goesAlong = [&](std::string_view tag, const fs::path& own, const char* name) {
     const std::string taken = takeAlong(own, name, work);
     text = replaced(text, tag, taken);

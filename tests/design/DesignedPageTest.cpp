@@ -120,6 +120,23 @@ TEST_F(DesignedPageTest, AnotherPageTakesThePlaceOfTheOneBefore) {
   EXPECT_EQ(readBytes(target / "letter.txt"), "of the family's own");
 }
 
+TEST_F(DesignedPageTest, APhotoGoesAlongThoughTheDesignHasNoPictureForItsBox) {
+  std::filesystem::remove(wedding / "Bride.jpg");
+  page.photos = {{"Bride", test::corners({40, 60}), {12, 18}}};
+  write();
+  EXPECT_EQ(decodePicture(target / "Bride.jpg").picture.size(), (PixelSize{12, 18}));
+}
+
+TEST_F(DesignedPageTest, APhotoOfThePageBeforeGoesThoughNoDesignHasAPictureOfItsName) {
+  std::filesystem::remove(wedding / "Bride.jpg");
+  page.photos = {{"Bride", test::corners({40, 60}), {12, 18}}};
+  write();
+  ASSERT_TRUE(fileExists(target / "Bride.jpg"));
+  page.photos.clear();
+  write();
+  EXPECT_FALSE(fileExists(target / "Bride.jpg"));
+}
+
 TEST_F(DesignedPageTest, ThePageBeforeStaysWholeWhereTheNextOneFails) {
   page.photos = {{"Bride", test::corners({40, 60}), {12, 18}}};
   write();
@@ -206,6 +223,23 @@ TEST_F(DesignedPageTest, FilesOfTheFamilysOwnInFoldersBesideThePageStay) {
   EXPECT_EQ(readBytes(target / "letters/background.doc"), "how it began");
 }
 
+TEST_F(DesignedPageTest,
+       AFolderOfTheDesignWhosePlaceIsTakenByAFileIsToldAndThePageBeforeStaysWhole) {
+  write();
+  writeTemplate("pictures/rose.gif", "a rose");
+  writeBytes(target / "pictures", "a file where the folder should be");
+  const auto before = made();
+  page.photos = {{"Bride", test::corners({40, 60}), {12, 18}}};
+  expectFailure("pictures", "Cannot write");
+  EXPECT_EQ(made(), before);
+}
+
+TEST_F(DesignedPageTest, ADesignWithoutItsPageIsToldAndMakesNone) {
+  std::filesystem::remove(wedding / "index.htm");
+  expectFailure("index.htm", "it is not there");
+  EXPECT_FALSE(std::filesystem::exists(target));
+}
+
 TEST_F(DesignedPageTest, ADesignWithoutFilesIsTold) {
   page.design = "Funeral";
   EXPECT_THROW(writeDesignedPage(album().folder, page), RunTimeError);
@@ -213,7 +247,7 @@ TEST_F(DesignedPageTest, ADesignWithoutFilesIsTold) {
 
 TEST_F(DesignedPageTest, AFolderThatCannotBeWrittenToIsTold) {
   writeBytes(target, "a file where the folder should be");
-  EXPECT_THROW(writeDesignedPage(album().folder, page), std::exception);
+  expectFailure("testing1", "Cannot write");
 }
 
 } // namespace
