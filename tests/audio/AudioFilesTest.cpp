@@ -58,6 +58,12 @@ TEST_F(AudioFiles, OfTwoSoundsTheFirstByNameCounts) {
   EXPECT_EQ(attachedAudio(album(), "00012"), at("Audio/00012.mid"));
 }
 
+TEST_F(AudioFiles, WhichOfTwoSoundsCountsDoesNotHangOnTheirSpelling) {
+  sound("00012.WAV");
+  sound("00012.mid");
+  EXPECT_EQ(attachedAudio(album(), "00012"), at("Audio/00012.mid"));
+}
+
 TEST_F(AudioFiles, AFileOfAnotherKindUnderTheNameCountsToo) {
   sound("00012.ogg");
   EXPECT_EQ(attachedAudio(album(), "00012"), at("Audio/00012.ogg"));

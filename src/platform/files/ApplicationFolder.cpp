@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <array>
 #include <system_error>
+#include <utility>
 
 #include <unistd.h>
 
@@ -46,6 +47,11 @@ bool isWritable(const fs::path& folder) { return access(folder.c_str(), W_OK | X
 bool isFolder(const fs::path& path) {
   std::error_code ignored;
   return fs::is_directory(path, ignored);
+}
+
+/// By name as people read it; only where the case alone differs is that looked at.
+std::pair<std::string, fs::path> orderOfNames(const fs::path& file) {
+  return {asciiLower(file.filename().string()), file};
 }
 
 void makeFolders(const fs::path& folder) {
@@ -136,7 +142,7 @@ std::vector<fs::path> ApplicationFolder::filesWithStem(std::string_view folder,
     if (sameIgnoringCase(name.substr(0, start.size()), start) && fileExists(entry->path()))
       files.push_back(entry->path());
   }
-  std::ranges::sort(files);
+  std::ranges::sort(files, {}, orderOfNames);
   return files;
 }
 

@@ -63,7 +63,14 @@ TEST_F(ApplicationFolderTest, FilesOfAStemHaveAnyExtensionAndNoLongerName) {
   fs::create_directory(at("Audio/00012.folder"));
   EXPECT_THAT(
       application_.filesWithStem("\\audio\\", "00012"),
-      testing::ElementsAre(at("Audio/00012.MP3"), at("Audio/00012.mid"), at("Audio/00012.wav")));
+      testing::ElementsAre(at("Audio/00012.mid"), at("Audio/00012.MP3"), at("Audio/00012.wav")));
+}
+
+TEST_F(ApplicationFolderTest, FilesOfAStemComeInTheSameOrderHoweverTheyAreSpelled) {
+  for (const char* name : {"A3.WAV", "a3.mid", "a3.wav"})
+    writeBytes(at("Audio") / name, "x");
+  EXPECT_THAT(application_.filesWithStem("\\Audio\\", "A3"),
+              testing::ElementsAre(at("Audio/a3.mid"), at("Audio/A3.WAV"), at("Audio/a3.wav")));
 }
 
 TEST_F(ApplicationFolderTest, AStemIsFoundInAnyCase) {
