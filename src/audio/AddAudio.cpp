@@ -230,7 +230,7 @@ void AddAudio::showTab(Tab tab) {
   tab_ = tab;
   const bool forFiles = tab == Tab::File;
   for (QWidget* recording : std::initializer_list<QWidget*>{ui->fromMic, ui->Command7, ui->Command8,
-                                                            ui->Frame2, ui->recordingCommands})
+                                                            ui->recordingCommands})
     recording->setVisible(!forFiles);
   ui->FromCD->setVisible(tab == Tab::Disc);
   ui->recordingHint->setText(toQString(tab == Tab::Disc ? discHint : microphoneHint));

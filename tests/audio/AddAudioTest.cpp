@@ -3,6 +3,7 @@
 #include "PictureBox.h"
 
 #include <memory>
+#include <tuple>
 
 namespace hearthbook::test {
 
@@ -161,6 +162,19 @@ TEST_F(AddAudioTest, ThePhotoThatTheSoundIsForIsSeen) {
   EXPECT_NEAR(picture->width() * 3.0 / 4, picture->height(), 1);
 }
 
+TEST_F(AddAudioTest, AClickOnAQualityStoresItsFactorAndTheEstimateIsMadeWithIt) {
+  attach("00001.wav", silentWave(lowQuality, 60'000));
+  const auto& dialog = open();
+  for (const auto& [option, factor, estimate] :
+       {std::tuple("Option2", "86", "5160k"), std::tuple("Option1", "11", "660k")}) {
+    press(dialog, option);
+    EXPECT_EQ(control(dialog, "frameQuality")->property("Tag").toString(), toQString(factor));
+    transport(dialog, "play");
+    transport(dialog, "stop");
+    EXPECT_EQ(textOf(dialog, "lblSize"), estimate) << option;
+  }
+}
+
 // Sub-albums
 
 TEST_F(AddAudioTest, AnAlbumsSoundBearsItsIdWithoutLeadingZeros) {
@@ -213,6 +227,15 @@ TEST_F(AddAudioTest, EachTabShowsItsOwn) {
   EXPECT_FALSE(control(*control(dialog, "MMControl1"), "record")->isVisible());
   chooseTab(dialog, Microphone);
   EXPECT_TRUE(control(*control(dialog, "MMControl1"), "record")->isVisible());
+}
+
+TEST_F(AddAudioTest, LengthAndSizeAreShownOnEachTab) {
+  auto& dialog = open();
+  for (const Tab tab : {File, Disc, Microphone}) {
+    chooseTab(dialog, tab);
+    EXPECT_TRUE(isVisible(dialog, "lblLength")) << tab;
+    EXPECT_TRUE(isVisible(dialog, "lblSize")) << tab;
+  }
 }
 
 TEST_F(AddAudioTest, ATabStopsWhatWasPlayedAndOpensTheAttachedSoundAgain) {
@@ -316,6 +339,7 @@ TEST_F(AddAudioTest, BehindARemovalTheChosenFileIsOpenAsBefore) {
   EXPECT_TRUE(sound(dialog).isOpen());
   EXPECT_EQ(textOf(dialog, "lblLength"), "3 Sec.");
   EXPECT_EQ(textOf(dialog, "lblSize"), "33k");
+  EXPECT_TRUE(isVisible(dialog, "lblSize"));
   EXPECT_FALSE(isEnabled(dialog, "Command3"));
 }
 
