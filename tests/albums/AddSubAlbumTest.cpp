@@ -324,10 +324,12 @@ TEST_F(AddSubAlbumForm, TheAudioCommandSaysWhetherThereIsASound) {
 }
 
 TEST_F(AddSubAlbumForm, TheAudioCommandOpensTheSoundOfTheSubAlbumAndTellsWhatBecameOfIt) {
-  const auto lake = addAlbumUpTo(3);
-  std::ofstream(at("Audio") / "A1.mid") << "la";
+  addAlbumUpTo(3);
+  const auto home = addSubAlbum(folder_, "Home", {2});
+  for (const char* tune : {"A1.mid", "A2.mid"})
+    std::ofstream(at("Audio") / tune) << "la";
   auto& form = openForEditor();
-  choose(form, lake);
+  choose(form, home);
   QString task;
   QTimer::singleShot(0, &form, [&] {
     auto& dialog = Forms::get<AddAudio>();
@@ -340,17 +342,19 @@ TEST_F(AddSubAlbumForm, TheAudioCommandOpensTheSoundOfTheSubAlbumAndTellsWhatBec
   });
   press(form, "Command3");
   EXPECT_EQ(task, toQString("album"));
-  EXPECT_FALSE(std::filesystem::exists(at("Audio") / "A1.mid"));
+  EXPECT_FALSE(std::filesystem::exists(at("Audio") / "A2.mid"));
+  EXPECT_TRUE(std::filesystem::exists(at("Audio") / "A1.mid"));
   EXPECT_EQ(text(form, "Command3"), "Add Background Audio");
 }
 
 TEST_F(AddSubAlbumForm, ATuneThatIsAttachedIsToldByTheCaptionAndBearsTheAlbumsNumber) {
-  const auto lake = addAlbumUpTo(3);
+  addAlbumUpTo(3);
+  const auto home = addSubAlbum(folder_, "Home", {2});
   std::filesystem::create_directories(at("Tunes"));
   std::ofstream(at("Tunes") / "waltz.mid") << "la";
   vars().LastSoundFolder = at("Tunes");
   auto& form = openForEditor();
-  choose(form, lake);
+  choose(form, home);
   QTimer::singleShot(0, &form, [&] {
     auto& dialog = Forms::get<AddAudio>();
     control<QTabBar>(dialog, "TabStrip1")->setCurrentIndex(2);
@@ -362,7 +366,8 @@ TEST_F(AddSubAlbumForm, ATuneThatIsAttachedIsToldByTheCaptionAndBearsTheAlbumsNu
   });
   press(form, "Command3");
   EXPECT_EQ(Forms::loaded<AddAudio>(), nullptr);
-  EXPECT_TRUE(std::filesystem::exists(at("Audio") / "A1.mid"));
+  EXPECT_TRUE(std::filesystem::exists(at("Audio") / "A2.mid"));
+  EXPECT_FALSE(std::filesystem::exists(at("Audio") / "A1.mid"));
   EXPECT_EQ(text(form, "Command3"), "Update Background Audio");
 }
 

@@ -32,6 +32,15 @@ TEST_F(AddAudioPlaying, WhilePlayingTheSecondsOfThePositionAreShown) {
   EXPECT_TRUE(waitFor([&] { return secondsOf(dialog) >= 1; }));
 }
 
+TEST_F(AddAudioPlaying, WhilePlayingTheSizeStaysThatOfTheWhole) {
+  attach("00001.wav", silentWave(lowQuality, 600'000));
+  const auto& dialog = open();
+  transport(dialog, "play");
+  EXPECT_EQ(textOf(dialog, "lblSize"), "6600k");
+  EXPECT_TRUE(waitFor([&] { return secondsOf(dialog) >= 1; }));
+  EXPECT_EQ(textOf(dialog, "lblSize"), "6600k");
+}
+
 TEST_F(AddAudioPlaying, StopGoesToTheStartAndShowsTheLength) {
   attach("00001.wav", silentWave(lowQuality, 60'000));
   const auto& dialog = open();
