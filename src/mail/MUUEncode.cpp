@@ -151,6 +151,10 @@ std::int64_t uuLines(std::uintmax_t bytes) {
   return static_cast<std::int64_t>(bytes / bytesOnLine) + 1;
 }
 
+bool lastUuLineBeginsWithDot(std::uintmax_t bytes) {
+  return characterOf(bytes % bytesOnLine) == '.';
+}
+
 bool MUUEncode(std::istream& in, std::uintmax_t bytes, std::string_view name, std::ostream& out,
                const UuProgress& progress) {
   if (progress.begun)

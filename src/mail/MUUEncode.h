@@ -19,6 +19,9 @@ struct UuProgress {
 /// lines.
 std::int64_t uuLines(std::uintmax_t bytes);
 
+/// True where the last data line of so many bytes begins with a dot, which mail servers take off.
+bool lastUuLineBeginsWithDot(std::uintmax_t bytes);
+
 /// Writes the `bytes` bytes of `in` as the text of an attachment called `name`, every line ended by
 /// CR LF. The last group is filled up with blanks, and the line of one backquote stands before the
 /// end even where the last data line is one already. False where `yield` has ended the work.

@@ -4,14 +4,14 @@
 #include "MailMessage.h"
 #include "MailTitle.h"
 #include "MsgBox.h"
-#include "PassOver.h"
-#include "RunTimeError.h"
+#include "PlainFile.h"
 #include "SendingPanel.h"
 #include "Text.h"
 #include "UserActs.h"
 
 #include <fstream>
 #include <sstream>
+#include <system_error>
 #include <utility>
 
 namespace hearthbook {
@@ -23,26 +23,20 @@ namespace {
 /// A file that is there for as long as it is encoded.
 class TemporaryJpeg {
 public:
-  TemporaryJpeg(fs::path file, std::string_view bytes) : file_(std::move(file)) {
-    std::ofstream out(file_, std::ios::binary);
-    out << bytes;
-    out.close();
-    if (out)
-      return;
-    remove();
-    throw RunTimeError("The file " + file_.string() + " cannot be written.");
+  TemporaryJpeg(fs::path file, std::string_view bytes) : TemporaryJpeg(std::move(file)) {
+    writePlainFile(file_, bytes); // where it fails, what there is of it is removed
   }
-  ~TemporaryJpeg() { remove(); }
+  ~TemporaryJpeg() {
+    std::error_code gone;
+    fs::remove(file_, gone);
+  }
   TemporaryJpeg(const TemporaryJpeg&) = delete;
   TemporaryJpeg& operator=(const TemporaryJpeg&) = delete;
 
   [[nodiscard]] const fs::path& file() const { return file_; }
 
 private:
-  void remove() const {
-    std::error_code gone;
-    fs::remove(file_, gone);
-  }
+  explicit TemporaryJpeg(fs::path file) : file_(std::move(file)) {}
 
   fs::path file_;
 };

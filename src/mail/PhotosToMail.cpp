@@ -24,9 +24,12 @@ bool isReady(const std::future<std::string>& jpeg) {
 
 PhotosToMail::PhotosToMail(WorkPool& pool, const std::vector<std::filesystem::path>& photos) {
   for (const auto& file : photos)
-    if (photos.size() == 1 || fileExists(file))
-      photos_.push_back(
-          {file, pool.run([file] { return reducedForMail(file); }, wakeWindow, true)});
+    photos_.push_back({file, pool.run(
+                                 [file, isAlone = photos.size() == 1] {
+                                   const bool isThere = isAlone || fileExists(file);
+                                   return isThere ? reducedForMail(file) : std::string();
+                                 },
+                                 wakeWindow, true)});
 }
 
 bool PhotosToMail::handOver(const Then& then, const std::function<bool()>& isWanted) {
@@ -34,7 +37,8 @@ bool PhotosToMail::handOver(const Then& then, const std::function<bool()>& isWan
     letUserActUntil([&] { return !isWanted() || isReady(photo.jpeg); });
     if (!isWanted())
       return false;
-    then(photo.file, photo.jpeg.get());
+    if (const std::string jpeg = photo.jpeg.get(); !jpeg.empty())
+      then(photo.file, jpeg);
     if (!isWanted())
       return false;
   }

@@ -27,7 +27,7 @@ public:
 private:
   struct Photo {
     std::filesystem::path file;
-    std::future<std::string> jpeg;
+    std::future<std::string> jpeg; ///< empty where the photo is left out
   };
 
   std::vector<Photo> photos_;

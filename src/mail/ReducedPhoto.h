@@ -13,7 +13,8 @@ namespace hearthbook {
 /// come out 320 wide, upright ones and small ones too. Nothing: a photo so tiny stays as it is.
 std::optional<PixelSize> mailedSize(PixelSize photo);
 
-/// The photo as a JPEG of that size. Throws RunTimeError.
+/// The photo as a JPEG of that size, so long that no line of it as an attachment begins with a dot.
+/// Throws RunTimeError.
 std::string reducedForMail(const std::filesystem::path& photo);
 
 } // namespace hearthbook

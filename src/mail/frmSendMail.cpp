@@ -160,9 +160,9 @@ void frmSendMail::changeServer() {
 void frmSendMail::send() {
   try {
     begin();
-  } catch (const std::exception&) {
+  } catch (const std::exception& failure) {
     if (!closed_)
-      failed();
+      failed(failure);
   }
 }
 
@@ -190,7 +190,9 @@ bool frmSendMail::handOverPhotos(
   return photos.handOver(then, [this] { return !closed_; });
 }
 
-void frmSendMail::failed() {
+/// The box has one text for all that can go wrong, so the cause stands in the form.
+void frmSendMail::failed(const std::exception& failure) {
+  showNote(toQString(failure.what()));
   MsgBox(QStringLiteral("E-mail transfer failed, please make sure you are connected to the "
                         "internet and that you entered the right Email Server"),
          mailTitle, MsgIcon::Critical);
@@ -227,11 +229,17 @@ void frmSendMail::mailProgramFailed() {
          mailTitle, MsgIcon::Exclamation);
 }
 
+void frmSendMail::showNote(const QString& note) {
+  ui->note->setText(note);
+  ui->note->setVisible(!note.isEmpty());
+}
+
 /// Only leaving is possible meanwhile.
 void frmSendMail::showSending(bool sending) {
   ui->fields->setEnabled(!sending);
   allowSending(!sending);
   if (sending) {
+    showNote({});
     panel_->show();
     ui->cmdClose->setFocus();
   } else {
@@ -266,7 +274,9 @@ void frmSendMail::act(const SmtpSession::Step& step) {
   winsock_->Close();
   session_.reset();
   if (step.notice)
-    endSession(*step.notice);
+    return endSession(*step.notice);
+  showNote(QStringLiteral("The mail server has taken the message."));
+  showSending(false);
 }
 
 void frmSendMail::endSession(const SmtpSession::Notice& notice) {

@@ -8,6 +8,7 @@
 #include "SmtpSession.h"
 #include "WorkPool.h"
 
+#include <exception>
 #include <filesystem>
 #include <functional>
 #include <memory>
@@ -68,7 +69,8 @@ private:
   void mailProgramFailed();
 
   void showSending(bool sending);
-  void failed();
+  void showNote(const QString& note);
+  void failed(const std::exception& failure);
 
   // What the server says
   void replyArrived(const std::string& text);

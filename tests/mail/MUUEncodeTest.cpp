@@ -85,6 +85,18 @@ TEST(MUUEncode, TheLastGroupOfALongFileIsFilledUpWithBlanksToo) {
   EXPECT_TRUE(dataOf(std::string(100'036, 'A')).ends_with("\r\n!02`@\r\n"));
 }
 
+TEST(MUUEncode, ALastLineOfFourteenBytesBeginsWithADot) {
+  for (const std::size_t length : {0, 13, 14, 15, 45, 59, 104}) {
+    const std::string data = dataOf(std::string(length, 'A'));
+    const std::size_t lastLine = data.rfind("\r\n", data.size() - 3);
+    EXPECT_EQ(data.at(lastLine == std::string::npos ? 0 : lastLine + 2) == '.',
+              lastUuLineBeginsWithDot(length))
+        << length;
+  }
+  EXPECT_TRUE(lastUuLineBeginsWithDot(59));
+  EXPECT_FALSE(lastUuLineBeginsWithDot(45));
+}
+
 TEST(MUUEncode, ThreeZeroBytesAreFourBackquotes) {
   EXPECT_EQ(dataOf(std::string(3, '\0')), "#````\r\n");
 }

@@ -1,5 +1,7 @@
 #include "ReducedPhoto.h"
 
+#include "DottedPhoto.h"
+
 #include "Decode.h"
 #include "Encode.h"
 #include "FileBytes.h"
@@ -8,6 +10,8 @@
 #include "TestPictures.h"
 
 #include <gtest/gtest.h>
+
+#include <algorithm>
 
 namespace hearthbook {
 void PrintTo(const PixelSize& size, std::ostream* out) {
@@ -86,6 +90,23 @@ TEST_F(ReducedPhoto, AnUprightOneOfTheCameraComesOutUpright) {
 TEST_F(ReducedPhoto, ASliverOfTenThousandCanBeMailed) {
   EXPECT_EQ(reduced(plain({1, 10'000}, red)).size(), (PixelSize{1, 240}));
   EXPECT_EQ(reduced(plain({10'000, 1}, red)).size(), (PixelSize{320, 1}));
+}
+
+TEST_F(ReducedPhoto, OfALengthThatWouldBeginALineWithADotHasOneByteMoreAndTheSamePixels) {
+  writeDottedPhoto(photo_);
+  const std::string plain = encodedForMail(photo_);
+  const std::string mailed = reducedForMail(photo_);
+  EXPECT_EQ(mailed.size(), plain.size() + 1);
+  EXPECT_FALSE(lastUuLineBeginsWithDot(mailed.size()));
+  const auto picture = [this](const std::string& jpeg) {
+    writeBytes(folder_.path() / "out.jpg", jpeg);
+    return decodePicture(folder_.path() / "out.jpg").picture;
+  };
+  const Picture expected = picture(plain);
+  const Picture shown = picture(mailed);
+  ASSERT_EQ(shown.size(), expected.size());
+  for (int y = 0; y < shown.height(); ++y)
+    EXPECT_TRUE(std::equal(shown.row(y), shown.row(y) + shown.width(), expected.row(y))) << y;
 }
 
 TEST_F(ReducedPhoto, WhatIsNoPictureFails) {

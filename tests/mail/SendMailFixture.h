@@ -80,6 +80,12 @@ protected:
   static int progress() { return control<QProgressBar>(form(), "ProgressBar1")->value(); }
   static std::string note() { return toUtf8(control<QLabel>(form(), "Label10")->text()); }
 
+  /// What the form says under its fields.
+  static std::string cause() {
+    const auto* label = control<QLabel>(form(), "note");
+    return label->isVisible() ? toUtf8(label->text()) : std::string();
+  }
+
   /// Presses Send and waits until the boxes of the script have come.
   void send() {
     press("cmdSend");

@@ -1,3 +1,4 @@
+#include "DottedPhoto.h"
 #include "MailServer.h"
 #include "SendMailFixture.h"
 
@@ -68,6 +69,17 @@ TEST_F(SendMail, APageArrivesWithItsReducedPhotos) {
   EXPECT_FALSE(std::filesystem::exists(at("Media/00001.jpg")));
 }
 
+TEST_F(SendMail, APhotoOfALengthThatWouldBeginALineWithADotArrivesWhole) {
+  const MailServer server;
+  writeDottedPhoto(photo(2));
+  openFilled(server.host());
+  expectSent();
+  send();
+  const Attachments attachments(server.mail());
+  ASSERT_EQ(attachments.bytes.size(), 2U);
+  EXPECT_TRUE(attachments.bytes[1] == reducedForMail(photo(2)));
+}
+
 TEST_F(SendMail, TheReplyToAddressArrives) {
   const MailServer server;
   openFilled(server.host());
@@ -89,13 +101,29 @@ TEST_F(SendMail, AMissingPhotoAmongSeveralIsLeftOut) {
   EXPECT_EQ(Attachments(server.mail()).names, std::vector<std::string>{"00002.jpg"});
 }
 
+TEST_F(SendMail, APhotoThatGoesBeforeItsTurnIsLeftOut) {
+  const MailServer server;
+  openFilled(server.host());
+  const auto release = holdPool();
+  onceThat([] { return isSending(); },
+           [this, release] {
+             std::filesystem::remove(photo(1));
+             release();
+           });
+  expectSent();
+  send();
+  EXPECT_EQ(Attachments(server.mail()).names, std::vector<std::string>{"00002.jpg"});
+}
+
 TEST_F(SendMail, AMissingSinglePhotoFails) {
   const MailServer server;
   page_.photos.resize(1);
   openFilled(server.host());
+  EXPECT_EQ(cause(), "");
   std::filesystem::remove(photo(1));
   expectFailed();
   send();
+  EXPECT_NE(cause().find("00001.jpg"), std::string::npos) << cause();
   EXPECT_EQ(server.mails(), 0);
 }
 
@@ -129,6 +157,7 @@ TEST_F(SendMail, APhotoThatHasNoPlaceToBePreparedFails) {
   std::filesystem::rename(at("Media"), at("Elsewhere"));
   expectFailed();
   send();
+  EXPECT_NE(cause().find("00001.jpg"), std::string::npos) << cause();
 }
 
 TEST_F(SendMail, APhotoThatIsPreparedOnAFullDiskFailsAndLeavesNothing) {
@@ -137,6 +166,7 @@ TEST_F(SendMail, APhotoThatIsPreparedOnAFullDiskFailsAndLeavesNothing) {
   std::filesystem::create_symlink("/dev/full", prepared);
   expectFailed();
   send();
+  EXPECT_NE(cause().find("the disk is full"), std::string::npos) << cause();
   EXPECT_FALSE(std::filesystem::is_symlink(prepared));
 }
 
