@@ -4,6 +4,7 @@
 #include "Resample.h"
 
 #include <algorithm>
+#include <cstdlib>
 #include <utility>
 
 namespace hearthbook {
@@ -57,6 +58,20 @@ PixelRect turned(const PixelRect& mark, double degrees, PixelSize page) {
   return {right, below, mark.width, mark.height};
 }
 
+bool isQuarterTurn(double degrees) {
+  return degrees == edits::rotateLeft.value || degrees == edits::rotateRight.value;
+}
+
+/// What of a rectangle one does not see at a glance.
+bool isNearly(const PixelRect& a, const PixelRect& b) {
+  constexpr int fewPixels = 10;
+  constexpr int smallShare = 50;
+  const int reach = std::max(fewPixels, std::max(b.width, b.height) / smallShare);
+  const auto near = [reach](int one, int other) { return std::abs(one - other) <= reach; };
+  return near(a.left, b.left) && near(a.top, b.top) && near(a.left + a.width, b.left + b.width) &&
+         near(a.top + a.height, b.top + b.height);
+}
+
 } // namespace
 
 void ImageEdit::show(Picture picture) {
@@ -72,12 +87,23 @@ const EditElement* ImageEdit::elementAt(const PixelRect& place) const {
   return found == now_.elements.end() ? nullptr : &*found;
 }
 
+/// A turned region stands smaller in its place than it is. A rectangle that was moved off that
+/// place by a hair still means the region, not the small one on white.
+const EditElement* ImageEdit::editedAt(const PixelRect& selected) const {
+  if (const EditElement* exactly = elementAt(selected))
+    return exactly;
+  const auto found = std::ranges::find_if(now_.elements, [&](const EditElement& element) {
+    return element.result.size() != element.place.size() && isNearly(selected, element.place);
+  });
+  return found == now_.elements.end() ? nullptr : &*found;
+}
+
 std::vector<RegionButton> ImageEdit::buttons() const {
   std::vector<RegionButton> all;
   for (const EditElement& element : now_.elements)
     all.push_back({element.place, true});
   const PixelRect region = selected();
-  if (!region.isEmpty() && !elementAt(region))
+  if (!region.isEmpty() && !editedAt(region))
     all.push_back({region, false});
   return all;
 }
@@ -101,8 +127,10 @@ ImageEdit::Task ImageEdit::crop() const { return {{}, picture(), elements(), sel
 
 ImageEdit::Task ImageEdit::cutOut() const {
   Task task{{}, picture(), elements(), selected(), {}};
-  if (const EditElement* edited = elementAt(task.region))
+  if (const EditElement* edited = editedAt(task.region)) {
+    task.region = edited->place;
     task.again = edited->result;
+  }
   return task;
 }
 
@@ -144,7 +172,7 @@ void ImageEdit::accept(Outcome outcome) {
   now_.elements.clear(); // they are part of it now
   if (isCrop)
     selection_.clear();
-  if (now_.picture.size() != before)
+  if (isCrop || isQuarterTurn(turn)) // of a square, or of all there is, too
     view_.resize(now_.picture.size());
 }
 

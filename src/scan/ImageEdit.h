@@ -98,6 +98,7 @@ private:
   };
 
   [[nodiscard]] const EditElement* elementAt(const PixelRect& place) const;
+  [[nodiscard]] const EditElement* editedAt(const PixelRect& selected) const;
   void remember(Step step);
   void dropOldSteps();
   void put(EditElement element);

@@ -161,6 +161,32 @@ TEST_F(ImageEditTest, ATurnedRegionKeepsItsPlaceAndIsSavedWhole) {
   EXPECT_TRUE(isSame(seen, around)) << "nothing beside the region has changed";
 }
 
+TEST_F(ImageEditTest, ATurnedRegionIsStillMeantByARectangleThatWasMovedOffItByAHair) {
+  select(region);
+  doEdit(edits::rotateRight);
+  edit_.selection().moveBy(1, 0);
+  edit_.selection().growBy(0, -3);
+  EXPECT_TRUE(isSame(cut(), rotated(cropped(page_, region), -90))) << "not the small one on white";
+  EXPECT_THAT(edit_.buttons(), ElementsAre(RegionButton{region, true}));
+  doEdit(edits::rotateLeft);
+  EXPECT_TRUE(isSame(whole(), page_));
+}
+
+TEST_F(ImageEditTest, ARectangleElsewhereOnATurnedRegionMeansWhatIsSeenThere) {
+  select(region);
+  doEdit(edits::rotateRight);
+  const PixelRect elsewhere{region.left + 20, region.top, region.width, region.height};
+  select(elsewhere);
+  EXPECT_TRUE(isSame(cut(), cropped(whole(), elsewhere)));
+}
+
+TEST_F(ImageEditTest, ARectangleBesideAnEditThatKeepsItsPlaceMeansWhatIsSeenThere) {
+  select(region);
+  doEdit(edits::brighter);
+  edit_.selection().moveBy(1, 0);
+  EXPECT_TRUE(isSame(cut(), cropped(whole(), edit_.selected())));
+}
+
 TEST_F(ImageEditTest, FourQuarterTurnsOfARegionChangeNothing) {
   select(region);
   for (int turn = 0; turn < 4; ++turn)
@@ -193,6 +219,23 @@ TEST_F(ImageEditTest, AHalfTurnLeavesTheViewAsItIs) {
   edit_.show(test::corners({900, 300}));
   doEdit(edits::flip);
   EXPECT_EQ(edit_.view().scrollBars(), ScrollBars::None) << "it was fitted, and still is";
+}
+
+TEST_F(ImageEditTest, AQuarterTurnOfASquareAndACropOfAllFitTheViewAnewToo) {
+  for (const bool isCrop : {false, true}) {
+    edit_.show(test::corners({300, 300}));
+    edit_.view().originalSize();
+    doEdit(edits::flip);
+    EXPECT_EQ(edit_.view().scrollBars(), ScrollBars::Both) << "a half turn changes no sides";
+    if (isCrop) {
+      select({0, 0, 300, 300});
+      doCrop();
+    } else {
+      doEdit(edits::rotateRight);
+    }
+    EXPECT_EQ(edit_.view().size(), (TwipsSize{4500, 4500})) << isCrop;
+    EXPECT_EQ(edit_.view().scrollBars(), ScrollBars::None) << isCrop;
+  }
 }
 
 TEST_F(ImageEditTest, AnEditOfTheWholeTakesTheEditedRegionsIn) {
