@@ -39,14 +39,13 @@ void PageView::showChanged() {
   std::vector<Layer> layers;
   if (!edit_->isEmpty() && places.perPixel() > 0) {
     const PixelSize page = edit_->picture().size();
-    layers.push_back(layerFor(edit_->picture(), {0, 0, page.width, page.height}, places));
+    layers.push_back(layerFor(edit_->picture(), {{0, 0, page.width, page.height}, true}, places));
     for (const EditElement& element : edit_->elements())
-      layers.push_back(layerFor(element.shown, element.place, places));
+      layers.push_back(layerFor(element.shown, {element.place}, places));
   }
   layers_ = std::move(layers);
   for (const Layer& layer : layers_)
-    if (layer.wanted != PixelSize() && !layer.isSmallOfFull)
-      makeSmall(layer);
+    makeSmallIfMissing(layer);
   update();
 }
 
@@ -58,7 +57,7 @@ PixelSize PageView::wantedSize(PixelSize full, const PagePlaces& places) const {
 }
 
 /// What was made for the last state of a place stands in for it until its own copy is there.
-PageView::Layer PageView::layerFor(const Picture& full, const PixelRect& place,
+PageView::Layer PageView::layerFor(const Picture& full, const Place& place,
                                    const PagePlaces& places) const {
   Layer layer{full, place, {}, wantedSize(full.size(), places), false};
   const auto before = std::ranges::find(layers_, place, &Layer::place);
@@ -69,26 +68,39 @@ PageView::Layer PageView::layerFor(const Picture& full, const PixelRect& place,
   return layer;
 }
 
-void PageView::makeSmall(const Layer& layer) {
-  runBeside(
-      *pool_, this,
-      [full = layer.full, wanted = layer.wanted]() -> std::pair<Picture, Picture> {
-        try {
-          return {full, resample(full, wanted)};
-        } catch (const std::exception&) { // memory is short: it is painted from the picture
-          return {full, Picture()};
-        }
-      },
-      [this](const auto& made) { smallArrived(made.first, made.second); }, true);
+/// Only one at a time for each place, however often the page is scrolled meanwhile: what waits for
+/// the pool behind them is an edit, or a photo that is saved.
+void PageView::makeSmallIfMissing(const Layer& layer) {
+  const bool isMissing = layer.wanted != PixelSize() && !layer.isSmallOfFull;
+  if (isMissing && std::ranges::find(inMaking_, layer.place) == inMaking_.end())
+    makeSmall(layer);
 }
 
-void PageView::smallArrived(const Picture& full, const Picture& small) {
-  for (Layer& layer : layers_) {
-    if (!isSamePicture(layer.full, full) || (!small.isNull() && layer.wanted != small.size()))
-      continue;
-    layer.small = small;
-    layer.isSmallOfFull = true;
+void PageView::makeSmall(const Layer& layer) {
+  inMaking_.push_back(layer.place);
+  runBeside(
+      *pool_, this,
+      [made = Made{layer.place, layer.full, layer.wanted, {}}]() mutable {
+        try {
+          made.small = resample(made.full, made.wanted);
+        } catch (const std::exception&) { // memory is short: it is painted from the picture
+        }
+        return std::move(made);
+      },
+      [this](const Made& made) { smallArrived(made); }, true);
+}
+
+/// The page may have changed meanwhile: then another copy is made.
+void PageView::smallArrived(const Made& made) {
+  std::erase(inMaking_, made.place);
+  const auto layer = std::ranges::find(layers_, made.place, &Layer::place);
+  if (layer == layers_.end())
+    return;
+  if (isSamePicture(layer->full, made.full) && layer->wanted == made.wanted) {
+    layer->small = made.small;
+    layer->isSmallOfFull = true;
   }
+  makeSmallIfMissing(*layer);
   update();
 }
 
@@ -131,7 +143,7 @@ void PageView::paintEvent(QPaintEvent* event) {
     return;
   const PagePlaces places(*edit_, *this);
   for (const Layer& layer : layers_)
-    paint(painter, layer, places.toWidget(layer.place), event->rect());
+    paint(painter, layer, places.toWidget(layer.place.rect), event->rect());
 }
 
 void PageView::resizeEvent(QResizeEvent*) { showChanged(); }

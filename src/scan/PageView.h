@@ -37,25 +37,40 @@ protected:
   void resizeEvent(QResizeEvent* event) override;
 
 private:
+  /// A region that is edited may be all of the page.
+  struct Place {
+    PixelRect rect;
+    bool isPage = false;
+    bool operator==(const Place&) const = default;
+  };
   /// A picture on show, and its copy at the pixels of the screen.
   struct Layer {
     Picture full;
-    PixelRect place;
+    Place place;
     Picture small;
     PixelSize wanted; ///< of the copy; empty: the picture itself is painted
     bool isSmallOfFull = false;
   };
+  /// A copy that was made, or could not be made.
+  struct Made {
+    Place place;
+    Picture full;
+    PixelSize wanted;
+    Picture small;
+  };
 
   [[nodiscard]] PixelSize wantedSize(PixelSize full, const PagePlaces& places) const;
-  [[nodiscard]] Layer layerFor(const Picture& full, const PixelRect& place,
+  [[nodiscard]] Layer layerFor(const Picture& full, const Place& place,
                                const PagePlaces& places) const;
+  void makeSmallIfMissing(const Layer& layer);
   void makeSmall(const Layer& layer);
-  void smallArrived(const Picture& full, const Picture& small);
+  void smallArrived(const Made& made);
   static void paint(QPainter& painter, const Layer& layer, QRectF target, const QRect& seen);
 
   const ImageEdit* edit_ = nullptr;
   WorkPool* pool_ = nullptr;
-  std::vector<Layer> layers_; ///< the page first
+  std::vector<Layer> layers_;   ///< the page first
+  std::vector<Place> inMaking_; ///< the places whose copies are on their way, one for each
 };
 
 } // namespace hearthbook

@@ -169,6 +169,30 @@ TEST_F(ScanEdits, TheScrollBarsMoveThePage) {
   EXPECT_NEAR(places.toPage({0, 0}).y, 100, 0.01);
 }
 
+TEST_F(ScanEdits, HoweverOftenThePageIsScrolledOneCopyOfItIsMadeAtATime) {
+  const auto& scan = openWith(grainy({3000, 1500}));
+  auto held = holdPool();
+  FormControls::press(scan, "Command15");
+  const long users = scan.page().picture().share().use_count(); // each copy on its way is one
+  for (int step = 1; step <= 20; ++step)
+    bar(scan, "acrossBar")->setValue(step * 100);
+  FormControls::press(scan, "Command15");
+  EXPECT_EQ(scan.page().picture().share().use_count(), users);
+  held.reset();
+  settle();
+  EXPECT_TRUE(scan.isSharp()) << "a copy that no longer fits is followed by one that does";
+}
+
+TEST_F(ScanEdits, ARegionThatIsAllOfThePageGetsACopyOfItsOwn) {
+  const auto& scan = openWith(plain({3000, 1500}, red));
+  QTest::keyClick(layer(scan), Qt::Key_A, Qt::ControlModifier);
+  press(scan, "Command12");
+  EXPECT_TRUE(scan.isSharp());
+  const QImage seen = control(scan, "ImgX1")->grab().toImage();
+  const Picture darker = applied(edits::darken, plain({1, 1}, red));
+  EXPECT_LT(distance(seen.pixel(seen.width() / 2, seen.height() / 2), darker.row(0)[0]), 3);
+}
+
 TEST_F(ScanEdits, CropLeavesWhatWasSelected) {
   const auto& scan = openWith(page_);
   draw(scan, {100, 100}, {300, 200});
