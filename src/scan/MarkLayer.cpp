@@ -166,14 +166,15 @@ void MarkLayer::showPointer(QPointF position) {
 }
 
 void MarkLayer::wheelEvent(QWheelEvent* event) {
-  const double steps = event->angleDelta().y() / static_cast<double>(wheelStep);
-  const double across = event->angleDelta().x() / static_cast<double>(wheelStep);
   event->accept();
   if (event->modifiers().testFlag(Qt::ControlModifier)) {
-    if (steps != 0 && hasPage())
-      Q_EMIT zoomAsked(steps > 0 ? 1 : -1);
+    const int zoomSteps = hasPage() ? wheelSteps_.take(*event) : 0;
+    if (zoomSteps != 0)
+      Q_EMIT zoomAsked(zoomSteps);
     return;
   }
+  const double steps = event->angleDelta().y() / static_cast<double>(wheelStep);
+  const double across = event->angleDelta().x() / static_cast<double>(wheelStep);
   const bool sideways = event->modifiers().testFlag(Qt::ShiftModifier);
   Q_EMIT scrollAsked(-(sideways ? steps : across) * scrollStep, sideways ? 0 : -steps * scrollStep);
 }

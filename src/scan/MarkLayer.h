@@ -1,6 +1,7 @@
 #pragma once
 
 #include "ImageEdit.h"
+#include "WheelSteps.h"
 
 #include <QWidget>
 
@@ -26,7 +27,7 @@ public:
 Q_SIGNALS:
   void selecting(); ///< the rectangle has another place
   void buttonPressed(const hearthbook::RegionButton& button);
-  void zoomAsked(int steps);
+  void zoomAsked(int steps);                   ///< in above 0, out below
   void scrollAsked(double right, double down); ///< in twips
 
 protected:
@@ -56,6 +57,7 @@ private:
   bool isUsable_ = false;
   std::optional<QPointF> pressedAt_; ///< where a rectangle may begin
   bool isPulling_ = false;
+  WheelSteps wheelSteps_; ///< of the zoom
 };
 
 } // namespace hearthbook

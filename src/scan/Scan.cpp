@@ -15,6 +15,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdlib>
 #include <utility>
 
 namespace hearthbook {
@@ -92,7 +93,7 @@ void Scan::wireControls() {
   connect(ui->NotX1, &MarkLayer::selecting, this, [this] { say({}); });
   connect(ui->NotX1, &MarkLayer::buttonPressed, this, &Scan::pressRegionButton);
   connect(ui->NotX1, &MarkLayer::zoomAsked, this,
-          [this](int steps) { runCommand([&] { steps > 0 ? zoomIn() : zoomOut(); }); });
+          [this](int steps) { runCommand([&] { zoomBy(steps); }); });
 }
 
 void Scan::setFaces() {
@@ -290,6 +291,11 @@ void Scan::zoomIn() {
 void Scan::zoomOut() {
   if (edit_.view().zoomOut())
     showPage();
+}
+
+void Scan::zoomBy(int steps) {
+  for (int step = 0; step < std::abs(steps); ++step)
+    steps > 0 ? zoomIn() : zoomOut();
 }
 
 void Scan::originalSize() {

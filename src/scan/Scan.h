@@ -115,6 +115,7 @@ private:
   void pressRegionButton(const RegionButton& button);
   void zoomIn();
   void zoomOut();
+  void zoomBy(int steps);
   void originalSize();
 
   // What becomes of it

@@ -413,6 +413,19 @@ TEST_F(ScanPages, AKeptPageThatWasNotSeenAgainIsStillKept) {
   EXPECT_TRUE(fs::exists(at("Backup/Scanned page.jpg")));
 }
 
+TEST_F(ScanPages, PartsOfAStepOfTheWheelAddUpToOneAndTwoStepsAreTwo) {
+  const auto& scan = openWith(page_);
+  for (int part = 0; part < 7; ++part)
+    turnWheel(scan, 15);
+  EXPECT_EQ(scan.page().view().factor(), 1);
+  turnWheel(scan, 15);
+  EXPECT_EQ(scan.page().view().factor(), 1.25);
+  turnWheel(scan, 240);
+  EXPECT_EQ(scan.page().view().factor(), 1.75);
+  turnWheel(scan, -360);
+  EXPECT_EQ(scan.page().view().factor(), 1);
+}
+
 TEST_F(ScanPages, TheWheelZoomsOnlyWhatTheCommandsMayTouch) {
   willSend(page_);
   willFail(ScanStatus::Jammed);
