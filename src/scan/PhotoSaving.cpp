@@ -22,7 +22,6 @@ namespace fs = std::filesystem;
 namespace {
 
 constexpr const char* backupFolder = "\\Backup";
-constexpr std::size_t thumbnailName = 9; ///< characters of "00012.jpg"
 
 void makeFolders(const fs::path& folder) {
   std::error_code error;
@@ -36,11 +35,6 @@ void replaceWith(const fs::path& target, std::string_view bytes,
   makeFolders(target.parent_path());
   replaceFile(
       target, [&](std::ostream& out) { out << bytes; }, beforePlacing);
-}
-
-fs::path thumbnailOf(const Album& album, const fs::path& photo) {
-  const std::string name = photo.string();
-  return album.folder.path("\\Thumbnails\\" + name.substr(name.size() - thumbnailName));
 }
 
 } // namespace
@@ -65,8 +59,7 @@ PhotoPlaces placesOfCurrentPhoto(Album& album) {
   if (originOf(id) != PhotoOrigin::HardDisk)
     throw RunTimeError("The photo " + id + " does not lie on the hard disk.");
   resolveImage(album, id);
-  const fs::path photo = album.vars.ImagePath;
-  return {photo, thumbnailOf(album, photo), album.folder.path(backupFolder)};
+  return {album.vars.ImagePath, *ownThumbnailPath(album, id), album.folder.path(backupFolder)};
 }
 
 void writePhoto(const Picture& picture, const PhotoPlaces& places) {
@@ -77,8 +70,19 @@ void writePhoto(const Picture& picture, const PhotoPlaces& places) {
     if (fileExists(places.photo))
       copyToTrash(places.photo, places.backup);
   };
-  // Both are on the disk before either takes its place: a disk that is full changes neither.
-  replaceWith(places.thumbnail, thumbnail, [&] { replaceWith(places.photo, photo, keepOld); });
+  bool isPhotoWritten = false;
+  const auto writeFull = [&] {
+    replaceWith(places.photo, photo, keepOld);
+    isPhotoWritten = true;
+  };
+  try { // Both are on the disk before either takes its place: a disk that is full changes neither.
+    replaceWith(places.thumbnail, thumbnail, writeFull);
+  } catch (const RunTimeError& failure) {
+    if (!isPhotoWritten)
+      throw;
+    throw ThumbnailFailure(std::string("The photo is saved, but its thumbnail is not. ") +
+                           failure.what());
+  }
 }
 
 KeptPage::KeptPage(const ApplicationFolder& folder)

@@ -2,6 +2,7 @@
 
 #include "Album.h"
 #include "Picture.h"
+#include "RunTimeError.h"
 
 #include <filesystem>
 #include <mutex>
@@ -34,6 +35,12 @@ private:
 /// The files of the photo on which rsPhotoAlbum stands now; also sets ImagePath. Throws where
 /// there is none, or none that may be written.
 PhotoPlaces placesOfCurrentPhoto(Album& album);
+
+/// The photo is written, its thumbnail is not.
+class ThumbnailFailure : public RunTimeError {
+public:
+  using RunTimeError::RunTimeError;
+};
 
 /// Writes the photo and its thumbnail, on any thread. At any instant each of the two is the old one
 /// or the new one, whole; a photo that was there goes to the trash. Throws RunTimeError.

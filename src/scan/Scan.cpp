@@ -109,6 +109,8 @@ void Scan::setFaces() {
 
 void Scan::begin() {
   isEditUse_ = Tag == QStringLiteral("edit");
+  const bool isPageLeft = fileExists(kept_->file()); // by a crash, and nobody has seen it again
+  keepsPages_ = !isEditUse_ || !isPageLeft;
   showUse();
   if (isEditUse_) {
     loadedAs_ = stampOf(album_.vars.ImagePath);
@@ -161,6 +163,11 @@ void Scan::showPage() {
                              : QStringLiteral("%1 %").arg(qRound(edit_.view().factor() * 100)));
   updateEnabled();
   showHint();
+}
+
+void Scan::pageEdited() {
+  isUpdated_ = false;
+  showPage();
 }
 
 void Scan::say(const QString& words) {
@@ -269,18 +276,18 @@ void Scan::carryOut(ImageEdit::Task task) {
         if (result.failure)
           std::rethrow_exception(result.failure);
         edit_.accept(std::move(result.outcome));
-        showPage();
+        pageEdited();
       });
 }
 
 void Scan::undo() {
   edit_.undo();
-  showPage();
+  pageEdited();
 }
 
 void Scan::pressRegionButton(const RegionButton& button) {
   edit_.press(button);
-  showPage();
+  pageEdited();
 }
 
 void Scan::zoomIn() {

@@ -62,6 +62,7 @@ private:
   };
   struct Saved {
     std::exception_ptr failure;
+    bool isPhotoWritten = false; ///< though perhaps not its thumbnail
   };
   /// What happens once the files are written, or were not.
   using AfterSaving = std::function<void(const Saved&)>;
@@ -71,6 +72,7 @@ private:
   void showUse();
   void updateEnabled();
   void showPage();
+  void pageEdited(); ///< it is another one now than was written
   void showHint();
   void say(const QString& words);
 
@@ -127,6 +129,7 @@ private:
   void saveNewPhoto(const PhotoPlaces& places, std::function<void()> afterwards);
   void writeBeside(ImageEdit::Task task, const PhotoPlaces& places, AfterSaving then);
   void newPhotoWritten(const PhotoPlaces& places, const PixelRect& region, const Saved& saved);
+  void photoUpdated(const std::filesystem::path& photo, const Saved& saved);
   [[nodiscard]] bool mayOverwrite(const std::filesystem::path& photo) const;
   [[nodiscard]] bool mayDropEdits() const;
 
@@ -141,8 +144,10 @@ private:
   bool isEditUse_ = false;
   bool areCommandsUsable_ = false;
   bool canScanAgain_ = true;
-  bool isUpdated_ = false;            ///< the photo has been written
+  bool isUpdated_ = false;            ///< the photo has been written as it is shown
   bool isScanned_ = false;            ///< what is shown came from the scanner
+  bool keepsPages_ = true;            ///< on the disk, until the form is closed
+  bool isCloseWished_ = false;        ///< as soon as what is being saved is saved
   bool isPageGivenUp_ = false;        ///< by the user; a scanner may cancel a page by itself
   QString said_;                      ///< stands in the hint until the next thing happens
   std::optional<FileStamp> loadedAs_; ///< the state of the photo's file when it was loaded

@@ -48,12 +48,13 @@ void Scan::cutAndSaveAsNew() {
 
 /// `afterwards` runs when the files have been written and looked for.
 void Scan::saveNewPhoto(const PhotoPlaces& places, std::function<void()> afterwards) {
-  const PixelRect region = edit_.selected();
-  writeBeside(edit_.cutOut(), places,
-              [this, places, region, afterwards = std::move(afterwards)](const Saved& saved) {
-                afterwards();
-                newPhotoWritten(places, region, saved);
-              });
+  const ImageEdit::Task task = edit_.cutOut();
+  writeBeside(
+      task, places,
+      [this, places, region = task.region, afterwards = std::move(afterwards)](const Saved& saved) {
+        afterwards();
+        newPhotoWritten(places, region, saved);
+      });
 }
 
 /// The box has words of its own; why it is so stands below the page, for as long as it is of use.
@@ -64,10 +65,12 @@ void Scan::newPhotoWritten(const PhotoPlaces& places, const PixelRect& region, c
            QStringLiteral("Save Selected"), MsgIcon::Exclamation);
     return;
   }
+  if (saved.isPhotoWritten) {
+    edit_.markSaved(region);
+    showPage();
+  }
   if (saved.failure)
     std::rethrow_exception(saved.failure);
-  edit_.markSaved(region);
-  showPage();
   say(QStringLiteral("Saved as photo %1.").arg(toQString(places.photo.stem())));
 }
 
@@ -77,24 +80,37 @@ void Scan::writeBeside(ImageEdit::Task task, const PhotoPlaces& places, AfterSav
       [task = std::move(task), places, pool = &pool_] {
         try {
           writePhoto(ImageEdit::asSeen(task, pool), places);
-          return Saved{nullptr};
+          return Saved{nullptr, true};
+        } catch (const ThumbnailFailure&) {
+          return Saved{std::current_exception(), true};
         } catch (...) {
-          return Saved{std::current_exception()};
+          return Saved{std::current_exception(), false};
         }
       },
-      std::move(then));
+      [this, then = std::move(then)](const Saved& saved) {
+        const bool isCloseWished = std::exchange(isCloseWished_, false);
+        then(saved);
+        if (isCloseWished && saved.isPhotoWritten)
+          Unload();
+      });
 }
 
 void Scan::updatePhoto() {
   const PhotoPlaces places = placesOfCurrentPhoto(album_);
   if (!mayOverwrite(places.photo))
     return;
-  writeBeside(edit_.whole(), places, [this](const Saved& saved) {
-    if (saved.failure)
-      std::rethrow_exception(saved.failure);
+  writeBeside(edit_.whole(), places,
+              [this, photo = places.photo](const Saved& saved) { photoUpdated(photo, saved); });
+}
+
+void Scan::photoUpdated(const std::filesystem::path& photo, const Saved& saved) {
+  if (saved.isPhotoWritten) {
     isUpdated_ = true;
-    Unload();
-  });
+    loadedAs_ = stampOf(photo);
+  }
+  if (saved.failure)
+    std::rethrow_exception(saved.failure);
+  Unload();
 }
 
 bool Scan::mayOverwrite(const std::filesystem::path& photo) const {
@@ -106,19 +122,25 @@ bool Scan::mayOverwrite(const std::filesystem::path& photo) const {
 }
 
 bool Scan::mayDropEdits() const {
-  return !isEditUse_ || isUpdated_ || !areCommandsUsable_ || !edit_.canUndo() ||
+  const bool isChanged = edit_.canUndo() || isScanned_;
+  return !isEditUse_ || isUpdated_ || !areCommandsUsable_ || !isChanged ||
          MsgBox(QStringLiteral("The photo was not updated: what you have changed will be lost."),
                 QStringLiteral("Edit Image"), MsgIcon::Exclamation,
                 MsgButtons::OkCancel) == MsgAnswer::Ok;
 }
 
 bool Scan::unloading() {
-  if (work_ == Work::Saving || !mayDropEdits())
+  if (work_ == Work::Saving) {
+    isCloseWished_ = true;
+    say(QStringLiteral("This closes as soon as the photo is saved."));
+    return false;
+  }
+  if (!mayDropEdits())
     return false;
   if (work_ == Work::Scanning)
     scanner_.cancel();
-  ++job_;         // what is still on its way comes too late
-  if (isScanned_) // a page that a crash has left and nobody has seen again stays
+  ++job_;                        // what is still on its way comes too late
+  if (isScanned_ && keepsPages_) // a page that a crash has left and nobody has seen again stays
     passOver([this] { kept_->forget(); });
   return true;
 }

@@ -56,7 +56,7 @@ void Scan::keptPageLoaded(const Loaded& loaded) {
 void Scan::showNewPage(const Picture& picture) {
   edit_.show(picture);
   setCommands(true, true);
-  showPage();
+  pageEdited();
   ui->NotX1->setFocus();
 }
 
@@ -107,6 +107,8 @@ void Scan::acquire(std::function<void(const ScannedPage&)> failed) {
 void Scan::acquired(const ScannedPage& page) {
   isScanned_ = true;
   showNewPage(page.picture);
+  if (!keepsPages_)
+    return;
   pool_.post([kept = kept_, picture = page.picture, turn = job_] {
     passOver([&] { kept->keep(picture, turn); }); // a full disk takes no page from the screen
   });

@@ -1,10 +1,14 @@
 #include "ScanFixture.h"
 
 #include "Corrections.h"
+#include "Encode.h"
+#include "Pointer.h"
+#include "Resample.h"
 
 #include <gmock/gmock.h>
 
 #include <fstream>
+#include <system_error>
 
 namespace hearthbook::test {
 
@@ -49,7 +53,26 @@ protected:
     return all;
   }
 
+  /// Nothing can take the thumbnail's place.
+  void blockThumbnail() {
+    fs::remove(thumbnail_);
+    fs::create_directories(thumbnail_ / "in the way");
+  }
+  void expectThumbnailFailure() {
+    boxes_.expectFailure(toQString("The photo is saved, but its thumbnail is not. "));
+  }
+  static int timesOpen(const fs::path& file) {
+    const fs::path opened = fs::canonical(file);
+    int times = 0;
+    for (const auto& descriptor : fs::directory_iterator("/proc/self/fd")) {
+      std::error_code gone;
+      times += fs::read_symlink(descriptor, gone) == opened ? 1 : 0;
+    }
+    return times;
+  }
+
   const fs::path photo_ = at("Photos/00001.jpg");
+  const fs::path thumbnail_ = at("Thumbnails/00001.jpg");
   std::string original_;
 };
 
@@ -90,7 +113,8 @@ TEST_F(EditPhoto, UpdatePhotoChangesTheTwoFilesAndNothingElse) {
   press(scan, "Command1");
   EXPECT_EQ(Forms::loaded<Scan>(), nullptr) << "the form is unloaded";
   EXPECT_EQ(readBytes(photo_), jpegOf(edited, 0));
-  EXPECT_EQ(readPictureInfo(at("Thumbnails/00001.jpg")).size, (PixelSize{73, 49}));
+  EXPECT_EQ(readBytes(thumbnail_), jpegOf(resample(edited, {73, 49}), thumbnailFactor));
+  EXPECT_FALSE(Hourglass::isShown());
   EXPECT_EQ(rows(), before);
   EXPECT_EQ(readBytes(at("Photos/00002.jpg")), neighbour);
   EXPECT_THAT(namesIn(at("Photos")), ElementsAre("00001.jpg", "00002.jpg", "00003.jpg"));
@@ -238,6 +262,8 @@ TEST_F(EditPhoto, ScanAgainAsksBeforeItDropsWhatWasChanged) {
   expectLosingEdits(MsgAnswer::Ok);
   press(scan, "Command2");
   EXPECT_TRUE(isSame(scan.page().picture(), corners({300, 200})));
+  expectLosingEdits(MsgAnswer::Ok);
+  press(scan, "BtnClose");
 }
 
 TEST_F(EditPhoto, AFailedScanAgainLeavesNothingButCloseAndThePhotoAsItWas) {
@@ -346,10 +372,86 @@ TEST_F(EditPhoto, APartThatCannotBeSavedIsToldAndItsRowStays) {
 }
 
 TEST_F(EditPhoto, APageLeftByACrashIsNotTouched) {
-  writeBytes(at("Backup/Scanned page.jpg"), jpegOf(grainy({60, 40})));
+  const std::string left = jpegOf(grainy({60, 40}));
+  writeBytes(at("Backup/Scanned page.jpg"), left);
+  openPhoto().Unload();
+  EXPECT_EQ(readBytes(at("Backup/Scanned page.jpg")), left);
   auto& scan = openPhoto();
+  willSend(corners({300, 200}));
+  press(scan, "Command2");
+  finishPool();
+  EXPECT_EQ(readBytes(at("Backup/Scanned page.jpg")), left);
+  expectLosingEdits(MsgAnswer::Ok);
   scan.Unload();
+  EXPECT_EQ(readBytes(at("Backup/Scanned page.jpg")), left);
+}
+
+TEST_F(EditPhoto, AScannedPageIsKeptUntilTheFormIsClosedWhereNoneWasLeft) {
+  auto& scan = openPhoto();
+  willSend(corners({300, 200}));
+  press(scan, "Command2");
+  finishPool();
   EXPECT_TRUE(fs::exists(at("Backup/Scanned page.jpg")));
+  expectLosingEdits(MsgAnswer::Ok);
+  scan.Unload();
+  EXPECT_FALSE(fs::exists(at("Backup/Scanned page.jpg")));
+}
+
+TEST_F(EditPhoto, ClosingAPageThatCameByScanAgainAsksFirst) {
+  willSend(corners({300, 200}));
+  const auto& scan = openPhoto();
+  press(scan, "Command2");
+  expectLosingEdits(MsgAnswer::Cancel);
+  press(scan, "BtnClose");
+  ASSERT_NE(Forms::loaded<Scan>(), nullptr);
+  expectLosingEdits(MsgAnswer::Ok);
+  press(scan, "BtnClose");
+  EXPECT_EQ(Forms::loaded<Scan>(), nullptr);
+}
+
+TEST_F(EditPhoto, AnUpdateWhoseThumbnailFailsIsToldAsThatAndCanBeTriedAgain) {
+  blockThumbnail();
+  const auto& scan = openPhoto();
+  press(scan, "Command11");
+  const Picture edited = scan.page().picture();
+  expectThumbnailFailure();
+  press(scan, "Command1");
+  ASSERT_NE(Forms::loaded<Scan>(), nullptr);
+  EXPECT_EQ(readBytes(photo_), jpegOf(edited, 0));
+  EXPECT_FALSE(Hourglass::isShown());
+  fs::remove_all(thumbnail_);
+  press(scan, "Command1"); // what it has written itself is no other program's change
+  EXPECT_EQ(Forms::loaded<Scan>(), nullptr);
+  EXPECT_EQ(readBytes(thumbnail_), jpegOf(resample(edited, {73, 49}), thumbnailFactor));
+}
+
+TEST_F(EditPhoto, ClosingAfterAnUpdateWhoseThumbnailFailedAsksOnlyForLaterEdits) {
+  blockThumbnail();
+  const auto& scan = openPhoto();
+  press(scan, "Command11");
+  expectThumbnailFailure();
+  press(scan, "Command1");
+  press(scan, "Command11");
+  expectLosingEdits(MsgAnswer::Cancel);
+  press(scan, "BtnClose");
+  expectThumbnailFailure();
+  press(scan, "Command1");
+  press(scan, "BtnClose");
+  EXPECT_EQ(Forms::loaded<Scan>(), nullptr);
+}
+
+TEST_F(EditPhoto, CutAndSaveAsNewClosesTheRowsThatItOpened) {
+  const auto& scan = openPhoto();
+  const auto before = timesOpen(at("Data/Photo_Album.mdb"));
+  ASSERT_GT(before, 0);
+  draw(scan, {100, 100}, {300, 200});
+  press(scan, "Command7");
+  EXPECT_EQ(timesOpen(at("Data/Photo_Album.mdb")), before);
+  fs::create_directories(at("Thumbnails/00005.jpg/in the way"));
+  draw(scan, {100, 100}, {300, 200});
+  boxes_.expectFailure(toQString("thumbnail"));
+  press(scan, "Command7");
+  EXPECT_EQ(timesOpen(at("Data/Photo_Album.mdb")), before);
 }
 
 } // namespace hearthbook::test

@@ -1,9 +1,11 @@
 #include "PhotoSaving.h"
 #include "AlbumFixture.h"
 #include "Decode.h"
+#include "Encode.h"
 #include "FileBytes.h"
 #include "PhotoFiles.h"
 #include "PhotoIdentity.h"
+#include "Resample.h"
 #include "RunTimeError.h"
 #include "ScanPrint.h"
 #include "TestPictures.h"
@@ -41,7 +43,7 @@ TEST_F(PhotoSaving, ThePhotoIsOfTheBestQualityAndTheThumbnailOfItsOwn) {
   const PhotoPlaces places = addPhotoRow(album(), photos());
   writePhoto(picture, places);
   EXPECT_EQ(readBytes(places.photo), jpegOf(picture, 0));
-  EXPECT_LT(fs::file_size(places.thumbnail), jpegOf(grainy({73, 49}), 0).size());
+  EXPECT_EQ(readBytes(places.thumbnail), jpegOf(resample(picture, {73, 49}), thumbnailFactor));
 }
 
 TEST_F(PhotoSaving, OnePixelIsAPhoto) {
@@ -101,6 +103,13 @@ TEST_F(PhotoSaving, APictureThatCannotBeEncodedLeavesThePhotoAsItWas) {
   EXPECT_THROW(writePhoto(Picture(), placesOfCurrentPhoto(album())), RunTimeError);
   EXPECT_EQ(readBytes(at("Photos/00001.jpg")), original);
   EXPECT_FALSE(fs::exists(folder_.trash() / "00001.jpg"));
+}
+
+TEST_F(PhotoSaving, AThumbnailThatCannotTakeItsPlaceIsToldAsThatAlone) {
+  const PhotoPlaces places = addPhotoRow(album(), photos());
+  fs::create_directories(places.thumbnail / "in the way");
+  EXPECT_THROW(writePhoto(grainy({90, 60}), places), ThumbnailFailure);
+  EXPECT_TRUE(fs::exists(places.photo));
 }
 
 TEST_F(PhotoSaving, TheScannedPageIsOnTheDiskUntilItIsForgotten) {

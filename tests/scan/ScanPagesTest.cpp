@@ -1,6 +1,9 @@
 #include "ScanFixture.h"
 
 #include "Corrections.h"
+#include "Encode.h"
+#include "Pointer.h"
+#include "Resample.h"
 
 #include <gmock/gmock.h>
 
@@ -50,6 +53,16 @@ protected:
                       Qt::ControlModifier, Qt::NoScrollPhase, false);
     QCoreApplication::sendEvent(layer, &event);
     settle();
+  }
+  /// How far what is on the screen at a level edge there is from red.
+  static int fromRed(Scan& scan, PixelPoint edge) {
+    const auto* layer = control<MarkLayer>(scan, "NotX1");
+    const QPoint at = layer->mapTo(&scan, PagePlaces(scan.page(), *layer).toWidget(edge).toPoint());
+    const QImage seen = scan.grab().toImage();
+    int farthest = 255; // the line is two pixels wide, and may be drawn between two
+    for (int below = -2; below <= 2; ++below)
+      farthest = std::min(farthest, distance(seen.pixel(at.x(), at.y() + below), red));
+    return farthest;
   }
   const Picture page_ = grainy(prints);
 };
@@ -239,30 +252,31 @@ TEST_F(ScanPages, ThreeRectanglesBecomeThreePhotos) {
     EXPECT_FALSE(scan.page().selection().isThere()) << "the next rectangle begins afresh";
     const auto names = namesIn(at("Photos"));
     EXPECT_EQ(readBytes(at("Photos") / names.back()), jpegOf(drawn, 0));
+    EXPECT_EQ(readPictureInfo(at("Thumbnails") / names.back()).size,
+              sizeWithin(drawn.size(), thumbnailSide));
+    EXPECT_FALSE(Hourglass::isShown());
   }
   EXPECT_EQ(photos().RecordCount(), 4);
   EXPECT_EQ(lastId(), "HD00004");
   for (const char* folder : {"Photos", "Thumbnails"})
     EXPECT_THAT(namesIn(at(folder)),
                 ElementsAre("00001.jpg", "00002.jpg", "00003.jpg", "00004.jpg"));
-  EXPECT_EQ(readPictureInfo(at("Thumbnails/00003.jpg")).size.height, 73);
   EXPECT_EQ(scan.page().savedMarks().size(), 3u);
   EXPECT_TRUE(isSame(scan.page().picture(), page_)) << "the page stays on show";
   EXPECT_EQ(hintOf(scan), "Saved as photo 00004.");
+}
+
+TEST_F(ScanPages, TheRectangleIsRed) {
+  auto& scan = openWith(plain(prints, white));
+  draw(scan, {100, 100}, {200, 200});
+  EXPECT_LT(fromRed(scan, {130, 100}), 64); // beside the handle in the middle
 }
 
 TEST_F(ScanPages, WhatIsSavedStaysMarkedInRedOnTheScreen) {
   auto& scan = openWith(plain(prints, white));
   draw(scan, {100, 100}, {200, 200});
   press(scan, "Command1");
-  const auto* layer = control<MarkLayer>(scan, "NotX1");
-  const QPoint edge = PagePlaces(scan.page(), *layer).toWidget(PixelPoint{150, 100}).toPoint();
-  const QImage seen = scan.grab().toImage();
-  const QPoint at = layer->mapTo(&scan, edge);
-  int farthest = 255; // the line is two pixels wide, and may be drawn between two
-  for (int below = -2; below <= 2; ++below)
-    farthest = std::min(farthest, distance(seen.pixel(at.x(), at.y() + below), red));
-  EXPECT_LT(farthest, 64);
+  EXPECT_LT(fromRed(scan, {150, 100}), 64);
 }
 
 TEST_F(ScanPages, ARectangleBeyondTheImageIsCutAtItsEdge) {
@@ -295,6 +309,60 @@ TEST_F(ScanPages, APhotoThatCannotBeSavedIsToldAndItsRowStays) {
   EXPECT_TRUE(scan.page().selection().isThere()) << "so that it can be tried again";
   EXPECT_TRUE(scan.page().savedMarks().empty());
   EXPECT_TRUE(isEnabled(scan, "Command1"));
+  EXPECT_FALSE(Hourglass::isShown());
+}
+
+TEST_F(ScanPages, ClosingWhileAPhotoIsSavedClosesOnceItIs) {
+  const auto& scan = openWith(page_);
+  draw(scan, {100, 100}, {300, 200});
+  auto held = holdPool();
+  FormControls::press(scan, "Command1");
+  ASSERT_TRUE(scan.isBusy());
+  FormControls::press(scan, "BtnClose");
+  ASSERT_NE(Forms::loaded<Scan>(), nullptr);
+  EXPECT_EQ(hintOf(scan), "This closes as soon as the photo is saved.");
+  held.reset();
+  waitUntil([] { return !Forms::loaded<Scan>(); });
+  EXPECT_TRUE(fs::exists(at("Photos/00002.jpg")));
+  EXPECT_TRUE(fs::exists(at("Thumbnails/00002.jpg")));
+}
+
+TEST_F(ScanPages, WhatCouldNotBeSavedIsNotClosed) {
+  const auto& scan = openWith(page_);
+  fs::rename(at("Photos"), at("Photos away"));
+  writeBytes(at("Photos"), "no folder");
+  draw(scan, {100, 100}, {300, 200});
+  auto held = holdPool();
+  FormControls::press(scan, "Command1");
+  FormControls::press(scan, "BtnClose");
+  expectNotSaved();
+  held.reset();
+  settle();
+  ASSERT_NE(Forms::loaded<Scan>(), nullptr);
+  EXPECT_TRUE(scan.page().selection().isThere());
+}
+
+TEST_F(ScanPages, ARectangleThatWasMovedOffThePageIsNone) {
+  const auto& scan = openWith(page_);
+  draw(scan, {570, 100}, {590, 200});
+  for (int step = 0; step < 4; ++step)
+    QTest::keyClick(control(scan, "NotX1"), Qt::Key_Right, Qt::ControlModifier);
+  EXPECT_FALSE(scan.page().selection().isThere());
+  expectNoSelection();
+  press(scan, "Command1");
+  EXPECT_EQ(photos().RecordCount(), 1);
+}
+
+TEST_F(ScanPages, OnePixelBecomesAPhoto) {
+  const auto& scan = openWith(page_);
+  draw(scan, {100, 100}, {130, 130});
+  for (int step = 0; step < 4; ++step)
+    for (const Qt::Key key : {Qt::Key_Left, Qt::Key_Up})
+      QTest::keyClick(control(scan, "NotX1"), key, Qt::ControlModifier | Qt::ShiftModifier);
+  ASSERT_EQ(scan.page().selected().size(), (PixelSize{1, 1}));
+  press(scan, "Command1");
+  EXPECT_EQ(readPictureInfo(at("Photos/00002.jpg")).size, (PixelSize{1, 1}));
+  EXPECT_EQ(readPictureInfo(at("Thumbnails/00002.jpg")).size, (PixelSize{73, 73}));
 }
 
 TEST_F(ScanPages, WhyAPhotoCannotBeSavedStandsBelowThePageUntilTheRectangleMoves) {
@@ -330,9 +398,11 @@ TEST_F(ScanPages, AThumbnailThatCannotBeSavedIsReported) {
   const auto& scan = openWith(page_);
   fs::create_directories(at("Thumbnails/00002.jpg/in the way"));
   draw(scan, {100, 100}, {300, 200});
-  boxes_.expectFailure(toQString("Thumbnails"));
+  boxes_.expectFailure(toQString("The photo is saved, but its thumbnail is not. "));
   press(scan, "Command1");
   EXPECT_TRUE(fs::exists(at("Photos/00002.jpg")));
+  EXPECT_EQ(scan.page().savedMarks().size(), 1u) << "the photo is in the album";
+  EXPECT_FALSE(scan.page().selection().isThere()) << "so that it is not saved once more";
 }
 
 TEST_F(ScanPages, WithoutAPlaceForThumbnailsNothingIsSavedAndTheUserIsTold) {
