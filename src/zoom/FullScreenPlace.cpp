@@ -8,8 +8,8 @@ namespace {
 
 double centred(double photo, double form) { return std::trunc(form / 2) - std::trunc(photo / 2); }
 
-/// The new edge of a photo side that is longer than the screen's.
-double dragged(double edge, double photo, double screen) {
+/// The edge of a photo side that is longer than the screen's, with no gap at either end.
+double covering(double edge, double photo, double screen) {
   if (edge > 0)
     return 0;
   return edge < screen - photo ? screen - photo : edge;
@@ -22,6 +22,8 @@ void FullScreenPlace::makeFull(TwipsSize form) {
   const bool isHigher = photo.height > form.height;
   if (isWider && isHigher) {
     pointer = DragPointer::Both;
+    photo.left = covering(photo.left, photo.width, form.width);
+    photo.top = covering(photo.top, photo.height, form.height);
     return;
   }
   photo.left = isWider ? 0 : centred(photo.width, form.width);
@@ -34,9 +36,9 @@ void FullScreenPlace::makeFull(TwipsSize form) {
 
 void FullScreenPlace::drag(TwipsPoint by, TwipsSize screen) {
   if (pointer == DragPointer::Sideways || pointer == DragPointer::Both)
-    photo.left = dragged(photo.left + by.x, photo.width, screen.width);
+    photo.left = covering(photo.left + by.x, photo.width, screen.width);
   if (pointer == DragPointer::UpAndDown || pointer == DragPointer::Both)
-    photo.top = dragged(photo.top + by.y, photo.height, screen.height);
+    photo.top = covering(photo.top + by.y, photo.height, screen.height);
 }
 
 } // namespace hearthbook

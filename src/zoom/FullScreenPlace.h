@@ -18,7 +18,7 @@ struct FullScreenPlace {
   DragPointer pointer = DragPointer::None;
 
   /// Places the photo on a form of this size: centred where it fits. One that is larger both
-  /// ways stays where the one before was.
+  /// ways stays where the one before was, as far as it covers the form there.
   void makeFull(TwipsSize form);
 
   /// The photo is dragged by so much; its edges never come inside those of the screen.

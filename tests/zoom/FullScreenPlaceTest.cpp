@@ -57,6 +57,18 @@ TEST(FullScreenPlace, APhotoLargerBothWaysStaysWhereTheOneBeforeWas) {
   EXPECT_EQ(place.photo.top, -300);
 }
 
+TEST(FullScreenPlace, ASmallerPhotoAfterOneThatWasDraggedToItsEdgeStillCoversTheScreen) {
+  const auto place = placed(20000, 15000, {screen.width - 90000, screen.height - 60000});
+  EXPECT_EQ(place.photo.left, screen.width - 20000);
+  EXPECT_EQ(place.photo.top, screen.height - 15000);
+}
+
+TEST(FullScreenPlace, APhotoLargerBothWaysAfterOneThatWasCentredCoversTheScreen) {
+  const auto place = placed(60000, 45000, {700, 300});
+  EXPECT_EQ(place.photo.left, 0);
+  EXPECT_EQ(place.photo.top, 0);
+}
+
 TEST(FullScreenPlace, APhotoThatFitsIsNotDragged) {
   const auto place = placed(3000, 1500);
   expectDragged(place, {100, 100}, {place.photo.left, place.photo.top});

@@ -356,6 +356,27 @@ TEST_F(FullScreenView, AWiderPhotoIsDraggedSidewaysWithinItsEdges) {
   });
 }
 
+TEST_F(FullScreenView, BehindAPhotoThatWasDraggedToItsEdgeASmallerOneStillCoversTheScreen) {
+  addPhotosUpTo(2);
+  writePhoto(1, 3000, 2400);
+  writePhoto(2, 1000, 900);
+  watch(openZoom(), [](FullScreen& full) {
+    auto& image = photo(full);
+    expectDragged(image, {500, 500}, {-5000, -5000}, {full.width() - 3000, full.height() - 2400});
+    key(full, Qt::Key_Right);
+    ASSERT_EQ(full.place().pointer, DragPointer::Both);
+    EXPECT_EQ(image.pos(), QPoint(full.width() - 1000, full.height() - 900));
+  });
+}
+
+TEST_F(FullScreenView, OpenedOnALargePhotoItShowsItFromItsCorner) {
+  const auto& zoom = openPhoto(1000, 900); // narrower than the form before it fills the screen
+  watch(zoom, [](FullScreen& full) {
+    ASSERT_EQ(full.place().pointer, DragPointer::Both);
+    EXPECT_EQ(photo(full).pos(), QPoint(0, 0));
+  });
+}
+
 TEST_F(FullScreenView, ADraggedPhotoStaysWhereItIsUntilTheNextOneIsThere) {
   const auto& zoom = openZoomOf(2);
   writePhoto(1, 300, 2000);
