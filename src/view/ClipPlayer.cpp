@@ -22,6 +22,11 @@ void ClipPlayer::play(const std::filesystem::path& file, BackgroundSound* backgr
     ended();
 }
 
+void ClipPlayer::end() {
+  if (player_.isOpen())
+    ended();
+}
+
 /// A clip that breaks off has ended too, though nobody says so. That is seen when the command
 /// that failed is over.
 void ClipPlayer::tell(const QString& why) {

@@ -19,7 +19,8 @@ public:
 
   /// Over the sound behind the album pages, if they are open.
   void play(const std::filesystem::path& file, BackgroundSound* background);
-  void close() { player_.Close(); }
+  void end();                       ///< what made room for the clip goes on
+  void close() { player_.Close(); } ///< and there is silence
 
   [[nodiscard]] const MMControl& player() const { return player_; }
 

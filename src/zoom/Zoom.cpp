@@ -412,7 +412,7 @@ bool Zoom::unloading() {
     disconnect(full, nullptr, this, nullptr);
     full->Unload();
   }
-  clip_->close();
+  clip_->end();
   return true;
 }
 

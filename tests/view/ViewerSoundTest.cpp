@@ -154,9 +154,12 @@ TEST_F(ViewerSound, TheEditorIsOpenedInSilence) {
 
 TEST_F(ViewerSound, TheSubAlbumEditorIsOpenedInSilence) {
   addTone("A7.wav", 60'000);
+  addTone("00001.wav", 60'000);
   auto& viewer = openPagesWithSound();
   viewer.allowSubAlbumEdit(true);
+  playClip(viewer);
   press(viewer, "Command5");
+  EXPECT_EQ(clip_->mode(), Mode::NotOpen);
   EXPECT_EQ(background_->mode(), Mode::NotOpen);
 }
 

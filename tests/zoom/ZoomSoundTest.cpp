@@ -1,8 +1,11 @@
 #include "ZoomFixture.h"
 
 #include "BackgroundSound.h"
+#include "FileBytes.h"
 #include "SoundDaemon.h"
 #include "TestSounds.h"
+
+#include <QSignalSpy>
 
 namespace hearthbook::test {
 
@@ -28,6 +31,11 @@ protected:
     auto& pages = Forms::get<Viewer>();
     pages.Show();
     return pages.background().player();
+  }
+  void expectClipRefused(const char* name) {
+    boxes_.expectMessage(toQString("Cannot play \"" + at("Audio/" + std::string(name)).string() +
+                                   "\": it is no wave."),
+                         toQString("Sound"), MsgIcon::Exclamation);
   }
 
   SoundDaemon daemon_;
@@ -80,6 +88,47 @@ TEST_F(ZoomSound, TheViewClosesInTheMiddleOfAClip) {
   QObject::connect(clip_, &MMControl::modeChanged, clip_, [&] { modes.push_back(clip_->mode()); });
   FormControls::press(zoom, "Command1");
   EXPECT_EQ(modes, std::vector{Mode::NotOpen});
+}
+
+TEST_F(ZoomSound, WhereTheViewClosesInTheMiddleOfAClipTheSoundOfTheAlbumGoesOn) {
+  const auto& album = openAlbumWithSound();
+  const auto& zoom = openWithSound(60'000);
+  waitUntil([&] { return album.position() >= 400; });
+  FormControls::press(zoom, "Image3(0)");
+  const auto stopped = album.position();
+  ASSERT_EQ(album.mode(), Mode::NotOpen);
+  FormControls::press(zoom, "Command1");
+  EXPECT_EQ(album.mode(), Mode::Playing);
+  EXPECT_GE(album.position(), stopped);
+}
+
+TEST_F(ZoomSound, WhereTheViewClosesWithoutAClipTheSoundOfTheAlbumPlaysOn) {
+  const auto& album = openAlbumWithSound();
+  const auto& zoom = openWithSound(60'000);
+  ASSERT_EQ(album.mode(), Mode::Playing);
+  const QSignalSpy changes(&album, &MMControl::modeChanged);
+  FormControls::press(zoom, "Command1");
+  EXPECT_EQ(album.mode(), Mode::Playing);
+  EXPECT_TRUE(changes.empty());
+}
+
+TEST_F(ZoomSound, AClipThatCannotBeReadIsToldAndTheAlbumsSoundGoesOn) {
+  const auto& album = openAlbumWithSound();
+  writeBytes(at("Audio/00001.wav"), "no sound at all");
+  expectClipRefused("00001.wav");
+  expectClipRefused("00002.wav");
+  expectClipRefused("00003.mp3");
+  writeBytes(at("Audio/00002.wav"), "");
+  writeBytes(at("Audio/00003.mp3"), "another kind");
+  const auto& zoom = openZoomOf(3);
+  for (int photo = 0; photo < 3; ++photo) {
+    FormControls::press(zoom, "Image3(0)");
+    EXPECT_EQ(zoom.findChild<const MMControl*>(toQString("MMControl1"))->mode(), Mode::NotOpen);
+    EXPECT_EQ(album.mode(), Mode::Playing);
+    if (photo < 2)
+      press(zoom, "Command2");
+  }
+  EXPECT_TRUE(boxes_.isDone());
 }
 
 } // namespace hearthbook::test
