@@ -8,16 +8,11 @@
 #include <QPaintEvent>
 #include <QPainter>
 #include <QPinchGesture>
-#include <QWheelEvent>
-
-#include <cstdlib>
-#include <utility>
 
 namespace hearthbook {
 
 namespace {
 
-constexpr int wheelStep = 120;
 // Pixels that are stretched smoothly: well within a frame while others are being decoded, and
 // as many as the zoom view has on the largest screens.
 constexpr int smoothMeanwhile = 1'000'000;
@@ -67,15 +62,6 @@ void LargePhoto::mouseMoveEvent(QMouseEvent* event) {
   Q_EMIT mouseMoved(event->position(), event->buttons().testFlag(Qt::LeftButton));
 }
 
-void LargePhoto::wheelEvent(QWheelEvent* event) {
-  turned_ += event->angleDelta().y();
-  const int steps = turned_ / wheelStep;
-  turned_ -= steps * wheelStep;
-  if (steps != 0)
-    Q_EMIT stepAsked(steps, event->position());
-  event->accept();
-}
-
 bool LargePhoto::event(QEvent* event) {
   if (event->type() != QEvent::Gesture)
     return PictureBox::event(event);
@@ -86,16 +72,16 @@ bool LargePhoto::event(QEvent* event) {
 
 void LargePhoto::pinch(QPinchGesture& gesture) {
   if (gesture.state() == Qt::GestureStarted)
-    pinched_ = 1;
-  pinched_ *= gesture.scaleFactor();
+    spread_ = 1;
+  spread_ *= gesture.scaleFactor();
   const QPointF middle = mapFromGlobal(gesture.centerPoint());
-  if (pinched_ >= ZoomSteps::step)
-    Q_EMIT stepAsked(1, middle);
-  else if (pinched_ <= 1 / ZoomSteps::step)
-    Q_EMIT stepAsked(-1, middle);
+  if (spread_ >= ZoomSteps::step)
+    Q_EMIT pinched(1, middle);
+  else if (spread_ <= 1 / ZoomSteps::step)
+    Q_EMIT pinched(-1, middle);
   else
     return;
-  pinched_ = 1;
+  spread_ = 1;
 }
 
 } // namespace hearthbook

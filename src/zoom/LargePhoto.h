@@ -19,21 +19,19 @@ public:
 
 Q_SIGNALS:
   void mouseMoved(QPointF position, bool leftDown);
-  void stepAsked(int steps, QPointF position); ///< wheel and pinch: above 0 to magnify
+  void pinched(int steps, QPointF position); ///< above 0 to magnify
 
 protected:
   void paintEvent(QPaintEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
   void mouseMoveEvent(QMouseEvent* event) override;
-  void wheelEvent(QWheelEvent* event) override;
   bool event(QEvent* event) override;
 
 private:
   void pinch(QPinchGesture& gesture);
 
   bool expectsFiner_ = false;
-  int turned_ = 0; ///< of the wheel, towards the next step
-  double pinched_ = 1;
+  double spread_ = 1; ///< of the fingers, since the last step
 };
 
 } // namespace hearthbook

@@ -2,12 +2,14 @@
 
 #include "Command.h"
 #include "LargePhoto.h"
+#include "Look.h"
 #include "MarkerArrow.h"
-#include "Stage.h"
+#include "ZoomPanel.h"
 #include "ZoomPicture.h"
 
 #include <QAbstractButton>
 #include <QLabel>
+#include <QPalette>
 #include <QPixmap>
 #include <QScrollBar>
 #include <QSignalBlocker>
@@ -17,6 +19,8 @@
 namespace hearthbook {
 
 namespace {
+
+constexpr int patienceMs = 250;
 
 TwipsSize ownSize(PixelSize pixels) {
   return {static_cast<double>(pixels.width) * twipsPerPixel,
@@ -43,7 +47,14 @@ ZoomArea::ZoomArea(const Controls& controls, PictureLoader& loader, WorkPool& po
     bar->setSingleStep(static_cast<int>(ZoomBar::smallChange));
     bar->setPageStep(static_cast<int>(ZoomBar::largeChange));
   }
+  QPalette palette = ui_.photo->palette();
+  palette.setColor(QPalette::Window, look::desk); // nothing is seen of it without a picture
+  ui_.photo->setPalette(palette);
   ui_.photo->hide();
+  patience_.setObjectName(QStringLiteral("patience"));
+  patience_.setParent(this);
+  patience_.setSingleShot(true);
+  patience_.setInterval(patienceMs);
   showBars();
   wire();
 }
@@ -51,6 +62,7 @@ ZoomArea::ZoomArea(const Controls& controls, PictureLoader& loader, WorkPool& po
 void ZoomArea::wire() {
   connect(picture_, &ZoomPicture::placed, this, &ZoomArea::showFresh);
   connect(picture_, &ZoomPicture::broken, this, &ZoomArea::broken);
+  connect(&patience_, &QTimer::timeout, picture_, &ZoomPicture::clearFormer);
   connect(ui_.panel, &Stage::scaled, this, &ZoomArea::scaled);
   connect(ui_.across, &QScrollBar::valueChanged, this, [this](int value) {
     steps_.scrollAcross(value);
@@ -61,11 +73,17 @@ void ZoomArea::wire() {
     scrolled();
   });
   connect(ui_.photo, &LargePhoto::mouseMoved, this, &ZoomArea::drag);
-  connect(ui_.photo, &LargePhoto::stepAsked, this,
+  connect(ui_.photo, &LargePhoto::pinched, this,
           [this](int steps, QPointF position) { runCommand([&] { step(steps, position); }); });
+  connect(ui_.panel, &ZoomPanel::wheelTurned, this, [this](int steps, QPointF position) {
+    runCommand([&] { step(steps, ui_.photo->mapFrom(ui_.panel, position)); });
+  });
 }
 
-void ZoomArea::show(const std::filesystem::path& file) { picture_->show(file); }
+void ZoomArea::show(const std::filesystem::path& file) {
+  picture_->show(file);
+  patience_.start();
+}
 
 void ZoomArea::clear() {
   picture_->clear();
@@ -103,6 +121,8 @@ void ZoomArea::reduce() {
 }
 
 void ZoomArea::step(int steps, QPointF inPhoto) {
+  if (ui_.photo->isHidden())
+    return;
   const TwipsPoint part{inPhoto.x() / ui_.photo->width(), inPhoto.y() / ui_.photo->height()};
   const TwipsPoint under = ui_.panel->toTwips(ui_.photo->mapTo(ui_.panel, inPhoto));
   for (int step = 0; step < std::abs(steps); ++step)

@@ -5,6 +5,7 @@
 
 #include <QObject>
 #include <QPointF>
+#include <QTimer>
 
 #include <filesystem>
 #include <functional>
@@ -20,8 +21,8 @@ namespace hearthbook {
 class LargePhoto;
 class MarkerArrow;
 class PictureLoader;
-class Stage;
 class WorkPool;
+class ZoomPanel;
 class ZoomPicture;
 
 /// The viewing area of the zoom view: the photo in it, its scroll bars and the arrow that points
@@ -30,7 +31,7 @@ class ZoomArea : public QObject {
   Q_OBJECT
 public:
   struct Controls {
-    Stage* panel;
+    ZoomPanel* panel;
     LargePhoto* photo;
     QScrollBar* across;
     QScrollBar* down;
@@ -80,6 +81,7 @@ private:
   ZoomPicture* picture_;
   MarkerArrow* arrow_;
   TwipsPoint lastMouse_;
+  QTimer patience_; ///< with a photo that is slow to come
 };
 
 } // namespace hearthbook

@@ -23,4 +23,11 @@ void ZoomPanel::placeDrawn() {
 
 void ZoomPanel::paintEvent(QPaintEvent*) { QPainter(this).fillRect(QWidget::rect(), look::desk); }
 
+void ZoomPanel::wheelEvent(QWheelEvent* event) {
+  const int steps = wheel_.take(*event);
+  if (steps != 0)
+    Q_EMIT wheelTurned(steps, event->position());
+  event->accept();
+}
+
 } // namespace hearthbook

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Stage.h"
+#include "WheelSteps.h"
 
 namespace hearthbook {
 
@@ -12,8 +13,16 @@ public:
 
   void placeDrawn(); ///< the children that the drawing has put here
 
+Q_SIGNALS:
+  /// The wheel was turned, over the photo or beside it: above 0 to magnify.
+  void wheelTurned(int steps, QPointF position);
+
 protected:
   void paintEvent(QPaintEvent* event) override;
+  void wheelEvent(QWheelEvent* event) override;
+
+private:
+  WheelSteps wheel_;
 };
 
 } // namespace hearthbook

@@ -75,7 +75,17 @@ void ZoomPicture::clear() {
   ticket_.reset();
   endSharpening();
   wanted_.reset();
+  showNothing();
+}
+
+void ZoomPicture::clearFormer() {
+  if (wanted_ && wanted_ != shown_)
+    showNothing();
+}
+
+void ZoomPicture::showNothing() {
   shown_.reset();
+  fullSize_ = {};
   image_.clear();
 }
 

@@ -27,6 +27,8 @@ public:
 
   void show(const std::filesystem::path& file);
   void clear();
+  /// The photo shown must not be taken for another one that is on its way: it goes.
+  void clearFormer();
   /// The photo shown is wanted in other pixels, never more than its file has.
   void sharpen(PixelSize wanted);
   /// The photo is shown already, somewhere else, in these pixels, or is on its way there.
@@ -45,6 +47,7 @@ Q_SIGNALS:
   void broken(); ///< the photo that was asked for cannot be read
 
 private:
+  void showNothing();
   void arrived(const FittedPictures::Loaded& loaded);
   void sharpenAgain(PixelSize decoded);
   void setSharpening(bool on);

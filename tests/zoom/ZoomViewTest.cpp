@@ -5,7 +5,6 @@
 #include "TestPictures.h"
 
 #include <QAbstractItemModel>
-#include <QWheelEvent>
 
 #include <algorithm>
 
@@ -39,32 +38,8 @@ protected:
     EXPECT_NEAR(arrowOf(zoom).left, x - 100, 0.01);
     EXPECT_NEAR(arrowOf(zoom).top, y - 288, 0.01);
   }
-  /// Two fingers on the middle of the photo that go from one distance to another.
-  void pinch(LargePhoto& photo, int from, int to) {
-    const QPoint middle(200, 150);
-    const auto fingers = [&](int distance) {
-      return std::pair{middle - QPoint(distance / 2, 0), middle + QPoint(distance / 2, 0)};
-    };
-    auto [left, right] = fingers(from);
-    QTest::touchEvent(&photo, pad_.get()).press(0, left, &photo).press(1, right, &photo);
-    constexpr int moves = 10;
-    for (int move = 1; move <= moves; ++move) {
-      std::tie(left, right) = fingers(from + (to - from) * move / moves);
-      QTest::touchEvent(&photo, pad_.get()).move(0, left, &photo).move(1, right, &photo);
-    }
-    QTest::touchEvent(&photo, pad_.get()).release(0, left, &photo).release(1, right, &photo);
-    settleZoom();
-  }
-  static void wheel(LargePhoto& photo, int angle) {
-    const QPointF place(photo.rect().center());
-    QWheelEvent event(place, photo.mapToGlobal(place), {}, {0, angle}, Qt::NoButton, Qt::NoModifier,
-                      Qt::NoScrollPhase, false);
-    QCoreApplication::sendEvent(&photo, &event);
-    settleZoom();
-  }
 
   std::string ids_;
-  std::unique_ptr<QPointingDevice> pad_{QTest::createTouchDevice()};
 };
 
 } // namespace
@@ -310,27 +285,6 @@ TEST_F(ZoomView, AnOnlyPhotoHasNoPreviousOne) {
   EXPECT_EQ(position(zoom), "1 Of 1");
 }
 
-TEST_F(ZoomView, TheWheelZoomsAboutTheMouse) {
-  const auto& zoom = openPhoto(1200, 900);
-  wheel(photo(zoom), 60);
-  EXPECT_NEAR(photoRect(zoom).width, 8285, 0.01);
-  wheel(photo(zoom), 60);
-  EXPECT_NEAR(photoRect(zoom).width, 8285 * 1.5, 0.01);
-  EXPECT_NEAR(photoRect(zoom).left + photoRect(zoom).width / 2, 8285 / 2.0, 20);
-  wheel(photo(zoom), -120);
-  EXPECT_NEAR(photoRect(zoom).width, 8285, 0.01);
-}
-
-TEST_F(ZoomView, TwoFingersZoomAStepWhenTheyHaveGoneFarEnough) {
-  const auto& zoom = openPhoto(1200, 900);
-  pinch(photo(zoom), 100, 130);
-  EXPECT_NEAR(photoRect(zoom).width, 8285, 0.01);
-  pinch(photo(zoom), 100, 180);
-  EXPECT_NEAR(photoRect(zoom).width, 8285 * 1.5, 0.01);
-  pinch(photo(zoom), 180, 100);
-  EXPECT_NEAR(photoRect(zoom).width, 8285, 0.01);
-}
-
 TEST_F(ZoomView, APhotoOfTwoHundredMegapixelsIsShownAndMagnified) {
   writeBytes(at("Photos/00001.jpg"), plainGreyJpeg({16000, 12500}, 180));
   const auto& zoom = openZoom();
@@ -362,6 +316,34 @@ TEST_F(ZoomView, AMagnifiedPhotoIsSharpAsSoonAsItsPixelsAreThere) {
   freePool();
   settleZoom();
   EXPECT_EQ(photo(zoom).picture().size(), photo(zoom).wantedSize());
+}
+
+TEST_F(ZoomView, ThePhotoBeforeDoesNotStandForLongBesideTheFactsOfTheNext) {
+  const auto& zoom = openZoomOf(2);
+  const auto freePool = holdPool();
+  writePhoto(2, 300, 200);
+  FormControls::press(zoom, "Command2");
+  EXPECT_TRUE(photo(zoom).hasPicture());
+  waitUntil([&] { return !photo(zoom).hasPicture(); });
+  EXPECT_TRUE(zoom.isWaitingForPicture());
+  EXPECT_TRUE(photo(zoom).isVisible()); // and keeps the keyboard
+  EXPECT_EQ(zoom.area().picture().shown(), std::nullopt);
+  freePool();
+  settleZoom();
+  EXPECT_EQ(pixels(zoom), QSize(300, 200));
+}
+
+TEST_F(ZoomView, APhotoThatIsReadAnewStaysUntilItsNewPixelsAreThere) {
+  const auto& zoom = openPhoto(1200, 900);
+  const auto freePool = holdPool();
+  writePhoto(1, 300, 200);
+  Forms::tellRowsChanged({RowsChanged::By::EditorClosed});
+  ASSERT_TRUE(zoom.isWaitingForPicture());
+  waitUntil([&] { return !zoom.findChild<QTimer*>(toQString("patience"))->isActive(); });
+  EXPECT_TRUE(photo(zoom).hasPicture());
+  freePool();
+  settleZoom();
+  EXPECT_EQ(pixels(zoom), QSize(300, 200));
 }
 
 TEST_F(ZoomView, APhotoThatWasOnItsWayWhileTheWindowGrewIsSharpToo) {
