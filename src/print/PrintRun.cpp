@@ -1,25 +1,20 @@
 #include "PrintRun.h"
 
-#include "Guard.h"
+#include "Awaited.h"
 #include "PrintPixels.h"
 #include "Printers.h"
 #include "SafeFile.h"
 #include "SheetPdf.h"
 #include "WorkPool.h"
 
-#include <chrono>
 #include <future>
 #include <ostream>
+#include <utility>
 #include <vector>
 
 namespace hearthbook {
 
 namespace {
-
-template <class Result> Result waitFor(std::future<Result>& work) {
-  waitUntil([&] { return work.wait_for(std::chrono::seconds(0)) == std::future_status::ready; });
-  return work.get();
-}
 
 std::vector<std::future<Picture>> decodeAll(WorkPool& pool, const PrintOrder& order) {
   std::vector<std::future<Picture>> pictures;
@@ -52,14 +47,12 @@ void runPrint(WorkPool& pool, const PrintOrder& order,
   tell(PrintStep::Begun, 0);
   std::vector<Picture> pictures;
   for (std::future<Picture>& work : decodeAll(pool, order)) {
-    pictures.push_back(waitFor(work));
+    pictures.push_back(awaited(std::move(work)));
     tell(PrintStep::PictureReady, pictures.size());
   }
-  auto painting = pool.run([&] { return pdfOf(order, pictures); }, {}, true);
-  const std::string pdf = waitFor(painting);
+  const std::string pdf = awaited(pool.run([&] { return pdfOf(order, pictures); }, {}, true));
   tell(PrintStep::Painted, pictures.size());
-  auto delivery = pool.run([&] { return deliver(order, pdf), true; }, {}, true);
-  waitFor(delivery);
+  awaited(pool.run([&] { deliver(order, pdf); }, {}, true));
   tell(PrintStep::Delivered, pictures.size());
 }
 
