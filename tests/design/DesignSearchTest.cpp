@@ -4,6 +4,8 @@
 
 #include <gmock/gmock.h>
 
+#include <algorithm>
+
 namespace hearthbook {
 
 namespace {
@@ -43,15 +45,22 @@ TEST(DesignStatement, LooksForAPlaceOrAnEventByItsNumber) {
 }
 
 TEST_F(DesignSearchTest, TheListsAreInTheOrderOfNames) {
+  const auto clara = folder_.addPerson("Clara");
+  const auto anna = folder_.addPerson("anna");
   const auto lake = folder_.addPlace("Lake");
   const auto garden = folder_.addPlace("garden");
-  const auto places = designChoices(data().AlbumDB, DesignSearch::Place);
-  ASSERT_GE(places.size(), 2u);
-  const DesignChoice first{"garden", garden};
-  const DesignChoice second{"Lake", lake};
-  const auto at = std::ranges::find(places, first);
-  ASSERT_NE(at, places.end());
-  EXPECT_LT(at, std::ranges::find(places, second));
+  const auto wedding = folder_.addEvent("Wedding");
+  const auto picnic = folder_.addEvent("picnic");
+  const auto expectOrder = [this](DesignSearch by, const DesignChoice& first,
+                                  const DesignChoice& second) {
+    const auto choices = designChoices(data().AlbumDB, by);
+    const auto at = std::ranges::find(choices, first);
+    ASSERT_NE(at, choices.end()) << first.name;
+    EXPECT_NE(std::find(at, choices.end(), second), choices.end()) << second.name;
+  };
+  expectOrder(DesignSearch::Person, {"anna", anna}, {"Clara", clara});
+  expectOrder(DesignSearch::Place, {"garden", garden}, {"Lake", lake});
+  expectOrder(DesignSearch::Event, {"picnic", picnic}, {"Wedding", wedding});
 }
 
 TEST_F(DesignSearchTest, PhotosOfAPersonAreFoundInTheOrderOfYears) {
