@@ -33,16 +33,21 @@ DesignFrame::DesignFrame(QString caption, TwipsSize size, QWidget* parent)
 
 void DesignFrame::paintEvent(QPaintEvent*) {
   constexpr double radius = 6;
-  constexpr TwipsRect captionPlace{210, 60, 12000, 450};
+  constexpr TwipsRect captionPlace{270, 60, 12000, 450};
+  constexpr int align = Qt::AlignLeft | Qt::AlignVCenter;
   QPainter painter(this);
   painter.setRenderHint(QPainter::Antialiasing);
-  QColor sheet = look::sheet;
-  sheet.setAlphaF(0.82F);
-  painter.setBrush(sheet);
-  painter.setPen(QPen(look::edge, 1));
-  painter.drawRoundedRect(QRectF(QWidget::rect()).adjusted(0.5, 0.5, -0.5, -0.5), radius, radius);
+  for (const QPen& pen : {QPen(look::sheet, 3), QPen(look::edge, 1)}) { // seen on any ground
+    painter.setPen(pen);
+    painter.drawRoundedRect(QRectF(QWidget::rect()).adjusted(1.5, 1.5, -1.5, -1.5), radius, radius);
+  }
+  const QRect caption = toPixels(captionPlace);
+  const QRect slip = painter.boundingRect(caption, align, caption_).adjusted(-5, 0, 5, 0);
+  painter.setPen(Qt::NoPen);
+  painter.setBrush(look::sheet);
+  painter.drawRoundedRect(slip, radius, radius);
   painter.setPen(look::darkRed);
-  painter.drawText(toPixels(captionPlace), Qt::AlignLeft | Qt::AlignVCenter, caption_);
+  painter.drawText(caption, align, caption_);
 }
 
 DesignSurface::DesignSurface(QWidget* parent) : Stage(designSurface, parent) {
@@ -65,6 +70,7 @@ void DesignSurface::makeTitle() {
   title_->setAlignment(Qt::AlignCenter);
   constexpr TwipsRect field{210, 540, designTitle.width - 420, 780};
   titleFrame_->place(title_, field, titlePoints);
+  connect(title_, &QLineEdit::textChanged, this, [this] { titleUnmade_ = true; });
 }
 
 void DesignSurface::makeDecorations() {
@@ -107,11 +113,13 @@ void DesignSurface::makeBox(const PageDesign& design, const DesignBox& box) {
   text->setToolTip(QStringLiteral("The words of the page for ") + caption);
   text->setAlignment(Qt::AlignCenter);
   frame->place(text, textInFrame(sizeOf(box.frame), box.hasPhoto), textPoints);
+  connect(text, &QLineEdit::textChanged, this, [this, index] { placeAt(index).isUnmade = true; });
   places_.push_back({&design, &box, frame, photo, text});
 }
 
 void DesignSurface::showDesign(const PageDesign& design, const QPixmap& left,
                                const QPixmap& right) {
+  chosen_ = design.name;
   titleFrame_->setProperty(tagProperty, toQString(design.name));
   left_->setPixmap(left);
   right_->setPixmap(right);
@@ -126,27 +134,49 @@ void DesignSurface::tile(const Picture& ground) {
 }
 
 void DesignSurface::setPhoto(int index, const Picture& photo) {
-  places_.at(static_cast<std::size_t>(index)).photo->setPicture(photo);
+  placeAt(index).photo->setPicture(photo);
+  placeAt(index).isUnmade = true;
+}
+
+DesignSurface::Place& DesignSurface::placeAt(int index) {
+  return places_.at(static_cast<std::size_t>(index));
 }
 
 const DesignBox& DesignSurface::box(int index) const {
   return *places_.at(static_cast<std::size_t>(index)).box;
 }
 
-bool DesignSurface::isTouched() const {
-  return !title_->text().isEmpty() || std::ranges::any_of(places_, [](const Place& place) {
-    return !place.text->text().isEmpty() || (place.photo && !place.photo->picture().isNull());
-  });
+bool DesignSurface::isUnmade(const Place& place) {
+  const bool isEmpty =
+      place.text->text().isEmpty() && (!place.photo || place.photo->picture().isNull());
+  return place.isUnmade && !isEmpty;
 }
 
-QString DesignSurface::chosenName() const { return titleFrame_->property(tagProperty).toString(); }
+std::vector<std::string> DesignSurface::unmade() const {
+  std::vector<std::string> designs;
+  for (const PageDesign& design : pageDesigns()) {
+    const bool isTitled = titleUnmade_ && !title_->text().isEmpty() && design.name == chosen_;
+    if (isTitled || std::ranges::any_of(places_, [&](const Place& place) {
+          return place.design == &design && isUnmade(place);
+        }))
+      designs.emplace_back(design.name);
+  }
+  return designs;
+}
+
+void DesignSurface::pageMade() {
+  titleUnmade_ = false;
+  for (Place& place : places_)
+    if (place.design->name == chosen_)
+      place.isUnmade = false;
+}
 
 DesignedPage DesignSurface::content() const {
   DesignedPage page;
-  page.design = toUtf8(chosenName());
+  page.design = chosen_;
   page.texts.push_back({titleTag, toUtf8(title_->text())});
   for (const Place& place : places_) {
-    if (place.frame->property(tagProperty).toString() != chosenName())
+    if (place.frame->property(tagProperty) != titleFrame_->property(tagProperty))
       continue;
     page.texts.push_back({place.box->tag, toUtf8(place.text->text())});
     if (place.photo && !place.photo->picture().isNull())

@@ -6,7 +6,7 @@
 
 #include <QPixmap>
 
-#include <filesystem>
+#include <string>
 #include <vector>
 
 class QLabel;
@@ -16,7 +16,7 @@ namespace hearthbook {
 
 class PhotoBox;
 
-/// A frame of the design with its caption, on paper that lets the ground shine through. Its
+/// A frame of the design, on the ground of the page, with its caption on a slip of paper. Its
 /// property `Tag` is the name of the design to which it belongs.
 class DesignFrame : public Stage {
   Q_OBJECT
@@ -46,7 +46,11 @@ public:
   void setPhoto(int index, const Picture& photo);
   /// The box of that index, counted through all designs.
   [[nodiscard]] const DesignBox& box(int index) const;
-  [[nodiscard]] bool isTouched() const; ///< something was put into any design
+
+  [[nodiscard]] const std::string& chosen() const { return chosen_; } ///< design, by its name
+  /// The designs into which something was put that no page has yet. The title is the chosen one's.
+  [[nodiscard]] std::vector<std::string> unmade() const;
+  void pageMade(); ///< of the chosen design, as it is now
 
   /// The texts and photos of the controls whose container bears the name of the design.
   [[nodiscard]] DesignedPage content() const;
@@ -64,18 +68,22 @@ private:
     DesignFrame* frame;
     PhotoBox* photo; ///< null in a box of text alone
     QLineEdit* text;
+    bool isUnmade = false; ///< changed since a page was made of it
   };
 
   void makeTitle();
   void makeDecorations();
   void makeBox(const PageDesign& design, const DesignBox& box);
-  [[nodiscard]] QString chosenName() const;
+  Place& placeAt(int index);
+  [[nodiscard]] static bool isUnmade(const Place& place);
 
   DesignFrame* titleFrame_ = nullptr;
   QLineEdit* title_ = nullptr;
+  bool titleUnmade_ = false;
   QLabel* left_ = nullptr;
   QLabel* right_ = nullptr;
   std::vector<Place> places_;
+  std::string chosen_;
   QPixmap ground_;
 };
 

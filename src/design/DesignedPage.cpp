@@ -3,6 +3,7 @@
 #include "Encode.h"
 #include "ExportPages.h"
 #include "FileError.h"
+#include "Markup.h"
 #include "PageDesign.h"
 #include "PlainFile.h"
 #include "Resample.h"
@@ -208,13 +209,23 @@ fs::path paperPicture(const ApplicationFolder& folder) {
   return folder.path("\\media\\WaterMark2.gif");
 }
 
+fs::path designedPageFile(const ApplicationFolder& folder) { return pageFolder(folder) / pageName; }
+
+std::vector<std::string> textsWithMarkup(const DesignedPage& page) {
+  std::vector<std::string> texts;
+  for (const DesignedPage::Text& box : page.texts)
+    if (looksLikeMarkup(box.text))
+      texts.push_back(box.text);
+  return texts;
+}
+
 fs::path writeDesignedPage(const ApplicationFolder& folder, const DesignedPage& page) {
   const fs::path target = pageFolder(folder);
   const Workplace work(workFolder(folder));
   const auto files = makePage(designFolder(folder, page.design), page, work.folder());
   work.moveTo(target, files);
   removeEarlierPage(folder, target, {files.begin(), files.end()});
-  return target / pageName;
+  return designedPageFile(folder);
 }
 
 } // namespace hearthbook

@@ -36,6 +36,12 @@ std::filesystem::path designFolder(const ApplicationFolder& folder, std::string_
 /// The picture with which the paper of pages is tiled: "\media\WaterMark2.gif".
 std::filesystem::path paperPicture(const ApplicationFolder& folder);
 
+/// The page that was made last, if one was: "\export\testing1\index.htm".
+std::filesystem::path designedPageFile(const ApplicationFolder& folder);
+
+/// The texts that a browser takes for markup, in part: they go into the page as they are.
+std::vector<std::string> textsWithMarkup(const DesignedPage& page);
+
 /// Makes the page in the folder "\export\testing1" and tells its file: the design's folder is
 /// copied, the tokens of the page's text become what was written, photos are saved by their tags. A
 /// box without a photo keeps the design's own picture. What an earlier page of another design has

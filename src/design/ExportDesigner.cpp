@@ -1,5 +1,6 @@
 #include "ExportDesigner.h"
 
+#include "Awaited.h"
 #include "Beside.h"
 #include "Command.h"
 #include "Decode.h"
@@ -16,6 +17,7 @@
 #include "ui_ExportDesigner.h"
 
 #include <QScreen>
+#include <QStringList>
 
 #include <utility>
 
@@ -35,6 +37,24 @@ Picture pictureOrNone(const std::filesystem::path& file) {
   if (fileExists(file)) // a design need not have it, and what is not a picture is none
     passOver([&] { picture = decodePicture(file).picture; });
   return picture;
+}
+
+/// As much of a picture as the surface has room for: of a photograph that is not all of it.
+Picture groundOf(const std::filesystem::path& file) {
+  constexpr PixelRect seen{0, 0, static_cast<int>(designSurface.width) / twipsPerPixel,
+                           static_cast<int>(designSurface.height) / twipsPerPixel};
+  return cropped(decodePicture(file).picture, seen);
+}
+
+bool isYes(const QString& question, MsgIcon icon) {
+  return MsgBox(question, designerTitle, icon, MsgButtons::YesNo) == MsgAnswer::Yes;
+}
+
+QString listOf(const std::vector<std::string>& texts, const QString& between) {
+  QStringList list;
+  for (const std::string& text : texts)
+    list << toQString(text);
+  return list.join(between);
 }
 
 /// One of the two is in sight. The other goes before it comes: the window would grow for both.
@@ -150,12 +170,15 @@ void ExportDesigner::customizeBackground() {
   const auto file = files_.chooseBackground();
   if (!file)
     return;
-  surface_->tile(decodePicture(*file).picture);
+  const Hourglass hourglass;
+  surface_->tile(awaited(pool_.run([file = *file] { return groundOf(file); }, {}, true)));
   background_ = *file;
+  dressedAnew_ = true;
 }
 
 void ExportDesigner::playWelcomeMusic(bool on) {
   music_ = on ? files_.chooseMusic() : std::nullopt;
+  dressedAnew_ = true;
   ui->chkMusic->setChecked(music_.has_value());
   ui->chkMusic->setToolTip(music_ ? toQString(music_->filename()) : musicTip_);
 }
@@ -208,8 +231,10 @@ void ExportDesigner::photoArrived(const Arrived& arrived) {
 
 void ExportDesigner::selectRegion() {
   const PixelSize box = photoPixels(surface_->box(asked_));
-  surface_->setPhoto(asked_, pieceOf(ui->ImgX1->photo(), ui->ImgX1->region(), box));
-  made_ = false;
+  const auto piece = [photo = ui->ImgX1->photo(), region = ui->ImgX1->region(), box] {
+    return pieceOf(photo, region, box);
+  };
+  surface_->setPhoto(asked_, awaited(pool_.run(piece, {}, true)));
   returnToTemplates();
 }
 
@@ -225,34 +250,65 @@ std::filesystem::path ExportDesigner::CreatePage() {
   if (fileExists(background_) || background_ != paperPicture(album_.folder))
     page.background = background_; // one that the family has chosen is not left out in silence
   page.music = music_;
-  auto file = writeDesignedPage(album_.folder, page);
-  made_ = true;
+  const Hourglass hourglass;
+  auto file = awaited(pool_.run(
+      [&folder = album_.folder, page] { return writeDesignedPage(folder, page); }, {}, true));
+  surface_->pageMade();
+  dressedAnew_ = false;
   return file;
 }
 
 void ExportDesigner::done() {
-  const auto page = CreatePage();
-  const auto answer =
-      MsgBox(toQString("The page was made. You can upload the content of folder: '" +
-                       page.parent_path().string() + "' to the web.\r\n\r\n" +
-                       "Would you like to view it?"),
-             designerTitle, MsgIcon::Question, MsgButtons::YesNo);
-  if (answer == MsgAnswer::Yes && (!files_.openPage || !files_.openPage(page)))
-    MsgBox(toQString("The desktop has no program to show the page:\n" + page.string()),
-           designerTitle, MsgIcon::Exclamation);
+  if (!mayMakePage())
+    return;
+  offerToView(CreatePage());
   Unload();
 }
 
-bool ExportDesigner::isTouched() const {
-  return surface_->isTouched() || background_ != paperPicture(album_.folder) || music_;
+bool ExportDesigner::mayMakePage() const {
+  const auto markup = textsWithMarkup(surface_->content());
+  if (!markup.empty() &&
+      !isYes(QStringLiteral("A browser takes some of your words for markup, such as <b>, and may "
+                            "not show them as they are meant:\n") +
+                 listOf(markup, QStringLiteral("\n")) +
+                 QStringLiteral("\n\nWould you like to make the page all the same?"),
+             MsgIcon::Exclamation))
+    return false;
+  const auto former = designedPageFile(album_.folder);
+  return !fileExists(former) ||
+         isYes(toQString("The page that was made before lies in the folder '" +
+                         former.parent_path().string() +
+                         "'. Copy that folder if you want to keep it.\n\n"
+                         "Would you like to put the new page in its place?"),
+               MsgIcon::Exclamation);
+}
+
+void ExportDesigner::offerToView(const std::filesystem::path& page) {
+  const bool isWanted =
+      isYes(toQString("The page was made. You can upload the content of folder: '" +
+                      page.parent_path().string() + "' to the web.\r\n\r\n" +
+                      "Would you like to view it?"),
+            MsgIcon::Question);
+  if (isWanted && (!files_.openPage || !files_.openPage(page)))
+    MsgBox(toQString("The desktop has no program to show the page:\n" + page.string()),
+           designerTitle, MsgIcon::Exclamation);
+}
+
+std::vector<std::string> ExportDesigner::unmade() const {
+  auto designs = surface_->unmade();
+  const bool isDressed = background_ != paperPicture(album_.folder) || music_;
+  if (designs.empty() && dressedAnew_ && isDressed)
+    designs.push_back(surface_->chosen());
+  return designs;
 }
 
 bool ExportDesigner::unloading() {
-  if (made_ || !isTouched())
-    return true;
-  return MsgBox(toQString("The page has not been made, and what you have put into it would be "
-                          "lost.\r\nWould you like to leave it?"),
-                designerTitle, MsgIcon::Question, MsgButtons::YesNo) == MsgAnswer::Yes;
+  const auto designs = unmade();
+  return designs.empty() ||
+         isYes(QStringLiteral("There is no page yet of what you have put into the design ") +
+                   listOf(designs, QStringLiteral(" and the design ")) +
+                   QStringLiteral(". It would be lost.\n\nClose without making the page?"),
+               MsgIcon::Question);
 }
 
 } // namespace hearthbook

@@ -10,6 +10,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace Ui {
 class ExportDesigner;
@@ -65,7 +66,9 @@ private:
   void selectRegion();
   void returnToTemplates();
   void done();
-  [[nodiscard]] bool isTouched() const; ///< there is something to lose
+  [[nodiscard]] bool mayMakePage() const; ///< asks where the family may want something else
+  void offerToView(const std::filesystem::path& page);
+  [[nodiscard]] std::vector<std::string> unmade() const; ///< designs with something to lose
 
   Album& album_;
   WorkPool& pool_;
@@ -79,7 +82,7 @@ private:
   int asked_ = 0;    ///< the box for which a photo is chosen
   int request_ = 0;  ///< counts the photos asked for, so that a late one is not shown
   std::optional<Hourglass> waiting_;
-  bool made_ = false;
+  bool dressedAnew_ = false; ///< no page has been made with this background and music
 };
 
 } // namespace hearthbook

@@ -4,6 +4,7 @@
 #include "BoxScript.h"
 #include "DesignSurface.h"
 #include "ExportDesigner.h"
+#include "FileBytes.h"
 #include "FormControls.h"
 #include "Forms.h"
 #include "FoundPhotos.h"
@@ -19,6 +20,7 @@
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QTimer>
 
 #include <filesystem>
 #include <latch>
@@ -116,6 +118,30 @@ protected:
     QCoreApplication::processEvents();
   }
 
+  /// Keeps the pool's threads until the window handles events: work that is waited for is done
+  /// only where the window lives on meanwhile.
+  void holdPoolUntilTheWindowLives() {
+    const auto begun = std::make_shared<std::latch>(pool_.threads());
+    const auto lives = std::make_shared<std::latch>(1);
+    for (int thread = 0; thread < pool_.threads(); ++thread)
+      pool_.post([begun, lives] {
+        begun->count_down();
+        lives->wait();
+      });
+    begun->wait();
+    windowLived_ = false;
+    QTimer::singleShot(0, QCoreApplication::instance(), [this, lives] {
+      windowLived_ = true;
+      lives->count_down();
+    });
+  }
+  /// True if it handled events since then; lets the pool's threads go.
+  bool hasWindowLived() {
+    const bool lived = windowLived_;
+    QCoreApplication::processEvents();
+    return lived;
+  }
+
   /// Up to the marking: a click on the box, a person in the list, a click on the first photo.
   void bringPhoto(ExportDesigner& designer, const char* tag, const char* person) {
     QTest::mouseClick(&photoBox(designer, tag), Qt::LeftButton);
@@ -124,11 +150,26 @@ protected:
     EXPECT_TRUE(waitFor([&] { return !designer.isWaitingForPhoto(); }));
   }
 
+  void expectLossQuestion(const char* designs, MsgAnswer answer) {
+    boxes_.expectQuestion(QStringLiteral("There is no page yet of what you have put into ") +
+                              toQString(designs) +
+                              QStringLiteral(". It would be lost.\n\n"
+                                             "Close without making the page?"),
+                          designTitle, MsgIcon::Question, MsgButtons::YesNo, answer);
+  }
+  void leave(ExportDesigner& designer, MsgAnswer answer = MsgAnswer::Yes) {
+    expectLossQuestion("the design Wedding", answer);
+    EXPECT_EQ(designer.Unload(), answer == MsgAnswer::Yes);
+  }
+  [[nodiscard]] std::string madePage() const { return readBytes(at("export/testing1/index.htm")); }
+
+  const QString designTitle = QStringLiteral("Design Export");
   WorkPool pool_{2};
   std::optional<std::filesystem::path> background_;
   std::optional<std::filesystem::path> music_;
   std::vector<std::filesystem::path> opened_;
   bool hasBrowser_ = true;
+  bool windowLived_ = false;
   BoxScript boxes_;
 };
 
