@@ -51,7 +51,7 @@ FullScreen::FullScreen(Album& album, PictureLoader& loader, WorkPool& pool)
   rest_->setSingleShot(true);
   rest_->setInterval(restMs);
   connect(picture_, &ZoomPicture::placed, this, &FullScreen::photoPlaced);
-  connect(picture_, &ZoomPicture::broken, this, &FullScreen::broken);
+  connect(picture_, &ZoomPicture::broken, this, &FullScreen::tellBroken);
   connect(ui->Image1, &PictureBox::pressed, this, &FullScreen::takePress);
   connect(ui->Image1, &LargePhoto::mouseMoved, this, &FullScreen::drag);
   connect(rest_, &QTimer::timeout, this, &FullScreen::hidePointer);
@@ -68,6 +68,7 @@ void FullScreen::begin(const ZoomPicture& shown) {
 /// Nothing else on the screen says which photo it is to somebody who cannot see it.
 void FullScreen::namePhoto() {
   ui->Image1->setAccessibleName(toQString("Photo " + shownLabel(photos())));
+  ui->Image1->setAccessibleDescription(picture_->note());
 }
 
 void FullScreen::showNext() {
@@ -80,6 +81,16 @@ void FullScreen::showNext() {
 void FullScreen::LoadFullPhoto() {
   resolveImage(album_, photos().Collect("PictureID").toText());
   picture_->show(album_.vars.ImagePicture.file);
+}
+
+void FullScreen::tell(const QString& note) {
+  picture_->tell(note);
+  ui->Image1->setAccessibleDescription(note);
+}
+
+void FullScreen::tellBroken(const QString& why) {
+  ui->Image1->setAccessibleDescription(why);
+  Q_EMIT broken();
 }
 
 void FullScreen::photoPlaced() {

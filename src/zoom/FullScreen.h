@@ -37,8 +37,9 @@ public:
   /// Shows the photo on which rsZoom stands; the set then stands behind it.
   void showNext();
 
-  void LoadFullPhoto(); ///< of the row on which rsZoom stands
-  void makeFull();      ///< places the photo
+  void LoadFullPhoto();           ///< of the row on which rsZoom stands
+  void makeFull();                ///< places the photo
+  void tell(const QString& note); ///< on the photo
 
   void decodeAhead(const std::vector<std::filesystem::path>& files);
   [[nodiscard]] const FullScreenPlace& place() const { return place_; }
@@ -69,6 +70,7 @@ private:
   void drag(QPointF position, bool leftDown);
   void tellKeys();
   void photoPlaced();
+  void tellBroken(const QString& why);
   void namePhoto();
   void showPlace();
   void showPointer();

@@ -1,5 +1,6 @@
 #include "LargePhoto.h"
 
+#include "Look.h"
 #include "PictureImage.h"
 #include "ZoomSteps.h"
 
@@ -8,6 +9,7 @@
 #include <QPaintEvent>
 #include <QPainter>
 #include <QPinchGesture>
+#include <QTextOption>
 
 namespace hearthbook {
 
@@ -25,6 +27,14 @@ LargePhoto::LargePhoto(QWidget* parent) : PictureBox(parent) {
   setMouseTracking(true);
   setFocusPolicy(Qt::StrongFocus);
   grabGesture(Qt::PinchGesture);
+}
+
+void LargePhoto::setNote(const QString& note) {
+  if (note_ == note)
+    return;
+  note_ = note;
+  setToolTip(note);
+  update();
 }
 
 void LargePhoto::expectFiner(bool expected) {
@@ -51,6 +61,19 @@ void LargePhoto::paintEvent(QPaintEvent* event) {
   const int most = expectsFiner_ ? smoothMeanwhile : smoothForGood;
   painter.setRenderHint(QPainter::SmoothPixmapTransform, !isExact && pixels <= most);
   painter.drawImage(QRectF(seen), image, source);
+  if (!note_.isEmpty())
+    paintNote(painter);
+}
+
+void LargePhoto::paintNote(QPainter& painter) const {
+  const double margin = painter.fontMetrics().height() / 2.0;
+  QTextOption words(Qt::AlignHCenter | Qt::AlignBottom);
+  words.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+  const QRectF room = QRectF(rect()).adjusted(margin, margin, -margin, -margin);
+  const QRectF text = painter.boundingRect(room, note_, words);
+  painter.fillRect(QRectF(rect()).adjusted(0, text.top() - margin, 0, 0), look::panelYellow);
+  painter.setPen(look::ink);
+  painter.drawText(room, note_, words);
 }
 
 void LargePhoto::mousePressEvent(QMouseEvent* event) {

@@ -2,6 +2,9 @@
 
 #include "PictureBox.h"
 
+#include <QString>
+
+class QPainter;
 class QPinchGesture;
 
 namespace hearthbook {
@@ -14,6 +17,10 @@ class LargePhoto : public PictureBox {
   Q_OBJECT
 public:
   explicit LargePhoto(QWidget* parent = nullptr);
+
+  /// Stands at the foot of the picture and under the mouse: what is wrong with the photo.
+  void setNote(const QString& note);
+  [[nodiscard]] const QString& note() const { return note_; }
 
   void expectFiner(bool expected); ///< pixels than those shown are on their way
 
@@ -28,8 +35,10 @@ protected:
   bool event(QEvent* event) override;
 
 private:
+  void paintNote(QPainter& painter) const;
   void pinch(QPinchGesture& gesture);
 
+  QString note_;
   bool expectsFiner_ = false;
   double spread_ = 1; ///< of the fingers, since the last step
 };

@@ -31,6 +31,8 @@
 #include <QScopeGuard>
 #include <QTimer>
 
+#include <optional>
+
 namespace hearthbook {
 
 namespace {
@@ -54,6 +56,16 @@ FactsPanel::Design factsDesign() {
 BackgroundSound* albumsSound() {
   const auto* pages = Forms::loaded<Viewer>();
   return pages ? &pages->background() : nullptr;
+}
+
+/// What kept the step from being done.
+template <class Step> std::optional<QString> failureOf(Step step) {
+  try {
+    step();
+    return std::nullopt;
+  } catch (const std::exception& failure) {
+    return toQString(failure.what());
+  }
 }
 
 void tellNoMoreRecords(const char* title) {
@@ -168,13 +180,8 @@ void Zoom::setFaces() {
 }
 
 void Zoom::ComposeZoomView() {
-  bool composed = false;
-  passOver([&] {
-    compose();
-    composed = true;
-  });
-  if (!composed)
-    tellTryAgain();
+  if (const auto why = failureOf([this] { compose(); }))
+    tellFailure(*why);
 }
 
 void Zoom::compose() {
@@ -306,16 +313,14 @@ bool Zoom::isShowingLate() const {
 void Zoom::showNextSlide() {
   if (isTelling_ || isShowingLate())
     return;
-  bool went = false;
-  passOver([&] {
+  const auto why = failureOf([this] {
     if (photos().RecordCount() == 0)
       flipShow(); // nothing is left to be shown
     else if (goNextAround(photos()))
       showSlide();
-    went = true;
   });
-  if (!went)
-    tellTryAgain();
+  if (why)
+    tellFailure(*why);
 }
 
 void Zoom::showSlide() {
@@ -323,6 +328,17 @@ void Zoom::showSlide() {
     Forms::get<FullScreen>().showNext();
   else
     ComposeZoomView();
+}
+
+/// Why stays on the photo.
+void Zoom::tellFailure(const QString& why) {
+  if (auto* full = Forms::loaded<FullScreen>()) {
+    full->tell(why);
+  } else {
+    area_->tell(why);
+    ui->Image1->setAccessibleDescription(why);
+  }
+  tellTryAgain();
 }
 
 /// Once, however often it happens before it was read.
@@ -339,7 +355,8 @@ void Zoom::tellTryAgain() {
 }
 
 /// The full screen, which has asked for the same photo, tells it itself.
-void Zoom::tellBroken() {
+void Zoom::tellBroken(const QString& why) {
+  ui->Image1->setAccessibleDescription(why);
   if (!Forms::loaded<FullScreen>())
     tellTryAgain();
 }

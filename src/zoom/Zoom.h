@@ -92,8 +92,9 @@ private:
   void fullScreen(bool on);
   void flipShow();
   void leaveFullScreen();
+  void tellFailure(const QString& why);
   void tellTryAgain();
-  void tellBroken();
+  void tellBroken(const QString& why);
 
   void pointAtPerson();
   void readDescription();

@@ -85,6 +85,8 @@ void ZoomArea::show(const std::filesystem::path& file) {
   patience_.start();
 }
 
+void ZoomArea::tell(const QString& note) { picture_->tell(note); }
+
 void ZoomArea::clear() {
   picture_->clear();
   ui_.photo->hide();

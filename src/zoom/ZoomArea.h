@@ -45,6 +45,7 @@ public:
 
   void show(const std::filesystem::path& file);
   void clear();
+  void tell(const QString& note); ///< on the photo
   void decodeAhead(const std::vector<std::filesystem::path>& files);
 
   void magnify();
@@ -63,7 +64,7 @@ public:
   [[nodiscard]] const ZoomPicture& picture() const { return *picture_; }
 
 Q_SIGNALS:
-  void broken(); ///< the photo cannot be read
+  void broken(const QString& why); ///< the photo cannot be read
 
 private:
   void wire();

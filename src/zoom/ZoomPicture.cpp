@@ -1,6 +1,7 @@
 #include "ZoomPicture.h"
 
 #include "LargePhoto.h"
+#include "Text.h"
 
 #include <algorithm>
 #include <cmath>
@@ -37,6 +38,11 @@ ZoomPicture::ZoomPicture(LargePhoto& image, PictureLoader& loader, WorkPool& poo
       fit_([fit = std::move(fit)](PixelSize own) { return withinReason(fit(own)); }) {}
 
 void ZoomPicture::show(const std::filesystem::path& file) {
+  note_.clear();
+  load(file);
+}
+
+void ZoomPicture::load(const std::filesystem::path& file) {
   endSharpening();
   wanted_ = file;
   auto ticket = pictures_.load(file, fit_, [this](const auto& loaded) { arrived(loaded); });
@@ -49,10 +55,11 @@ void ZoomPicture::arrived(const FittedPictures::Loaded& loaded) {
   if (!file)
     return;
   if (loaded.picture.isNull())
-    return failed(*file);
+    return failed(*file, toQString(loaded.error));
   shown_ = file;
   fullSize_ = loaded.fullSize;
   image_.setPicture(loaded.picture);
+  image_.setNote(note_);
   Q_EMIT placed();
   sharpenAgain(loaded.picture.size());
 }
@@ -64,11 +71,17 @@ void ZoomPicture::sharpenAgain(PixelSize decoded) {
     sharpen(wanted);
 }
 
-void ZoomPicture::failed(const std::filesystem::path& file) {
+void ZoomPicture::failed(const std::filesystem::path& file, const QString& why) {
   if (file == notFound_)
     return clear();
-  show(notFound_);
-  Q_EMIT broken();
+  note_ = why;
+  load(notFound_);
+  Q_EMIT broken(why);
+}
+
+void ZoomPicture::tell(const QString& note) {
+  note_ = note;
+  image_.setNote(note_);
 }
 
 void ZoomPicture::clear() {
@@ -87,6 +100,7 @@ void ZoomPicture::showNothing() {
   shown_.reset();
   fullSize_ = {};
   image_.clear();
+  image_.setNote({});
 }
 
 void ZoomPicture::sharpen(PixelSize wanted) {
@@ -123,9 +137,10 @@ void ZoomPicture::adopt(const ZoomPicture& other) {
   shown_ = other.shown_;
   fullSize_ = other.fullSize_;
   image_.setPicture(other.image_.picture());
+  tell(other.note_);
   Q_EMIT placed();
   if (other.wanted_)
-    show(*other.wanted_);
+    load(*other.wanted_);
 }
 
 void ZoomPicture::decodeAhead(std::vector<std::filesystem::path> files) {

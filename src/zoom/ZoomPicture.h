@@ -3,6 +3,7 @@
 #include "FittedPictures.h"
 
 #include <QObject>
+#include <QString>
 
 #include <filesystem>
 #include <functional>
@@ -15,7 +16,7 @@ class LargePhoto;
 
 /// The pixels of one large photo: decoded at the size at which a form shows it. Until they are
 /// there what was shown stays, or is stretched; a broken photo is told and the not-found picture
-/// stands in for it.
+/// stands in for it, with a note of what is wrong.
 class ZoomPicture : public QObject {
   Q_OBJECT
 public:
@@ -27,6 +28,8 @@ public:
 
   void show(const std::filesystem::path& file);
   void clear();
+  /// A note on what is shown, until another photo comes.
+  void tell(const QString& note);
   /// The photo shown must not be taken for another one that is on its way: it goes.
   void clearFormer();
   /// The photo shown is wanted in other pixels, never more than its file has.
@@ -39,20 +42,22 @@ public:
   [[nodiscard]] bool isWaiting() const { return wanted_.has_value(); }
   [[nodiscard]] bool isSharpening() const { return sharpening_; }
   [[nodiscard]] PixelSize fullSize() const { return fullSize_; }
+  [[nodiscard]] const QString& note() const { return note_; }
   /// The file whose picture is on the screen.
   [[nodiscard]] const std::optional<std::filesystem::path>& shown() const { return shown_; }
 
 Q_SIGNALS:
-  void placed(); ///< another photo is shown, of fullSize()
-  void broken(); ///< the photo that was asked for cannot be read
+  void placed();                   ///< another photo is shown, of fullSize()
+  void broken(const QString& why); ///< the photo that was asked for cannot be read
 
 private:
+  void load(const std::filesystem::path& file);
   void showNothing();
   void arrived(const FittedPictures::Loaded& loaded);
   void sharpenAgain(PixelSize decoded);
   void setSharpening(bool on);
   void endSharpening();
-  void failed(const std::filesystem::path& file);
+  void failed(const std::filesystem::path& file, const QString& why);
 
   LargePhoto& image_;
   FittedPictures pictures_;
@@ -62,6 +67,7 @@ private:
   std::optional<std::filesystem::path> wanted_;
   std::optional<std::filesystem::path> shown_;
   PixelSize fullSize_;
+  QString note_; ///< for the picture that comes
   bool sharpening_ = false;
   FittedPictures::Ticket ticket_;
   FittedPictures::Ticket sharper_;

@@ -1,6 +1,7 @@
 #include "ViewerFixture.h"
 
 #include "CommentsBox.h"
+#include "Look.h"
 
 #include <QScrollBar>
 #include <QToolButton>
@@ -253,6 +254,7 @@ TEST_F(ViewerCells, AClickSelectsThePhotoAndAnotherOneLetsItGo) {
   EXPECT_EQ(viewer.cells().at(1).photo->accessibleDescription(), QString());
   EXPECT_EQ(frame(viewer, 1).borderWidth(), 1);
   EXPECT_EQ(frame(viewer, 1).borderColour(), QColor(Qt::black));
+  EXPECT_EQ(frame(viewer, 1).fillColour(), look::titleBar);
   EXPECT_EQ(caption(viewer, "Command3"), "Edit All");
 }
 

@@ -1,6 +1,7 @@
 #include "ZoomFixture.h"
 
 #include "FileBytes.h"
+#include "PhotoFiles.h"
 #include "TestPictures.h"
 
 namespace hearthbook::test {
@@ -224,6 +225,34 @@ TEST_F(FullScreenView, TheShowOfTheZoomViewPaintsHere) {
   EXPECT_EQ(position(zoom), "1 Of 3");
 }
 
+TEST_F(FullScreenView, WhatComesNextIsDecodedAheadAtItsOwnSize) {
+  addPhotosUpTo(4);
+  for (int number = 1; number <= 4; ++number)
+    writePhoto(number, 1200, 900);
+  watch(openZoom(), [&](FullScreen& full) {
+    awaitPicturesAhead();
+    const auto freePool = holdPool();
+    QTest::keyClick(&full, Qt::Key_Right);
+    EXPECT_FALSE(full.picture().isWaiting());
+    EXPECT_EQ(full.picture().shown()->filename(), "00002.jpg");
+    freePool();
+    settleZoom();
+  });
+}
+
+TEST_F(FullScreenView, ATickOntoAMissingPhotoShowsTheStandIn) {
+  const auto& zoom = openZoomOf(3);
+  std::filesystem::remove(at("Photos/00002.jpg"));
+  watch(zoom, [&](FullScreen& full) {
+    tick(zoom);
+    EXPECT_FALSE(vars().ImagePicture.found);
+    EXPECT_EQ(full.picture().shown(), notFoundPicture(album()));
+    EXPECT_TRUE(photo(full).hasPicture());
+    tick(zoom);
+    EXPECT_EQ(full.picture().shown()->filename(), "00003.jpg");
+  });
+}
+
 TEST_F(FullScreenView, ATickOfTheShowWaitsForThePhotoOfTheOneBefore) {
   const auto& zoom = openZoomOf(4);
   watch(zoom, [&](FullScreen& full) {
@@ -259,11 +288,15 @@ TEST_F(FullScreenView, AnErrorInATickIsToldAndTheShowGoesOn) {
 }
 
 TEST_F(FullScreenView, AnyOtherKeyGoesBackToThePhotoThatWasSeen) {
-  for (const auto key : {Qt::Key_Escape, Qt::Key_Return, Qt::Key_A, Qt::Key_Up}) {
+  for (const auto key : {Qt::Key_Escape, Qt::Key_Return, Qt::Key_A, Qt::Key_Up, Qt::Key_Tab,
+                         Qt::Key_Backtab, Qt::Key_Shift}) {
     const auto& zoom = openZoomOf(1);
-    watch(zoom, [&](FullScreen& full) { QTest::keyClick(&full, key); });
-    EXPECT_EQ(Forms::loaded<FullScreen>(), nullptr);
-    EXPECT_FALSE(control<QPushButton>(zoom, "Command8")->isChecked());
+    watch(zoom, [&](FullScreen& full) {
+      QTest::keyClick(&full, key);
+      EXPECT_EQ(Forms::loaded<FullScreen>(), nullptr) << key; // before another one leaves
+    });
+    EXPECT_EQ(Forms::loaded<FullScreen>(), nullptr) << key;
+    EXPECT_FALSE(control<QPushButton>(zoom, "Command8")->isChecked()) << key;
   }
 }
 
@@ -433,9 +466,23 @@ TEST_F(FullScreenView, AMissingPhotoIsStoodInForAndABrokenOneIsToldOnce) {
     expectTryAgain();
     key(full, Qt::Key_Right);
     EXPECT_TRUE(boxes_.isDone());
+    EXPECT_TRUE(photo(full).note().contains(toQString("00003.jpg cannot be read")));
+    EXPECT_EQ(photo(full).accessibleDescription(), photo(full).note());
     key(full, Qt::Key_Left);
+    EXPECT_EQ(photo(full).note(), QString());
+    EXPECT_EQ(photo(full).accessibleDescription(), QString());
   });
   EXPECT_EQ(position(zoom), "2 Of 3");
+}
+
+TEST_F(FullScreenView, OpenedOnABrokenPhotoItTellsWhyToo) {
+  writeBytes(at("Photos/00001.jpg"), "no photo at all");
+  expectTryAgain();
+  watch(openZoom(), [&](FullScreen& full) {
+    EXPECT_TRUE(photo(full).hasPicture());
+    EXPECT_TRUE(photo(full).note().contains(toQString("00001.jpg cannot be read")));
+    expectTryAgain(); // behind it
+  });
 }
 
 TEST_F(FullScreenView, TheZoomViewMayBeUnloadedBehindIt) {

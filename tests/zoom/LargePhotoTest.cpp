@@ -1,5 +1,6 @@
 #include "LargePhoto.h"
 
+#include "Look.h"
 #include "TestPictures.h"
 
 #include <gtest/gtest.h>
@@ -37,6 +38,18 @@ TEST(LargePhoto, IsStretchedRoughlyUntilTheFinerPixelsCome) {
   EXPECT_TRUE(isRoughInTheMiddle(photo));
   photo.expectFiner(false);
   EXPECT_FALSE(isRoughInTheMiddle(photo));
+}
+
+TEST(LargePhoto, ANoteStandsAtItsFootAndUnderTheMouse) {
+  LargePhoto photo;
+  photo.setPicture(corners({300, 200}));
+  photo.resize(300, 200);
+  photo.setNote(QStringLiteral("The picture cannot be read: it ends too early."));
+  EXPECT_EQ(photo.grab().toImage().pixelColor(1, 198), look::panelYellow);
+  EXPECT_NE(photo.grab().toImage().pixelColor(1, 1), look::panelYellow);
+  EXPECT_EQ(photo.toolTip(), photo.note());
+  photo.setNote({});
+  EXPECT_NE(photo.grab().toImage().pixelColor(1, 198), look::panelYellow);
 }
 
 } // namespace hearthbook::test

@@ -195,11 +195,7 @@ TEST_F(ZoomShow, TheViewMayCloseInTheMiddleOfATicksMessage) {
 TEST_F(ZoomShow, WhatComesNextIsDecodedAhead) {
   addPhotosUpTo(4);
   const auto& zoom = openZoom();
-  for (int turn = 0; turn < 20; ++turn) { // one picture to each turn of the pool
-    QCoreApplication::processEvents();
-    holdPool()();
-    pool_.run([] {}).get();
-  }
+  awaitPicturesAhead();
   const auto freePool = holdPool();
   FormControls::press(zoom, "Command2"); // nothing can be decoded now
   EXPECT_FALSE(zoom.isWaitingForPicture());

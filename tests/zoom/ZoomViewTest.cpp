@@ -381,10 +381,14 @@ TEST_F(ZoomView, ABrokenPhotoIsToldOnceAndTheNextOneComes) {
   expectTryAgain();
   auto& zoom = openZoom();
   EXPECT_TRUE(boxes_.isDone());
+  EXPECT_TRUE(photo(zoom).note().contains(toQString("00001.jpg cannot be read")));
+  EXPECT_EQ(photo(zoom).accessibleDescription(), photo(zoom).note());
   zoom.resize(1012, 669);
   settleZoom();
   press(zoom, "Command2");
   EXPECT_EQ(position(zoom), "2 Of 2");
+  EXPECT_EQ(photo(zoom).note(), QString());
+  EXPECT_EQ(photo(zoom).accessibleDescription(), QString()); // nothing is known of it
 }
 
 TEST_F(ZoomView, AFailureWhileComposingIsTold) {
@@ -395,6 +399,7 @@ TEST_F(ZoomView, AFailureWhileComposingIsTold) {
   EXPECT_TRUE(boxes_.isDone());
   EXPECT_FALSE(Hourglass::isShown());
   EXPECT_EQ(position(zoom), "1 Of 2");
+  EXPECT_NE(photo(zoom).note(), QString()); // what the failure was
 }
 
 TEST_F(ZoomView, APhotoBehindTheEndShowsNothing) {
