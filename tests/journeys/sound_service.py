@@ -1,5 +1,7 @@
 """The desktop's sound service, a real one of its own: a loudspeaker that nobody hears, and a microphone
 that hears what it plays."""
+import array
+import contextlib
 import os
 import pathlib
 import shutil
@@ -30,6 +32,26 @@ class SoundService:
         self._service.kill()
         self._service.wait()
         shutil.rmtree(self._folder, ignore_errors=True)
+
+    @contextlib.contextmanager
+    def listening(self, folder):
+        """Gives a function that answers how loud it has been since then: 32767 at the loudest."""
+        heard = pathlib.Path(folder, "heard.raw")
+        with open(heard, "wb") as sink:
+            ear = subprocess.Popen(["parec", "--device=album_out.monitor", "--format=s16le", "--rate=11025",
+                                    "--channels=1", "--latency-msec=50"],
+                                   env=dict(os.environ, **self.environment), stdin=subprocess.DEVNULL, stdout=sink)
+
+        def loudest():
+            samples = heard.read_bytes()
+            return max(map(abs, array.array("h", samples[:len(samples) // 2 * 2])), default=0)
+        try:
+            wait_for(lambda: heard.stat().st_size > 0, "somebody listening")
+            yield loudest
+        finally:
+            ear.kill()
+            ear.wait()
+            heard.unlink()
 
     def speak(self, words, folder):
         """Somebody speaks beside the microphone."""

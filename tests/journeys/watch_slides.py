@@ -32,10 +32,13 @@ def give_a_sound(person, home, sound):
     expect((home.album / "Audio" / "00001.wav").exists(), "the sound is attached")
 
 
-def hear_it(person):
+def hear_it(person, home, sound):
     steps.open_album(person, "Master Album", pages=2)
     expect(len(person.all("push button", "Play the sound")) == 1, "one photograph of the page has a sound")
-    person.click(person.find("push button", "Play the sound"))
+    with sound.listening(home.folder) as loudest:
+        expect(loudest() < 100, "silence before")
+        person.click(person.find("push button", "Play the sound"))
+        person.until(lambda: loudest() > 1000, "the story is heard")
 
 
 def look_closely(person):
@@ -90,7 +93,7 @@ def tell(journey):
         with journey.evening() as person:
             bring_photographs(person, home)
             give_a_sound(person, home, sound)
-            hear_it(person)
+            hear_it(person, home, sound)
             watch(person)
             expect(steps.quit_program(person) == 0, "the program ends in order")
 
