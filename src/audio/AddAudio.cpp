@@ -41,6 +41,14 @@ constexpr const char* discHint = "Press the red button and let the CD play. What
                                  "all that the computer hears, the mixer with the microphone "
                                  "decides: open it meanwhile.";
 
+/// Hides first: with the parts of two tabs at once the window would grow, and stay so.
+void showOnly(std::initializer_list<std::pair<QWidget*, bool>> parts) {
+  for (const bool shown : {false, true})
+    for (const auto& [part, isShown] : parts)
+      if (isShown == shown)
+        part->setVisible(shown);
+}
+
 } // namespace
 
 AddAudio::AddAudio(Album& album, WorkPool& pool)
@@ -229,13 +237,14 @@ void AddAudio::changeTab(int index) {
 void AddAudio::showTab(Tab tab) {
   tab_ = tab;
   const bool forFiles = tab == Tab::File;
-  for (QWidget* recording : std::initializer_list<QWidget*>{ui->fromMic, ui->Command7, ui->Command8,
-                                                            ui->recordingCommands})
-    recording->setVisible(!forFiles);
-  ui->FromCD->setVisible(tab == Tab::Disc);
   ui->recordingHint->setText(toQString(tab == Tab::Disc ? discHint : microphoneHint));
-  ui->fromFile->setVisible(forFiles);
-  ui->fileCommands->setVisible(forFiles);
+  showOnly({{ui->fromMic, !forFiles},
+            {ui->Command7, !forFiles},
+            {ui->Command8, !forFiles},
+            {ui->recordingCommands, !forFiles},
+            {ui->FromCD, tab == Tab::Disc},
+            {ui->fromFile, forFiles},
+            {ui->fileCommands, forFiles}});
   ui->MMControl1->showRecordButton(!forFiles);
   figures_->hideStatus();
   if (forFiles && choice_->browser().folder().empty())

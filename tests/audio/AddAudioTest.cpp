@@ -238,6 +238,13 @@ TEST_F(AddAudioTest, LengthAndSizeAreShownOnEachTab) {
   }
 }
 
+TEST_F(AddAudioTest, TheWindowDoesNotGrowOnTheWayBackFromTheFiles) {
+  auto& dialog = openTab(File);
+  const QSize size = dialog.size();
+  chooseTab(dialog, Microphone);
+  EXPECT_EQ(dialog.size(), size);
+}
+
 TEST_F(AddAudioTest, ATabStopsWhatWasPlayedAndOpensTheAttachedSoundAgain) {
   attach("00001.wav", silentWave(lowQuality, 60'000));
   auto& dialog = open();
