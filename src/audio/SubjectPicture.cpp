@@ -17,7 +17,10 @@ constexpr QSize subjectRoom(250, 190);
 SubjectPicture::SubjectPicture(PictureBox& box, WorkPool& pool, QObject* parent)
     : QObject(parent), box_(box), pool_(pool) {}
 
-void SubjectPicture::hide() { box_.hide(); }
+void SubjectPicture::hide() {
+  ++turn_;
+  box_.hide();
+}
 
 void SubjectPicture::show(const std::filesystem::path& photo) {
   const double longer = subjectRoom.width() * box_.devicePixelRatioF();
@@ -26,7 +29,9 @@ void SubjectPicture::show(const std::filesystem::path& photo) {
       [photo, side = static_cast<int>(std::lround(longer))] {
         return pictureWithinOrNone(photo, side);
       },
-      [this](const Picture& picture) {
+      [this, turn = ++turn_](const Picture& picture) {
+        if (turn != turn_)
+          return;
         box_.setPicture(picture);
         place();
       },

@@ -24,6 +24,7 @@ private:
 
   PictureBox& box_;
   WorkPool& pool_;
+  int turn_ = 0; ///< what was asked for before is not wanted any more
 };
 
 } // namespace hearthbook
