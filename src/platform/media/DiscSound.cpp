@@ -10,6 +10,11 @@
 #include <cstring>
 #include <utility>
 
+#include <fcntl.h>
+#include <linux/cdrom.h>
+#include <sys/ioctl.h>
+#include <unistd.h>
+
 namespace hearthbook {
 
 namespace {
@@ -39,6 +44,24 @@ std::vector<std::filesystem::path> drives() {
     found.emplace_back(*name);
   cdio_free_device_list(names);
   return found;
+}
+
+/// With a disc in it or not: its tray may be opened to put one in.
+std::filesystem::path firstDrive() {
+  const auto found = drives();
+  if (found.empty())
+    throw RunTimeError("There is no disc drive.");
+  return found.front();
+}
+
+/// The library ejects discs only, and leaves a drive without one as it is.
+bool openEmptyTray(const std::filesystem::path& drive) {
+  const int device = ::open(drive.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+  if (device < 0)
+    return false;
+  const bool isOpen = ::ioctl(device, CDROMEJECT) == 0;
+  ::close(device);
+  return isOpen;
 }
 
 } // namespace
@@ -154,9 +177,11 @@ std::shared_ptr<DiscSound> openDisc(const std::filesystem::path& drive) {
   throw RunTimeError("There is no drive with an audio disc in it.");
 }
 
-void ejectDisc(const std::filesystem::path& drive) {
+void ejectDisc(const std::filesystem::path& wanted) {
   useTheDiscLibrary();
-  if (cdio_eject_media_drive(drive.c_str()) != DRIVER_OP_SUCCESS)
+  const auto drive = wanted.empty() ? firstDrive() : wanted;
+  const bool isEjected = cdio_eject_media_drive(drive.c_str()) == DRIVER_OP_SUCCESS;
+  if (!isEjected && !openEmptyTray(drive))
     throw RunTimeError("The drive " + drive.string() + " cannot be opened.");
 }
 

@@ -57,7 +57,8 @@ std::filesystem::path wantedDrive();
 /// RunTimeError where there is none.
 std::shared_ptr<DiscSound> openDisc(const std::filesystem::path& drive);
 
-/// Opens its tray. Throws RunTimeError where it cannot be opened.
+/// Opens its tray; that of the first drive where none is named. Throws RunTimeError where it cannot
+/// be opened.
 void ejectDisc(const std::filesystem::path& drive);
 
 } // namespace hearthbook

@@ -333,7 +333,7 @@ bool MMControl::Eject() {
     const auto drive = impl_->drive();
     impl_->close();
     impl_->askDrive([drive] {
-      ejectDisc(drive.empty() ? openDisc(drive)->drive() : drive);
+      ejectDisc(drive);
       return nullptr;
     });
   });
