@@ -14,7 +14,13 @@ namespace hearthbook {
 /// One thread appends, others may ask for size() meanwhile; they read when it has ended.
 class RecordedSound {
 public:
-  void append(const std::byte* bytes, std::size_t count);
+  RecordedSound() = default;
+  virtual ~RecordedSound() = default;
+  RecordedSound(const RecordedSound&) = delete;
+  RecordedSound& operator=(const RecordedSound&) = delete;
+
+  /// Throws std::bad_alloc where the memory has run out; what was appended before stays.
+  virtual void append(const std::byte* bytes, std::size_t count);
   [[nodiscard]] std::int64_t size() const { return size_; }
   /// Copies bytes from a place on; how many there were.
   std::size_t read(std::int64_t from, std::byte* into, std::size_t count) const;

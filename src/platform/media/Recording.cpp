@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <chrono>
 #include <exception>
+#include <new>
 #include <utility>
 #include <vector>
 
@@ -30,6 +31,8 @@ Recording::~Recording() {
 void Recording::run() {
   try {
     record();
+  } catch (const std::bad_alloc&) {
+    ended_("The computer has no memory left for a longer recording.");
   } catch (const std::exception& failure) {
     ended_(failure.what());
   }
