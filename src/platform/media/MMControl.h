@@ -29,7 +29,8 @@ std::optional<DeviceType> deviceTypeOf(const std::filesystem::path& file);
 ///       player.Play();
 ///
 /// Nothing here throws, and nothing of it waits for sound: playing and recording go on beside
-/// the window's thread, signals come in its event loop. What cannot be done is told by
+/// the window's thread, signals come in its event loop. Only what ends a recording waits, for half
+/// a second at most, until the last word is in. What cannot be done is told by
 /// failed() and errorText(). A disc is opened and put out beside it too, as drives take their
 /// time: Open and Eject return at once, modeChanged() or failed() tells how it went. Where no sound
 /// can be heard (no device, no sound font) the control tells so and counts the time all the same,
@@ -37,6 +38,7 @@ std::optional<DeviceType> deviceTypeOf(const std::filesystem::path& file);
 class MMControl : public QObject {
   Q_OBJECT
 public:
+  /// By the numbers that multimedia controls have always told it with.
   enum class Mode {
     NotOpen = 524,
     Stopped = 525,
