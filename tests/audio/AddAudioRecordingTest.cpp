@@ -117,8 +117,9 @@ TEST_F(AddAudioRecording, AStoppedRecordingCanBeHeard) {
   const auto& dialog = open();
   record(dialog, 1200);
   EXPECT_EQ(sound(dialog).position(), 0);
-  EXPECT_EQ(textOf(dialog, "lblLength"), "1 Sec.");
-  EXPECT_EQ(textOf(dialog, "lblSize"), "11k");
+  const auto seconds = sound(dialog).length() / 1000; // on a busy machine it stops later
+  EXPECT_EQ(textOf(dialog, "lblLength"), std::to_string(seconds) + " Sec.");
+  EXPECT_EQ(textOf(dialog, "lblSize"), std::to_string(seconds * 11) + "k");
   EXPECT_FALSE(isVisible(dialog, "lblRec"));
   transport(dialog, "play");
   EXPECT_EQ(textOf(dialog, "lblRec"), "Playing");
@@ -126,11 +127,18 @@ TEST_F(AddAudioRecording, AStoppedRecordingCanBeHeard) {
 
 TEST_F(AddAudioRecording, AnotherRecordingBeginsAnew) {
   const auto& dialog = open();
-  record(dialog, 3000);
+  record(dialog);
+  std::vector<std::int64_t> lengths; // at first, whenever it is opened
+  MMControl& recorder = sound(dialog);
+  const QObject watching; // no longer than the test
+  QObject::connect(&recorder, &MMControl::modeChanged, &watching, [&] {
+    if (recorder.mode() == Mode::Stopped)
+      lengths.push_back(recorder.length());
+  });
   expectLoss(MsgAnswer::Ok);
   transport(dialog, "record");
-  EXPECT_EQ(sound(dialog).mode(), Mode::Recording);
-  EXPECT_LT(sound(dialog).length(), 3000);
+  EXPECT_EQ(recorder.mode(), Mode::Recording);
+  EXPECT_EQ(lengths, std::vector<std::int64_t>{0});
 }
 
 TEST_F(AddAudioRecording, TheRecordingThatIsThereIsNotLostWithoutAQuestion) {
@@ -147,10 +155,10 @@ TEST_F(AddAudioRecording, TheRecordingThatIsThereIsNotLostWithoutAQuestion) {
 }
 
 TEST_F(AddAudioRecording, TheFirstRecordingOverAnAttachedSoundAsksNothing) {
-  attach("00001.wav", silentWave(lowQuality, 9000));
+  attach("00001.wav", silentWave(lowQuality, 600'000));
   const auto& dialog = open();
   record(dialog);
-  EXPECT_LT(sound(dialog).length(), 9000);
+  EXPECT_LT(sound(dialog).length(), 600'000);
 }
 
 TEST_F(AddAudioRecording, KeysGoFromRecordToStopAndToPlay) {
@@ -201,14 +209,14 @@ TEST_F(AddAudioRecording, ARecordingOverATuneLeavesBoth) {
 }
 
 TEST_F(AddAudioRecording, AWaveThatARecordingReplacesGoesToTheTrash) {
-  attach("00001.WAV", silentWave(lowQuality, 9000));
+  attach("00001.WAV", silentWave(lowQuality, 600'000));
   const auto& dialog = open();
   record(dialog);
   expectRecordingAttached();
   press(dialog, "Command4");
   EXPECT_EQ(sounds(), Names{"00001.WAV"});
-  EXPECT_LT(infoOf(audio("00001.WAV")).length(), 9000);
-  EXPECT_EQ(infoOf(folder_.trash() / "00001.WAV").length(), 9000);
+  EXPECT_LT(infoOf(audio("00001.WAV")).length(), 600'000);
+  EXPECT_EQ(infoOf(folder_.trash() / "00001.WAV").length(), 600'000);
 }
 
 TEST_F(AddAudioRecording, ARecordingIsAttachedWithoutBeingStoppedFirst) {

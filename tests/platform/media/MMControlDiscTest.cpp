@@ -1,5 +1,7 @@
 #include "MediaFixture.h"
 
+#include <QFutureWatcher>
+
 namespace hearthbook {
 
 namespace {
@@ -23,6 +25,16 @@ protected:
     const auto failures = failed_.size();
     player_.Eject();
     return test::waitFor([&] { return failed_.size() > failures; });
+  }
+  /// What they answered has been taken or dropped.
+  testing::AssertionResult waitUntilDrivesAnswered() {
+    return test::waitFor([&] { return !player_.findChild<QFutureWatcherBase*>(); });
+  }
+  testing::AssertionResult waitUntilDrivesAnswered(const test::SlowFile& slow) {
+    return test::waitFor([&] {
+      static_cast<void>(slow.letGo());
+      return !player_.findChild<QFutureWatcherBase*>();
+    });
   }
 
   test::SoundDaemon daemon_;
@@ -161,8 +173,7 @@ TEST_F(MMControlDisc, WhatADriveAnswersTooLateIsDropped) {
   player_.setFileName(drive.name());
   ASSERT_TRUE(player_.Open());
   insertDisc();
-  EXPECT_TRUE(test::waitFor([&] { return drive.letGo(); }));
-  letPass(100);
+  EXPECT_TRUE(waitUntilDrivesAnswered(drive));
   EXPECT_EQ(player_.tracks(), 3);
   EXPECT_TRUE(failed_.isEmpty()) << lastFailure();
 }
@@ -171,21 +182,24 @@ TEST_F(MMControlDisc, ADiscThatIsClosedBeforeItsDriveAnswersStaysClosed) {
   player_.setFileName(test::makeDisc(at("disc"), {500}, 1));
   ASSERT_TRUE(player_.Open());
   player_.Close();
-  letPass(100);
+  EXPECT_TRUE(waitUntilDrivesAnswered());
   EXPECT_EQ(player_.mode(), Mode::NotOpen);
   EXPECT_TRUE(modes_.isEmpty());
 }
 
 TEST_F(MMControlDisc, AControlMayGoBeforeItsDriveAnswers) {
   const test::SlowFile drive(at("slow.cue"));
+  const auto before = test::threadsOfThisProgram();
   {
     MMControl other;
     other.setDeviceType(DeviceType::CDAudio);
     other.setFileName(drive.name());
     ASSERT_TRUE(other.Open());
   }
-  EXPECT_TRUE(test::waitFor([&] { return drive.letGo(); }));
-  letPass(100);
+  EXPECT_TRUE(test::waitFor([&] {
+    static_cast<void>(drive.letGo());
+    return test::threadsOfThisProgram() <= before;
+  }));
 }
 
 TEST_F(MMControlDisc, ADiscCannotBeRecordedOrSaved) {

@@ -1,5 +1,7 @@
 #include "MediaFixture.h"
 
+#include <QTimer>
+
 namespace hearthbook {
 
 namespace {
@@ -14,14 +16,23 @@ protected:
     return at(name);
   }
   /// The playing thread hears of a pause when its turn comes; from then on nothing moves.
-  bool standsStillInTheEnd() {
-    for (int looks = 0; looks < 100; ++looks) {
-      const auto position = player_.position();
-      letPass(50);
-      if (player_.position() == position)
-        return true;
-    }
-    return false;
+  testing::AssertionResult waitUntilItStandsStill() {
+    constexpr int looks = 10;
+    auto last = player_.position();
+    int same = 0;
+    return test::waitFor([&] {
+      same = player_.position() == last ? same + 1 : 0;
+      last = player_.position();
+      return same == looks;
+    });
+  }
+  /// Until another timer of the interval, begun now, has run out a few times.
+  static testing::AssertionResult waitForTicksElsewhere(int interval) {
+    int ticks = 0;
+    QTimer timer;
+    QObject::connect(&timer, &QTimer::timeout, [&] { ++ticks; });
+    timer.start(interval);
+    return test::waitFor([&] { return ticks >= 3; });
   }
 
   test::NoSoundDaemon noSound_;
@@ -105,7 +116,7 @@ TEST_F(MMControlTest, StopStaysWhereItIsAndIsNotTheEnd) {
   EXPECT_GE(position, 50);
   EXPECT_LT(position, 60'000);
   EXPECT_EQ(player_.mode(), Mode::Stopped);
-  letPass(30);
+  QCoreApplication::processEvents();
   EXPECT_EQ(player_.position(), position);
   EXPECT_TRUE(done_.isEmpty());
 }
@@ -147,12 +158,13 @@ TEST_F(MMControlTest, NextStopsAndGoesToTheEnd) {
 }
 
 TEST_F(MMControlTest, PauseHoldsThePositionUntilPlay) {
-  open(silence("a.wav", 60'000));
+  open(silence("a.wav", 600'000));
   player_.Play();
   EXPECT_TRUE(waitUntilPosition(50));
   player_.Pause();
   EXPECT_EQ(player_.mode(), Mode::Paused);
-  EXPECT_TRUE(standsStillInTheEnd());
+  EXPECT_TRUE(waitUntilItStandsStill());
+  EXPECT_LT(player_.position(), 600'000);
   player_.Play();
   EXPECT_EQ(player_.mode(), Mode::Playing);
   EXPECT_TRUE(waitUntilPosition(player_.position() + 50));
@@ -207,7 +219,7 @@ TEST_F(MMControlTest, WhileItPlaysItTellsItsStatusAtEachInterval) {
   EXPECT_TRUE(test::waitFor([&] { return ticks_.size() >= 3; }));
   player_.setUpdateInterval(0);
   const auto told = ticks_.size();
-  letPass(50);
+  EXPECT_TRUE(waitForTicksElsewhere(10));
   EXPECT_EQ(ticks_.size(), told);
 }
 
@@ -216,7 +228,7 @@ TEST_F(MMControlTest, WhatIsStoppedTellsNoStatus) {
   open(silence("a.wav", 60'000));
   player_.Play();
   player_.Stop();
-  letPass(50);
+  EXPECT_TRUE(waitForTicksElsewhere(5));
   EXPECT_TRUE(ticks_.isEmpty());
 }
 
@@ -226,7 +238,7 @@ TEST_F(MMControlTest, ASoundThatEndedBeforeItWasStoppedIsNotDone) {
   while (player_.position() < 20)
     std::this_thread::yield(); // it ends; nobody hears of it yet
   player_.Stop();
-  letPass(20);
+  QCoreApplication::processEvents();
   EXPECT_TRUE(done_.isEmpty());
 }
 
@@ -236,7 +248,7 @@ TEST_F(MMControlTest, TheControlMayGoWhileItPlays) {
   EXPECT_TRUE(control->Open());
   EXPECT_TRUE(control->Play());
   control.reset();
-  letPass(20);
+  QCoreApplication::processEvents(); // what it had told already
 }
 
 TEST_F(MMControlTest, TheControlMayGoAsItIsDone) {

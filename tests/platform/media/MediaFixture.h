@@ -21,8 +21,11 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <cstddef>
+#include <filesystem>
 #include <fstream>
 #include <functional>
+#include <iterator>
 #include <memory>
 #include <sstream>
 
@@ -73,17 +76,6 @@ protected:
   testing::AssertionResult waitUntilPosition(std::int64_t position) {
     return waitFor([&] { return player_.position() >= position; });
   }
-  /// Lets a sound of that length pass in another control.
-  void letPass(std::int64_t milliseconds) {
-    writeBytes(at("passing.wav"), silentWave(lowQuality, milliseconds));
-    const NoSoundDaemon noSound;
-    MMControl other;
-    const QSignalSpy passed(&other, &MMControl::done);
-    other.setFile(at("passing.wav"));
-    EXPECT_TRUE(other.Open());
-    EXPECT_TRUE(other.Play());
-    EXPECT_TRUE(waitFor([&] { return !passed.isEmpty(); }));
-  }
   [[nodiscard]] std::string lastFailure() const {
     return failed_.isEmpty() ? std::string() : toUtf8(failed_.last().first().toString());
   }
@@ -115,6 +107,10 @@ public:
 private:
   std::filesystem::path name_;
 };
+
+inline std::ptrdiff_t threadsOfThisProgram() {
+  return std::distance(std::filesystem::directory_iterator("/proc/self/task"), {});
+}
 
 /// Hears what is played, and keeps it as a wave that can be measured.
 class Listener {
