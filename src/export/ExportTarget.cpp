@@ -161,7 +161,8 @@ bool isOfAnotherAlbum(const fs::path& target, const fs::path& exportTemplate,
 
 void refuseReadOnlyFiles(const fs::path& target) {
   for (const fs::path& entry : whatGoes(target)) {
-    const auto status = fs::status(entry);
+    std::error_code broken; // a link that leads nowhere has no status, and can be deleted
+    const auto status = fs::status(entry, broken);
     if (fs::is_regular_file(status) &&
         (status.permissions() & fs::perms::owner_write) == fs::perms::none)
       throw RunTimeError("Cannot delete \"" + entry.string() + "\": it is marked as read-only.");

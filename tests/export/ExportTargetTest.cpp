@@ -125,6 +125,13 @@ TEST_F(ExportTarget, ClearingDeletesThreeFoldersAndAllFiles) {
   EXPECT_TRUE(isThere("Trip/letters/e"));
 }
 
+TEST_F(ExportTarget, ClearingTakesALinkThatLeadsNowhereToo) {
+  fs::create_directories(out("Trip"));
+  fs::create_symlink("turn", out("Trip/turn"));
+  clearExport(out("Trip"));
+  EXPECT_FALSE(fs::is_symlink(out("Trip/turn")));
+}
+
 TEST_F(ExportTarget, ClearingTakesALinkAndNotWhatItLeadsTo) {
   writeBytes(out("photos/1.jpg"), "x");
   fs::create_directories(out("Trip"));
