@@ -2,7 +2,6 @@
 
 #include "Numbers.h"
 
-#include <algorithm>
 #include <array>
 
 namespace hearthbook {
@@ -67,11 +66,6 @@ constexpr double gap = 10 * twipsPerPixel;
 } // namespace
 
 std::span<const PageDesign> pageDesigns() { return designs; }
-
-const PageDesign* designOfName(std::string_view name) {
-  const auto* found = std::ranges::find(designs, name, &PageDesign::name);
-  return found == designs.end() ? nullptr : found;
-}
 
 TwipsRect photoInFrame(TwipsSize frame) {
   return {margin, captionHeight, frame.width - 2 * margin,

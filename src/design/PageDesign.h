@@ -5,8 +5,6 @@
 
 #include <optional>
 #include <span>
-#include <string>
-#include <string_view>
 
 namespace hearthbook {
 
@@ -28,9 +26,6 @@ struct PageDesign {
 
 /// In the order in which they are offered.
 std::span<const PageDesign> pageDesigns();
-
-/// Nothing for a name that none has.
-const PageDesign* designOfName(std::string_view name);
 
 inline constexpr TwipsSize designSurface{16200, 13500};
 

@@ -1,8 +1,8 @@
 #include "DesignerFixture.h"
 
 #include "Decode.h"
+#include "DesignByName.h"
 #include "FileBytes.h"
-#include "PageDesign.h"
 #include "TestPictures.h"
 
 #include <QCheckBox>
@@ -42,7 +42,7 @@ TEST_F(DesignerPage, CreatePageWritesTheTextsAndPhotosOfTheChosenDesign) {
   EXPECT_THAT(madePage(), HasSubstr("<figcaption>Lotte</figcaption>"));
   EXPECT_THAT(madePage(), testing::Not(HasSubstr("^^")));
   EXPECT_EQ(decodePicture(at("export/testing1/Baby.jpg")).picture.size(),
-            photoPixels(designOfName("New Baby")->boxes[0]));
+            photoPixels(designOfName("New Baby").boxes[0]));
   EXPECT_FALSE(fileExists(at("export/testing1/Bride.jpg")));
   leave(designer);
 }

@@ -1,6 +1,7 @@
 #include "PageDesign.h"
 
 #include "Decode.h"
+#include "DesignByName.h"
 #include "DesignedPage.h"
 #include "FileBytes.h"
 
@@ -43,16 +44,11 @@ TEST(PageDesign, ThereAreFiveAndThoseThatFamiliesWantFirst) {
 TEST(PageDesign, AWeddingHasTheCoupleAndTheirParentsAndABirthTheBaby) {
   std::set<std::string> captions;
   for (const char* name : {"Wedding", "New Baby"})
-    for (const DesignBox& box : designOfName(name)->boxes)
+    for (const DesignBox& box : test::designOfName(name).boxes)
       captions.insert(box.caption);
   for (const char* caption :
        {"Groom Dad", "Groom Mom", "Bride Dad", "Bride Mom", "Bride", "Groom", "Baby"})
     EXPECT_TRUE(captions.contains(caption)) << caption;
-}
-
-TEST(PageDesign, IsFoundByItsName) {
-  EXPECT_EQ(designOfName("New Baby"), &pageDesigns()[1]);
-  EXPECT_EQ(designOfName("Funeral"), nullptr);
 }
 
 TEST(PageDesign, NoBoxLiesOverAnotherOrLeavesTheSurface) {

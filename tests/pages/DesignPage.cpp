@@ -2,8 +2,8 @@
 //     design_page FOLDER DESIGN [background=FILE] [music=FILE] [text:TAG=WORDS]...
 //     [photo:TAG=FILE]...
 #include "Decode.h"
+#include "DesignByName.h"
 #include "DesignedPage.h"
-#include "PageDesign.h"
 
 #include <exception>
 #include <iostream>
@@ -40,13 +40,10 @@ void put(DesignedPage& page, const PageDesign& design, const std::string& told) 
 }
 
 void makePage(std::span<char*> arguments) {
-  const std::string name = arguments[1];
-  const PageDesign* design = designOfName(name);
-  if (!design)
-    throw std::invalid_argument("no design " + name);
-  DesignedPage page{name, {}, {}, {}, {}};
+  const PageDesign& design = designOfName(arguments[1]);
+  DesignedPage page{design.name, {}, {}, {}, {}};
   for (const char* told : arguments.subspan(2))
-    put(page, *design, told);
+    put(page, design, told);
   std::cout << writeDesignedPage(ApplicationFolder(arguments[0]), page).string() << '\n';
 }
 
