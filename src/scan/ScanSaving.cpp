@@ -139,6 +139,7 @@ bool Scan::unloading() {
     return false;
   if (work_ == Work::Scanning)
     scanner_.cancel();
+  scanner_.release();
   ++job_;                        // what is still on its way comes too late
   if (isScanned_ && keepsPages_) // a page that a crash has left and nobody has seen again stays
     passOver([this] { kept_->forget(); });

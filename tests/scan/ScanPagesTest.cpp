@@ -189,6 +189,13 @@ TEST_F(ScanPages, ClosingGivesTheScanUp) {
   QCoreApplication::processEvents();
 }
 
+TEST_F(ScanPages, ClosingGivesTheScannerBack) {
+  auto& scan = openWith(page_);
+  EXPECT_EQ(scanner_.releases, 0) << "the next page may follow";
+  scan.Unload();
+  EXPECT_EQ(scanner_.releases, 1);
+}
+
 TEST_F(ScanPages, TheNextPageComesFromTheScannerAndInTheDetailThatWereChosen) {
   scanner_.devices = {{"test:0", "Anna's scanner"}, {"test:1", "The other one"}};
   const auto& scan = openWith(page_);

@@ -41,6 +41,8 @@ public:
       answerLater(failure(ScanStatus::Cancelled));
   }
 
+  void release() override { ++releases; }
+
   [[nodiscard]] bool isAsked() const { return !open_.empty(); }
   void tellProgress(double share) const { open_.front().progress(share); }
   void answer(const ScannedPage& page) { takeOldest()(page); }
@@ -49,6 +51,7 @@ public:
   std::deque<ScannedPage> scripted;
   std::vector<ScanWish> wishes; ///< all that was asked for
   int searches = 0;
+  int releases = 0;
 
 private:
   struct Open {

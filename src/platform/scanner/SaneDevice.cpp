@@ -9,6 +9,7 @@
 #include <mutex>
 #include <string_view>
 #include <thread>
+#include <utility>
 
 #include <poll.h>
 
@@ -91,16 +92,23 @@ private:
 
 } // namespace
 
-SaneSession::SaneSession() {
-  sane(); // throws where it is not installed
-  sessionMutex().lock();
-  sane().init(nullptr, nullptr);
+std::string labelOf(const SANE_Device& device) {
+  std::string label;
+  for (const char* part : {device.vendor, device.model})
+    if (part && *part)
+      label += (label.empty() ? "" : " ") + std::string(part);
+  return label.empty() ? device.name : label;
 }
 
-SaneSession::~SaneSession() {
-  sane().exit();
-  sessionMutex().unlock();
+SaneSession::SaneSession() {
+  const SaneLibrary& library = sane(); // throws where it is not installed
+  std::unique_lock alone(sessionMutex());
+  if (library.init(nullptr, nullptr) != SANE_STATUS_GOOD)
+    throw ScanFailure(ScanStatus::CannotOpen, "the access to scanners does not start");
+  alone_ = std::move(alone);
 }
+
+SaneSession::~SaneSession() { sane().exit(); }
 
 std::vector<ScannerDevice> SaneSession::devices() const {
   std::vector<ScannerDevice> found;
@@ -109,8 +117,8 @@ std::vector<ScannerDevice> SaneSession::devices() const {
     return found;
   for (; *list; ++list) {
     const SANE_Device& device = **list;
-    if (!isCamera(device.name))
-      found.push_back({device.name, std::string(device.vendor) + " " + device.model});
+    if (device.name && !isCamera(device.name))
+      found.push_back({device.name, labelOf(device)});
   }
   return found;
 }

@@ -6,7 +6,9 @@
 #include <sane/sane.h>
 
 #include <functional>
+#include <mutex>
 #include <string>
+#include <vector>
 
 namespace hearthbook {
 
@@ -20,7 +22,13 @@ public:
   SaneSession& operator=(const SaneSession&) = delete;
 
   [[nodiscard]] std::vector<ScannerDevice> devices() const;
+
+private:
+  std::unique_lock<std::mutex> alone_;
 };
+
+/// Maker and model, as far as the driver tells them; else its name.
+std::string labelOf(const SANE_Device& device);
 
 /// An open scanner. All its calls wait for the scanner, as long as that takes.
 class SaneDevice {

@@ -4,7 +4,7 @@
 
 namespace hearthbook {
 
-/// What is used of SANE. Few families scan: it is loaded when the first page is asked for.
+/// What is used of SANE. Few families scan: it is loaded when scanners are first asked for.
 struct SaneLibrary {
   decltype(&sane_init) init;
   decltype(&sane_exit) exit;

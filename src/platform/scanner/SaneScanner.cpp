@@ -7,6 +7,7 @@
 #include <condition_variable>
 #include <csignal>
 #include <deque>
+#include <exception>
 #include <list>
 #include <mutex>
 #include <thread>
@@ -56,11 +57,13 @@ public:
   void findDevices(const Found& found);
   void acquire(const ScanWish& wish, const Progress& progress, const Ended& ended);
   void cancelPages();
+  void release();
   void close();
 
 private:
   void ask(QuestionPointer question);
   void work();
+  void answer(SaneSeat& seat, const QuestionPointer& question);
   QuestionPointer next();
   void watch();
   void giveUp(ScanStatus status, bool pagesOnly);
@@ -114,6 +117,19 @@ void SaneScanner::Desk::acquire(const ScanWish& wish, const Progress& progress,
   ask(std::move(question));
 }
 
+/// Nobody is woken who has not been asked for anything.
+void SaneScanner::Desk::release() {
+  if (!worker_.joinable())
+    return;
+  auto question = std::make_shared<Question>();
+  question->work = [this](SaneSeat& seat, const QuestionPointer& self) {
+    seat.leave();
+    take(self);
+  };
+  question->giveUp = [](ScanStatus) {};
+  ask(std::move(question));
+}
+
 /// Called with the mutex free. What is told is heard only while the asker is there.
 void SaneScanner::Desk::tell(std::function<void()> answer) {
   const std::lock_guard lock(mutex_);
@@ -141,11 +157,22 @@ void SaneScanner::Desk::work() {
   {
     SaneSeat seat;
     while (const QuestionPointer question = next())
-      question->work(seat, question);
+      answer(seat, question);
   }
   const std::lock_guard lock(mutex_);
   workHasEnded_ = true;
   changed_.notify_all();
+}
+
+/// Whatever goes wrong ends the question, not the program.
+void SaneScanner::Desk::answer(SaneSeat& seat, const QuestionPointer& question) {
+  try {
+    question->work(seat, question);
+  } catch (const std::exception&) {
+    seat.leave();
+    if (take(question))
+      question->giveUp(ScanStatus::Failed);
+  }
 }
 
 /// The next question that nobody has given up; none once the desk is closed.
@@ -241,5 +268,7 @@ void SaneScanner::acquire(const ScanWish& wish, Progress progress, Ended ended) 
 }
 
 void SaneScanner::cancel() { desk_->cancelPages(); }
+
+void SaneScanner::release() { desk_->release(); }
 
 } // namespace hearthbook

@@ -24,6 +24,7 @@ public:
   void findDevices(Found found) override;
   void acquire(const ScanWish& wish, Progress progress, Ended ended) override;
   void cancel() override;
+  void release() override;
 
 private:
   class Desk;

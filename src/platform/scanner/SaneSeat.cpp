@@ -29,9 +29,13 @@ std::string firstOf(const SaneSession& session) {
 /// The driver of the network crashes over a connection that broke since it was used last: only with
 /// a scanner on the desk one goes on where one was.
 SaneSession& SaneSeat::newSession() {
+  leave();
+  return session_.emplace();
+}
+
+void SaneSeat::leave() {
   device_.reset();
   session_.reset();
-  return session_.emplace();
 }
 
 std::vector<ScannerDevice> SaneSeat::devices() {

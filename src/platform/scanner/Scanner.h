@@ -65,6 +65,9 @@ public:
   /// Gives up the pages that are asked for: they end as Cancelled at once, however long the
   /// scanner takes to notice.
   virtual void cancel() = 0;
+  /// No more pages are wanted for now: once those asked for have ended, the scanner in use is free
+  /// for other programs, too.
+  virtual void release() = 0;
 };
 
 /// "The paper is stuck in the scanner."

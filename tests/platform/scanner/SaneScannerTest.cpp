@@ -1,6 +1,8 @@
 #include "AskingThread.h"
+#include "SaneDevice.h"
 
 #include <algorithm>
+#include <optional>
 
 namespace hearthbook {
 namespace {
@@ -151,6 +153,49 @@ TEST_F(SaneScannerTest, AnotherScannerObjectComesAfterThisOne) {
   EXPECT_EQ(scan(wish).status, ScanStatus::Success);
   closeScanner();
   EXPECT_EQ(scan(wish).status, ScanStatus::Success);
+}
+
+TEST_F(SaneScannerTest, AScannerThatWasGivenBackIsFreeForOthers) {
+  ScanWish wish;
+  wish.dotsPerInch = 20;
+  EXPECT_EQ(scan(wish).status, ScanStatus::Success);
+  scanner().release();
+  SaneScanner other(thread_.deliver());
+  std::optional<ScannedPage> page;
+  other.acquire(wish, {}, [&](const ScannedPage& taken) { page = taken; });
+  ASSERT_TRUE(thread_.waitFor([&] { return page.has_value(); }));
+  EXPECT_EQ(page->status, ScanStatus::Success) << page->trouble;
+  other.release();
+  EXPECT_EQ(scan(wish).status, ScanStatus::Success) << "it can be asked for again";
+}
+
+TEST_F(SaneScannerTest, GivingBackWhatWasNeverAskedForChangesNothing) {
+  scanner().release();
+  ScanWish wish;
+  wish.dotsPerInch = 20;
+  EXPECT_EQ(scan(wish).status, ScanStatus::Success);
+}
+
+TEST_F(SaneScannerTest, APageOfTwelveHundredDotsToTheInchComesWhileOtherThingsHappen) {
+  ScanWish wish;
+  wish.dotsPerInch = 1200;
+  ask(wish);
+  EXPECT_TRUE(pages.empty()) << "to ask does not wait";
+  for (const double share : {0.2, 0.4, 0.6, 0.8}) // each told on the asking thread, which is free
+    ASSERT_TRUE(thread_.waitFor([&] { return !shares.empty() && shares.back() >= share; }));
+  EXPECT_TRUE(pages.empty());
+  ASSERT_TRUE(thread_.waitFor([this] { return !pages.empty(); }));
+  EXPECT_EQ(pages[0].status, ScanStatus::Success) << pages[0].trouble;
+  EXPECT_NEAR(pages[0].picture.width(), 200 / 25.4 * 1200, 1);
+  EXPECT_NEAR(pages[0].picture.height(), 200 / 25.4 * 1200, 1);
+  EXPECT_GE(shares.size(), 90U);
+}
+
+TEST(ScannerLabelTest, IsWhatTheDriverTellsOfMakerAndModel) {
+  EXPECT_EQ(labelOf({"test:0", "Noname", "tester", nullptr}), "Noname tester");
+  EXPECT_EQ(labelOf({"test:0", nullptr, "tester", nullptr}), "tester");
+  EXPECT_EQ(labelOf({"test:0", "Noname", "", nullptr}), "Noname");
+  EXPECT_EQ(labelOf({"test:0", nullptr, nullptr, nullptr}), "test:0");
 }
 
 } // namespace

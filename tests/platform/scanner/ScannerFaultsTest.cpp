@@ -1,6 +1,10 @@
 #include "AskingThread.h"
 
+#include <functional>
+#include <optional>
+#include <stdexcept>
 #include <string>
+#include <utility>
 
 namespace hearthbook {
 namespace {
@@ -106,6 +110,22 @@ TEST_F(ScannerFaults, CancellingWhereNothingIsAskedChangesNothing) {
   EXPECT_EQ(scan(wishWith("depth", "8")).status, ScanStatus::Success);
   scanner().cancel();
   EXPECT_EQ(pages.size(), 1U);
+}
+
+TEST_F(ScannerFaults, WhateverIsThrownOnTheScannersThreadEndsThePageAlone) {
+  bool isFirst = true;
+  SaneScanner clumsy([&, deliver = thread_.deliver()](std::function<void()> work) {
+    if (std::exchange(isFirst, false))
+      throw std::logic_error("nobody has thought of this");
+    deliver(std::move(work));
+  });
+  for (const ScanStatus status : {ScanStatus::Failed, ScanStatus::Success}) {
+    std::optional<ScannedPage> page;
+    clumsy.acquire(
+        wishWith("depth", "8"), [](double) {}, [&](const ScannedPage& taken) { page = taken; });
+    ASSERT_TRUE(thread_.waitFor([&] { return page.has_value(); }));
+    EXPECT_EQ(page->status, status) << page->trouble;
+  }
 }
 
 TEST_F(ScannerFaults, AfterItsEndAScannerSaysNothing) {
