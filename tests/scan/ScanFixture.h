@@ -27,6 +27,7 @@
 #include <algorithm>
 #include <functional>
 #include <future>
+#include <latch>
 #include <memory>
 #include <string>
 #include <utility>
@@ -96,11 +97,17 @@ protected:
   }
   /// All that was given to the pool before has been done, and its answers have come.
   void finishPool() {
-    bool isDone = false;
-    runBeside(
-        pool_, QCoreApplication::instance(), [] { return true; },
-        [&](bool done) { isDone = done; });
-    waitUntil([&] { return isDone; });
+    int done = 0;
+    const auto all = std::make_shared<std::latch>(pool_.threads()); // none is busy with the last
+    for (int thread = 0; thread < pool_.threads(); ++thread)
+      runBeside(
+          pool_, QCoreApplication::instance(),
+          [all] {
+            all->arrive_and_wait();
+            return 1;
+          },
+          [&](int one) { done += one; });
+    waitUntil([&] { return done == pool_.threads(); });
   }
 
   /// Draws with the mouse from one pixel of the page to another.
