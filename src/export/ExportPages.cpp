@@ -1,5 +1,6 @@
 #include "ExportPages.h"
 
+#include "NamesInPhoto.h"
 #include "Numbers.h"
 #include "TextOrder.h"
 #include "Words.h"
@@ -56,21 +57,9 @@ std::string nameOf(std::string_view title) {
   return name;
 }
 
+/// An empty id in front hides those behind it.
 bool namesNobody(std::string_view namesInPhoto) {
   return namesInPhoto.empty() || namesInPhoto.front() == ',';
-}
-
-/// The ids between the commas; nothing where the first of them is empty.
-std::vector<std::string> namedIn(std::string_view namesInPhoto) {
-  std::vector<std::string> ids;
-  if (namesNobody(namesInPhoto))
-    return ids;
-  for (auto comma = namesInPhoto.find(','); comma != std::string_view::npos;
-       comma = namesInPhoto.find(',')) {
-    ids.emplace_back(namesInPhoto.substr(0, comma));
-    namesInPhoto.remove_prefix(comma + 1);
-  }
-  return ids;
 }
 
 /// Of ids with three digits these are the place's nine characters.
@@ -103,7 +92,7 @@ void writeNames(std::ostream& out, const SidePage& page, const NameOfPerson& nam
     return;
   }
   const std::string cords = page.namesCords.toText();
-  for (const std::string& id : namedIn(names))
+  for (const std::string& id : namedIds(names))
     writeName(out, cords, id, nameOf);
 }
 
@@ -193,7 +182,10 @@ std::string eventLine(const SidePage& page) {
 
 std::vector<std::string> namesOf(const SidePage& page, const NameOfPerson& nameOf) {
   std::vector<std::string> names;
-  for (const std::string& id : namedIn(page.namesInPhoto.toText()))
+  const std::string field = page.namesInPhoto.toText();
+  if (namesNobody(field))
+    return names;
+  for (const std::string& id : namedIds(field))
     if (auto name = nameOf(leadingNumber(id)))
       names.push_back(std::move(*name));
   return names;

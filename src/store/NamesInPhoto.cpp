@@ -42,6 +42,12 @@ std::vector<Person> peopleOf(Recordset& appearances) {
 
 std::string personKey(std::int64_t id) { return padded(id, 3); }
 
+std::vector<std::string> namedIds(std::string_view namesInPhoto) {
+  auto ids = markerEntries(namesInPhoto); // both fields have their commas alike
+  ids.pop_back();
+  return ids;
+}
+
 std::vector<NameEntry> PopList(Recordset& appearances, std::string_view namesInPhoto,
                                std::string_view namesCords) {
   const std::vector<Person> people = peopleOf(appearances);

@@ -12,6 +12,9 @@ namespace hearthbook {
 /// A person's number as both fields of names write it: "004"; 1234 stands as it is.
 std::string personKey(std::int64_t id);
 
+/// The ids of a photo's field, each of which a comma ends; an empty one is one too.
+std::vector<std::string> namedIds(std::string_view namesInPhoto);
+
 /// One line of the names-in-photo list.
 struct NameEntry {
   std::string text; ///< the screen name, with a leading "*" where the person has a marker

@@ -2,11 +2,11 @@
 
 #include "NameMarks.h"
 #include "NamesCords.h"
+#include "NamesInPhoto.h"
 #include "Numbers.h"
 #include "PassOver.h"
 
 #include <algorithm>
-#include <string_view>
 
 namespace hearthbook {
 
@@ -27,17 +27,6 @@ std::string placeText(AlbumData& data, const Recordset& photo) {
   const auto place = lookUp(data.rsPlaces, "PlaceID", photo.Collect("PlaceID"), "PlaceName");
   const auto event = lookUp(data.rsEvents, "EventID", photo.Collect("EventID"), "EventName");
   return (event ? *event + " in " : "") + place.value_or("");
-}
-
-/// The ids of the field: all pieces but what follows the last comma.
-std::vector<std::string> idsOf(std::string_view namesInPhoto) {
-  std::vector<std::string> ids;
-  for (auto end = namesInPhoto.find(','); end != std::string_view::npos;
-       end = namesInPhoto.find(',')) {
-    ids.emplace_back(namesInPhoto.substr(0, end));
-    namesInPhoto.remove_prefix(end + 1);
-  }
-  return ids;
 }
 
 NamesRow rowOf(const Recordset& person, const PhotoMarkers& markers) {
@@ -78,7 +67,7 @@ PhotoFacts photoFacts(AlbumData& data, const Recordset& photo, std::size_t least
 std::vector<NamesRow> namesRows(Recordset& appearances, const std::string& namesInPhoto,
                                 const PhotoMarkers& markers, std::size_t leastRows) {
   std::vector<NamesRow> rows(leastRows);
-  const auto ids = idsOf(namesInPhoto);
+  const auto ids = namedIds(namesInPhoto);
   for (std::size_t entry = 0; entry < ids.size(); ++entry)
     passOver([&] {
       appearances.Find("AppearancesID = '" + ids[entry] + "'", Recordset::Start::First);

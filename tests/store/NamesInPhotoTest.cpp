@@ -77,6 +77,12 @@ TEST_F(NamesInPhoto, WithoutAnyPeopleTheListIsEmpty) {
   EXPECT_THAT(list("003,001,"), IsEmpty());
 }
 
+TEST(NamedIds, AreThePiecesThatACommaEnds) {
+  EXPECT_THAT(namedIds("003,,1001,00"), ElementsAre("003", "", "1001"));
+  EXPECT_THAT(namedIds("003"), IsEmpty());
+  EXPECT_THAT(namedIds(""), IsEmpty());
+}
+
 TEST(NamesInPhotoText, AnEmptyListIsNull) { EXPECT_TRUE(namesInPhotoText({}).isNull()); }
 
 TEST(NamesInPhotoText, EachIdHasThreeDigitsAndAComma) {
