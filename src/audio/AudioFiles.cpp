@@ -19,16 +19,16 @@ std::vector<std::filesystem::path> soundsOf(const Album& album, std::string_view
   return album.folder.filesWithStem(audioFolder, name);
 }
 
-std::string extensionOf(const std::filesystem::path& file) {
-  const std::string name = file.filename().string();
-  return name.substr(name.size() - std::min(name.size(), extensionLength));
-}
-
 } // namespace
 
 std::string photoAudioName(std::string_view pictureId) { return stemOf(pictureId); }
 
 std::string albumAudioName(std::int64_t albumId) { return "A" + std::to_string(albumId); }
+
+std::string soundExtension(const std::filesystem::path& file) {
+  const std::string name = file.filename().string();
+  return name.substr(name.size() - std::min(name.size(), extensionLength));
+}
 
 std::optional<std::filesystem::path> attachedAudio(const Album& album, std::string_view name) {
   const auto sounds = soundsOf(album, name);
@@ -37,7 +37,7 @@ std::optional<std::filesystem::path> attachedAudio(const Album& album, std::stri
 
 void attachAudio(const Album& album, std::string_view name, const std::filesystem::path& source) {
   const auto folder = album.folder.path(audioFolder);
-  const std::string target = std::string(name) + extensionOf(source);
+  const std::string target = std::string(name) + soundExtension(source);
   StagedCopy copy(source, folder); // first: the source may be one of those that go
   removeAudio(album, name);
   copy.place(folder / target);

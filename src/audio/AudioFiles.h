@@ -17,6 +17,9 @@ std::string photoAudioName(std::string_view pictureId);
 /// What the sound of a sub-album is called: "A7".
 std::string albumAudioName(std::int64_t albumId);
 
+/// The last four characters of the file's name: ".wav". What a sound that is copied keeps of it.
+std::string soundExtension(const std::filesystem::path& file);
+
 /// The owner's sound, there or not being told by the answer. Of several the first by name counts.
 std::optional<std::filesystem::path> attachedAudio(const Album& album, std::string_view name);
 

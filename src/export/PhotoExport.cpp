@@ -1,13 +1,13 @@
 #include "PhotoExport.h"
 
 #include "ApplicationFolder.h"
+#include "AudioFiles.h"
 #include "Decode.h"
 #include "Encode.h"
 #include "ExportPages.h"
 #include "FileError.h"
 #include "PlainFile.h"
 #include "Resample.h"
-#include "SoundShelf.h"
 #include "Spelling.h"
 
 #include <algorithm>

@@ -3,7 +3,6 @@
 #include "ApplicationFolder.h"
 #include "Words.h"
 
-#include <algorithm>
 #include <system_error>
 #include <utility>
 
@@ -30,12 +29,6 @@ SoundShelf::SoundShelf(fs::path folder) : folder_(std::move(folder)) {
 std::optional<fs::path> SoundShelf::find(std::string_view name) const {
   const auto found = sounds_.find(asciiLower(name));
   return found == sounds_.end() ? std::nullopt : std::optional(found->second);
-}
-
-std::string soundExtension(const fs::path& file) {
-  constexpr std::size_t length = 4;
-  const std::string name = file.filename().string();
-  return name.substr(name.size() - std::min(name.size(), length));
 }
 
 } // namespace hearthbook

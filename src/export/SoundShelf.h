@@ -27,7 +27,4 @@ private:
   std::map<std::string, std::filesystem::path, std::less<>> sounds_;
 };
 
-/// The last four characters of the file's name: ".wav".
-std::string soundExtension(const std::filesystem::path& file);
-
 } // namespace hearthbook

@@ -75,6 +75,12 @@ TEST_F(AudioFiles, AnAttachedFileKeepsTheLastFourCharactersOfItsName) {
   EXPECT_TRUE(fs::exists(at("Source/Grandma's song.MID")));
 }
 
+TEST(SoundExtension, IsTheLastFourCharactersOfTheName) {
+  EXPECT_EQ(soundExtension("Music/A7.MID"), ".MID");
+  EXPECT_EQ(soundExtension("a.flac"), "flac");
+  EXPECT_EQ(soundExtension("a"), "a");
+}
+
 TEST_F(AudioFiles, AMidiAttachedOverAWaveLeavesOnlyTheMidi) {
   sound("00012.wav", "old");
   attachAudio(album(), "00012", source("tune.mid"));
