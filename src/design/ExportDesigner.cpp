@@ -6,6 +6,7 @@
 #include "Decode.h"
 #include "DesignSurface.h"
 #include "DesignedPage.h"
+#include "HyperlinkControl.h"
 #include "MsgBox.h"
 #include "PageDesign.h"
 #include "PassOver.h"
@@ -289,9 +290,8 @@ void ExportDesigner::offerToView(const std::filesystem::path& page) {
                       page.parent_path().string() + "' to the web.\r\n\r\n" +
                       "Would you like to view it?"),
             MsgIcon::Question);
-  if (isWanted && (!files_.openPage || !files_.openPage(page)))
-    MsgBox(toQString("The desktop has no program to show the page:\n" + page.string()),
-           designerTitle, MsgIcon::Exclamation);
+  if (isWanted)
+    openOrTell(files_.openPage, page, designerTitle);
 }
 
 std::vector<std::string> ExportDesigner::unmade() const {

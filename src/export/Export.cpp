@@ -150,10 +150,8 @@ void Export::offerToView(const ExportOutcome& outcome) {
   if (MsgBox(toQString(closingQuestion(outcome)), exportTitle, MsgIcon::Question,
              MsgButtons::YesNo) != MsgAnswer::Yes)
     return;
-  if (!ui->UserControl11->nav(outcome.startPage))
-    MsgBox(QStringLiteral("The desktop has no program to show the page:\n") +
-               toQString(outcome.startPage),
-           exportTitle, MsgIcon::Exclamation);
+  openOrTell([this](const auto& page) { return ui->UserControl11->nav(page); }, outcome.startPage,
+             exportTitle);
 }
 
 void Export::showRunning(bool running) {

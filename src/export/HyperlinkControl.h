@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QString>
 #include <QWidget>
 
 #include <filesystem>
@@ -24,5 +25,9 @@ public:
 private:
   Opener opener_;
 };
+
+/// Opens the page. Where the desktop has nothing that shows it, a box of that title says so.
+void openOrTell(const HyperlinkControl::Opener& opener, const std::filesystem::path& page,
+                const QString& title, const QString& kind = QStringLiteral("page"));
 
 } // namespace hearthbook

@@ -8,6 +8,7 @@
 #include "ExportDesigner.h"
 #include "Forms.h"
 #include "Guard.h"
+#include "HyperlinkControl.h"
 #include "MsgBox.h"
 #include "PrintSource.h"
 #include "Progress.h"
@@ -149,9 +150,8 @@ void FrameCommands::gettingStarted() {
   const auto guide = guideFile(album_.folder);
   if (!fileExists(guide))
     MsgBox(toQString("The guide could not be found:\n" + guide.string()), {}, MsgIcon::Exclamation);
-  else if (!services_.openDocument || !services_.openDocument(guide))
-    MsgBox(toQString("The desktop has no program to show the guide:\n" + guide.string()), {},
-           MsgIcon::Exclamation);
+  else
+    openOrTell(services_.openDocument, guide, {}, QStringLiteral("guide"));
 }
 
 void FrameCommands::switchHelp() { Q_EMIT helpSwitched(); }
