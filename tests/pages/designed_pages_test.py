@@ -34,7 +34,7 @@ class DesignedPages(unittest.TestCase):
         cls.addClassCleanup(cls.browser.__exit__)
         KEEP.mkdir(parents=True, exist_ok=True)
 
-    def make(self, design, words=None, fill=False):
+    def make(self, design, words=None, fill=False, background=APPLICATION / "Media" / "WaterMark2.gif"):
         """The page of a design with words in all its boxes and photographs in some, or with nothing."""
         home = tempfile.TemporaryDirectory(prefix="hearthbook-design-")
         self.addCleanup(home.cleanup)
@@ -43,7 +43,7 @@ class DesignedPages(unittest.TestCase):
         template = folder / "export" / "templates" / design
         tags = set(TOKEN.findall((template / "index.htm").read_text())) - {"Music", "Background"}
         told = [f"text:{tag}={words(tag) if words else ''}" for tag in tags]
-        told.append(f"background={APPLICATION / 'Media' / 'WaterMark2.gif'}")
+        told.append(f"background={background}")
         if words:
             make_tone(folder / "waltz.wav")
             told.append(f"music={folder / 'waltz.wav'}")
@@ -78,6 +78,15 @@ class DesignedPages(unittest.TestCase):
             page.open(self.make("New Baby", words_of)[0].as_uri())
             self.assertGreaterEqual(page.evaluate("document.body.getBoundingClientRect().bottom"), 3000)
             self.assertIn("background.gif", page.evaluate("getComputedStyle(document.body).backgroundImage"))
+
+    def test_the_title_can_be_read_on_a_photograph(self):
+        photograph = BUILD / "samples" / "beach.jpg"
+        with self.browser.page(1366, 900) as page:
+            page.open(self.make("Wedding", words_of, background=photograph)[0].as_uri())
+            halo, sheet = page.evaluate("[getComputedStyle(document.querySelector('h1')).textShadow,"
+                                        " getComputedStyle(document.querySelector('main')).backgroundColor]")
+            self.assertIn(sheet, halo)
+            page.screenshot(KEEP / "Wedding-photograph.png")
 
     def test_on_a_telephone_what_the_page_is_about_comes_first(self):
         with self.browser.page(390, 844) as page:
