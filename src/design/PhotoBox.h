@@ -11,8 +11,10 @@ namespace hearthbook {
 class PhotoBox : public QAbstractButton {
   Q_OBJECT
 public:
-  /// `fills`: the picture takes the whole box; otherwise it keeps its proportions within.
-  enum class Fit { Fills, Within };
+  enum class Fit {
+    Fills,  ///< the picture takes the whole box
+    Within, ///< it keeps its proportions
+  };
   PhotoBox(Fit fit, QString hint, QWidget* parent = nullptr);
 
   void setPicture(const Picture& picture);

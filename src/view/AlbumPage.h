@@ -5,6 +5,7 @@
 namespace hearthbook {
 
 // A page of the album: four cells, each a photo with a panel of what is known of it on its left.
+// Sizes and places are told in twips, 15 to a pixel of the drawing.
 
 inline constexpr int pageColumns = 2;
 inline constexpr int pageRows = 2;

@@ -43,8 +43,9 @@ PhotoFacts photoFacts(AlbumData& data, const Recordset& photo, std::size_t least
 std::vector<NamesRow> namesRows(Recordset& appearances, const std::string& namesInPhoto,
                                 const PhotoMarkers& markers, std::size_t leastRows);
 
-/// Where the arrow of a marker stands whose tip points at the person, on a photo whose longer
-/// side is `side`.
+/// Where the arrow of a marker stands whose tip points at the person, on a photo that lies at
+/// `image` and whose longer side is `side`, all in twips. The marker counts in the box in which it
+/// was set, 5760 twips square.
 TwipsRect arrowRect(TwipsRect image, TwipsPoint marker, double side);
 
 } // namespace hearthbook

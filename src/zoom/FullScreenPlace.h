@@ -4,7 +4,8 @@
 
 namespace hearthbook {
 
-/// In which directions a photo may be dragged on the screen, as its mouse pointer says.
+/// In which directions a photo may be dragged on the screen, as its mouse pointer says. The numbers
+/// are those by which pointers are known to the program: 0 the arrow, 6 to 9 those for sizing.
 enum class DragPointer {
   None = 0,
   Both = 6,

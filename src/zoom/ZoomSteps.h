@@ -22,9 +22,11 @@ struct ZoomBar {
 struct ZoomSteps {
   static constexpr TwipsSize area{8535, 7215};
   static constexpr double barThickness = 255;
-  static constexpr TwipsSize box{8285, 6960}; ///< for a photo that is too large for the area
+  /// For a photo that is too large for the area: what the bars leave of it, to some twips.
+  static constexpr TwipsSize box{8285, 6960};
   static constexpr double step = 1.5;
-  static constexpr double widest = 32767 / step; ///< a wider photo cannot be magnified
+  /// A wider photo cannot be magnified: places in twips are counted in 16 bits.
+  static constexpr double widest = 32767 / step;
   static constexpr double narrowest = 1000;
 
   TwipsRect photo;

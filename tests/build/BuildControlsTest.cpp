@@ -2,6 +2,7 @@
 #include "EditorControls.h"
 #include "EditorFixture.h"
 #include "FaceChecks.h"
+#include "HelpRows.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -71,14 +72,8 @@ TEST_F(BuildControls, EachButtonOfTheEditorTakesItsFaceFromMedia) {
 }
 
 TEST_F(BuildControls, EveryHelpKeyHasItsRow) {
-  for (const Form* form : std::initializer_list<Form*>{&openEditor(), &Forms::get<PickaPic>()})
-    for (const QWidget* control : form->findChildren<QWidget*>()) {
-      const std::string key = toUtf8(control->property("helpKey").toString());
-      if (key.empty())
-        continue;
-      vars().rsHelp->Find("HelpID = '" + key + "'", Recordset::Start::First);
-      EXPECT_FALSE(vars().rsHelp->atEOF()) << key;
-    }
+  expectHelpRows(openEditor(), *vars().rsHelp);
+  expectHelpRows(Forms::get<PickaPic>(), *vars().rsHelp);
 }
 
 TEST_F(BuildControls, TheMouseOverAddFromFileExplainsEachControlInThePane) {

@@ -1,6 +1,7 @@
 #include "ViewerFixture.h"
 
 #include "ControlChecks.h"
+#include "HelpRows.h"
 
 #include <QToolButton>
 
@@ -66,15 +67,7 @@ TEST_F(ViewerCommands, TheFormHasEachOfItsControlsOnce) {
     }
 }
 
-TEST_F(ViewerCommands, EveryHelpKeyHasItsRow) {
-  for (const QWidget* control : openPages().findChildren<QWidget*>()) {
-    const std::string key = toUtf8(control->property("helpKey").toString());
-    if (key.empty())
-      continue;
-    vars().rsHelp->Find("HelpID = '" + key + "'", Recordset::Start::First);
-    EXPECT_FALSE(vars().rsHelp->atEOF()) << key;
-  }
-}
+TEST_F(ViewerCommands, EveryHelpKeyHasItsRow) { expectHelpRows(openPages(), *vars().rsHelp); }
 
 TEST_F(ViewerCommands, TheMouseOverPhotosAndNamesAsksForTheirHelp) {
   const auto& viewer = openPages();

@@ -1,6 +1,7 @@
 #include "ControlChecks.h"
 #include "CoverPicture.h"
 #include "FaceChecks.h"
+#include "HelpRows.h"
 #include "ZoomFixture.h"
 
 namespace hearthbook::test {
@@ -115,15 +116,7 @@ TEST_F(ZoomControls, TheArrowLiesOverThePhotoAndUnderWhatStandsInTheArea) {
     EXPECT_LT(height("Picture1"), height(over)) << over;
 }
 
-TEST_F(ZoomControls, EveryHelpKeyHasItsRow) {
-  for (const QWidget* control : openZoom().findChildren<QWidget*>()) {
-    const std::string key = toUtf8(control->property("helpKey").toString());
-    if (key.empty())
-      continue;
-    vars().rsHelp->Find("HelpID = '" + key + "'", Recordset::Start::First);
-    EXPECT_FALSE(vars().rsHelp->atEOF()) << key;
-  }
-}
+TEST_F(ZoomControls, EveryHelpKeyHasItsRow) { expectHelpRows(openZoom(), *vars().rsHelp); }
 
 TEST_F(ZoomControls, TheMouseOverAControlAsksForItsHelp) {
   const auto& zoom = openZoom();
