@@ -4,6 +4,7 @@
 #include "Look.h"
 #include "PrintLayout.h"
 #include "PrintRun.h"
+#include "PrinterThread.h"
 #include "SheetText.h"
 #include "WorkPool.h"
 
@@ -67,8 +68,9 @@ void printOurs(benchmark::State& state, Cores cores) {
     one.emplace();
   const PrintOrder page = order();
   WorkPool pool(cores == Cores::One ? 1 : 0);
+  PrinterThread printer;
   for (auto _ : state)
-    runPrint(pool, page, [](PrintStep, std::size_t) {});
+    runPrint(pool, printer, page, {[](PrintStep, std::size_t) {}, [] { return true; }});
 }
 
 void decode(std::size_t first, std::size_t count) {

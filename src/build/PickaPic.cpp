@@ -12,9 +12,9 @@
 #include "PictureBox.h"
 #include "PictureChoice.h"
 #include "Text.h"
+#include "UserActs.h"
 #include "ui_PickaPic.h"
 
-#include <QCoreApplication>
 #include <QKeyEvent>
 #include <QResizeEvent>
 #include <QScopeGuard>
@@ -180,10 +180,7 @@ int PickaPic::runAdding() {
            formTitle, MsgIcon::Exclamation);
   };
   listener.wait = waitUntil;
-  listener.wake = [] {
-    QMetaObject::invokeMethod(
-        QCoreApplication::instance(), [] {}, Qt::QueuedConnection);
-  };
+  listener.wake = wakeWindow;
 
   previewed_.clear(); // the run shows pictures of its own
   previewing_.reset();

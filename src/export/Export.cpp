@@ -9,9 +9,9 @@
 #include "MsgBox.h"
 #include "Pointer.h"
 #include "Text.h"
+#include "UserActs.h"
 #include "ui_Export.h"
 
-#include <QCoreApplication>
 #include <QKeyEvent>
 #include <QScopeGuard>
 #include <QScreen>
@@ -128,10 +128,7 @@ ExportListener Export::listener() {
   listener.showing = [this](const Picture& picture) { showPhoto(picture); };
   listener.mayDelete = mayDelete;
   listener.wait = waitUntil;
-  listener.wake = [] {
-    QMetaObject::invokeMethod(
-        QCoreApplication::instance(), [] {}, Qt::QueuedConnection);
-  };
+  listener.wake = wakeWindow;
   return listener;
 }
 

@@ -1,26 +1,11 @@
 #include "PhotosToMail.h"
 
 #include "ApplicationFolder.h"
+#include "Awaited.h"
 #include "ReducedPhoto.h"
 #include "UserActs.h"
 
-#include <chrono>
-
 namespace hearthbook {
-
-namespace {
-
-/// Ends a wait of the window's thread, which then looks whether what it waits for has come.
-void wakeWindow() {
-  QMetaObject::invokeMethod(
-      QCoreApplication::instance(), [] {}, Qt::QueuedConnection);
-}
-
-bool isReady(const std::future<std::string>& jpeg) {
-  return jpeg.wait_for(std::chrono::seconds(0)) == std::future_status::ready;
-}
-
-} // namespace
 
 PhotosToMail::PhotosToMail(WorkPool& pool, const std::vector<std::filesystem::path>& photos) {
   for (const auto& file : photos)

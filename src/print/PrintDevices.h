@@ -16,12 +16,12 @@ namespace hearthbook {
 
 class WorkPool;
 
-/// The list of devices on the print form: the desktop's printers, which are looked for beside the
-/// window's thread, and last a PDF file, which is always there.
+/// The list of devices on the print form: the desktop's printers, which are looked for on the
+/// printer's thread, and last a PDF file, which is always there.
 class PrintDevices : public QObject {
   Q_OBJECT
 public:
-  PrintDevices(QComboBox& list, WorkPool& pool, QObject* parent);
+  PrintDevices(QComboBox& list, WorkPool& printer, QObject* parent);
 
   void look(); ///< for printers
 

@@ -17,6 +17,7 @@ constexpr double photoMargin = (photoPaper.height - photoLength) / 2;
 /// What hardly any printer reaches.
 constexpr double deadEdge = 180;
 
+// The side of the box in which each form shows its photo: fitted to the page, it fills the sheet.
 constexpr double editorBox = 5760;
 constexpr double zoomBox = 6960;
 
@@ -24,7 +25,14 @@ constexpr double textInset = 10;
 constexpr double photoTop = 300;
 
 constexpr double albumPhotoScale = 1.5;
-constexpr double contactScale = 1.4;
+// Photos that are half as large again move apart by these, so that the second column and row have
+// room for their names and the line below the first.
+constexpr double rightColumnScale = 1.2;
+constexpr double upperRowScale = 1.2;
+constexpr double lowerRowScale = 1.6;
+constexpr double lowerRowShift = 300;
+
+constexpr double contactScale = 1.4; ///< eight thumbnails across the sheet
 
 TwipsSize turned(TwipsSize size) { return {size.height, size.width}; }
 
@@ -135,8 +143,8 @@ private:
 
   static TwipsPoint cornerOf(const AlbumPrintCell& cell) {
     const TwipsRect& shown = cell.photo.place;
-    return {isRight(cell) ? shown.left * 1.2 : shown.left,
-            isLower(cell) ? shown.top * 1.6 + 300 : shown.top * 1.2};
+    return {isRight(cell) ? shown.left * rightColumnScale : shown.left,
+            isLower(cell) ? shown.top * lowerRowScale + lowerRowShift : shown.top * upperRowScale};
   }
 
   /// Up to where a caption may run: to the next column's names, to the next row, or to the edge.

@@ -10,6 +10,7 @@
 
 namespace hearthbook {
 
+class PrinterThread;
 class WorkPool;
 
 /// A sheet on its way to a printer, or into a file.
@@ -21,9 +22,20 @@ struct PrintOrder {
   std::filesystem::path file; ///< of the PDF
 };
 
-/// Prints: pictures are decoded, the sheet painted and handed over beside the window's thread,
-/// which lives on meanwhile with the user's commands blocked. Throws where it fails.
-void runPrint(WorkPool& pool, const PrintOrder& order,
-              const std::function<void(PrintStep step, std::size_t pictures)>& tell);
+/// Who waits for a page.
+struct PrintWatch {
+  std::function<void(PrintStep step, std::size_t pictures)> tell;
+  std::function<bool()> isWanted; ///< false ends the waiting
+};
+
+struct PrintOutcome {
+  bool isDone = false;      ///< false: it was not wanted any more
+  std::size_t standIns = 0; ///< photos that could not be read, printed as the screen shows them
+};
+
+/// Prints: pictures are decoded on the pool, which paints the sheet too; on the printer's thread
+/// it is handed over. The user may act meanwhile. Throws where it fails.
+PrintOutcome runPrint(WorkPool& pool, PrinterThread& printer, const PrintOrder& order,
+                      const PrintWatch& watch);
 
 } // namespace hearthbook

@@ -2,9 +2,7 @@
 
 #include "Command.h"
 #include "CopiesBox.h"
-#include "Guard.h"
 #include "MsgBox.h"
-#include "Pointer.h"
 #include "PrintCopies.h"
 #include "PrintDevices.h"
 #include "PrintLayout.h"
@@ -13,18 +11,22 @@
 #include "PrintRun.h"
 #include "SheetText.h"
 #include "Text.h"
+#include "UserActs.h"
 #include "ui_frmPrint.h"
 
 #include <QDir>
 #include <QScopeGuard>
 #include <QScreen>
 #include <QStandardPaths>
+#include <QTimer>
 
 #include <utility>
 
 namespace hearthbook {
 
 namespace {
+
+constexpr int msBetweenLooks = 20;
 
 PrintType sheetType() { return {sheetWidthOf, sheetLineHeight()}; }
 
@@ -44,9 +46,13 @@ frmPrint::frmPrint(WorkPool& pool, AskPdfFile askPdfFile)
       askPdfFile_(std::move(askPdfFile)), ui(std::make_unique<Ui::frmPrint>()) {
   ui->setupUi(this);
   resize(size().expandedTo(screen()->availableSize() * 6 / 10)); // a larger preview
-  devices_ = new PrintDevices(*ui->Combo1, pool_, this);
+  devices_ = new PrintDevices(*ui->Combo1, printer_.work(), this);
+  pageWait_ = new QTimer(this);
   new CopiesBox(*ui->Text1, *ui->VScroll2, this);
-  showProcessing(false);
+  QSizePolicy keepsItsPlace = ui->Frame7->sizePolicy();
+  keepsItsPlace.setRetainSizeWhenHidden(true);
+  ui->Frame7->setSizePolicy(keepsItsPlace);
+  ui->Frame7->hide();
   wireControls();
 }
 
@@ -77,6 +83,8 @@ void frmPrint::load() {
 /// An answer that is still on its way is nobody's any more.
 bool frmPrint::unloading() {
   devices_->disconnect(this);
+  pageWait_->stop();
+  closed_ = true;
   return true;
 }
 
@@ -86,6 +94,25 @@ void frmPrint::setPage(PrintPage page, const QString& title) {
   updatePreview();
   updateEnabled();
 }
+
+/// Photos may lie on a disk that does not answer.
+void frmPrint::setPageWhen(const std::function<bool()>& isReady,
+                           const std::function<PrintPage()>& page, const QString& title) {
+  const auto take = [this, isReady, page, title] {
+    if (!isReady())
+      return false;
+    pageWait_->stop();
+    setPage(page(), title);
+    return true;
+  };
+  if (take())
+    return;
+  connect(pageWait_, &QTimer::timeout, this, take);
+  pageWait_->start(msBetweenLooks);
+  updateEnabled();
+}
+
+bool frmPrint::isWaitingForPage() const { return pageWait_->isActive(); }
 
 void frmPrint::allowPhotoChoices() {
   for (QWidget* choice : std::initializer_list<QWidget*>{ui->Option6, ui->Option7, ui->Option8,
@@ -129,32 +156,50 @@ void frmPrint::updatePreview() {
 }
 
 void frmPrint::updateEnabled() {
-  const bool hasPage = !ui->preview->sheet().operations.empty();
-  ui->Command4->setEnabled(hasPage && !devices_->isLooking()); // the device may change until then
-  ui->note->setText(!hasPage                ? QStringLiteral("There is nothing to print.")
+  const bool hasPage = !ui->preview->sheet().operations.empty() && !isWaitingForPage();
+  ui->Command4->setEnabled(hasPage && !devices_->isLooking() && // the device may change until then
+                           !isProcessing_);
+  for (QWidget* group :
+       std::initializer_list<QWidget*>{ui->printerGroup, ui->copiesGroup, ui->colorGroup,
+                                       ui->qualityGroup, ui->orientationGroup, ui->sizeGroup})
+    group->setEnabled(!isProcessing_);
+  ui->note->setText(isWaitingForPage()      ? QStringLiteral("Waiting for the photos...")
+                    : !hasPage              ? QStringLiteral("There is nothing to print.")
                     : devices_->isLooking() ? QStringLiteral("Looking for printers...")
                                             : QString());
 }
 
-/// The form is read before the file is asked for: a wrong entry is told at once.
 void frmPrint::print() {
-  QString why;
+  std::optional<PrintOrder> order;
   try {
-    PrintOrder order;
-    whileProcessing([&] { order = readOrder(); });
-    if (!chooseFile(order))
-      return;
-    whileProcessing([&] { carryOut(order); });
-    showResult(order);
+    order = takeOrder();
+    if (order)
+      carryOut(*order);
   } catch (const std::exception& failure) {
-    why = toQString(failure.what());
+    if (closed_)
+      return;
+    const QString why = toQString(failure.what());
+    if (order && order->printer.empty())
+      tellNotSaved(why);
+    else
+      tellFailure(why);
   }
-  if (!why.isNull())
-    tellFailure(why);
+}
+
+/// The form is read before the file is asked for: a wrong entry is told at once. Nothing where the
+/// user thinks better of it.
+std::optional<PrintOrder> frmPrint::takeOrder() {
+  PrintOrder order;
+  {
+    showProcessing(true);
+    const auto end = qScopeGuard([this] { showProcessing(false); });
+    letUserActUntil([this] { return closed_ || !devices_->isAskingForPaper(); });
+    order = readOrder();
+  }
+  return closed_ || !chooseFile(order) ? std::nullopt : std::optional(std::move(order));
 }
 
 PrintOrder frmPrint::readOrder() const {
-  waitUntil([this] { return !devices_->isAskingForPaper(); });
   return {sheet(), readSettings(), toUtf8(title_), devices_->printer(), {}};
 }
 
@@ -168,34 +213,47 @@ bool frmPrint::chooseFile(PrintOrder& order) const {
 }
 
 void frmPrint::carryOut(const PrintOrder& order) {
-  ui->ProgressBar1->setMaximum(printSteps(page_));
-  runPrint(pool_, order, [this](PrintStep step, std::size_t pictures) {
-    if (const auto value = printStepValue(page_, step, pictures))
-      ui->ProgressBar1->setValue(*value);
-  });
+  if (const PrintOutcome outcome = processed(order); outcome.isDone)
+    showResult(order, outcome);
 }
 
-void frmPrint::whileProcessing(const std::function<void()>& work) {
+PrintOutcome frmPrint::processed(const PrintOrder& order) {
   showProcessing(true);
   const auto end = qScopeGuard([this] { showProcessing(false); });
-  const Hourglass hourglass;
-  work();
+  ui->ProgressBar1->setMaximum(printSteps(page_));
+  const auto tell = [this](PrintStep step, std::size_t pictures) {
+    if (const auto value = printStepValue(page_, step, pictures))
+      ui->ProgressBar1->setValue(*value);
+  };
+  return runPrint(pool_, printer_, order, {tell, [this] { return !closed_; }});
 }
 
+/// Only closing is possible meanwhile.
 void frmPrint::showProcessing(bool on) {
-  QSizePolicy keepsItsPlace = ui->Frame7->sizePolicy();
-  keepsItsPlace.setRetainSizeWhenHidden(true);
-  ui->Frame7->setSizePolicy(keepsItsPlace);
   ui->ProgressBar1->reset();
   ui->Frame7->setVisible(on);
+  isProcessing_ = on;
   if (on)
-    ui->note->clear();
+    setFocus(); // not on to Close, which a second Return would press
+  updateEnabled();
+  if (!on)
+    ui->Command4->setFocus();
 }
 
-void frmPrint::showResult(const PrintOrder& order) {
-  ui->note->setText(order.printer.empty()
-                        ? QStringLiteral("Saved as %1").arg(toQString(order.file))
-                        : QStringLiteral("Sent to %1.").arg(toQString(order.printer)));
+void frmPrint::showResult(const PrintOrder& order, const PrintOutcome& outcome) {
+  QString result = order.printer.empty()
+                       ? QStringLiteral("Saved as %1").arg(toQString(order.file))
+                       : QStringLiteral("Sent to %1.").arg(toQString(order.printer));
+  if (outcome.standIns > 0)
+    result += QStringLiteral("\nNot every photo could be read: what the screen shows of it was "
+                             "printed.");
+  ui->note->setText(result);
+}
+
+void frmPrint::tellNotSaved(const QString& why) {
+  ui->note->setText(why);
+  MsgBox(QStringLiteral("The page could not be saved as a PDF file.\n\n") + why,
+         QStringLiteral("Print"), MsgIcon::Exclamation);
 }
 
 void frmPrint::tellFailure(const QString& why) {

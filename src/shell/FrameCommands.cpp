@@ -7,7 +7,6 @@
 #include "Export.h"
 #include "ExportDesigner.h"
 #include "Forms.h"
-#include "Guard.h"
 #include "HyperlinkControl.h"
 #include "MsgBox.h"
 #include "PrintSource.h"
@@ -19,6 +18,7 @@
 #include "frmPrint.h"
 
 #include <QMainWindow>
+#include <QPointer>
 #include <QScopeGuard>
 
 #include <utility>
@@ -62,13 +62,18 @@ void FrameCommands::print() {
            toQString("Print"), MsgIcon::Information);
     return;
   }
-  waitUntil([&] { return source->isReadyToPrint(); });
   auto& dialog = Forms::get<frmPrint>();
   dialog.Tag = toQString(source->printTag());
-  PrintPage page = source->printPage();
-  if (std::holds_alternative<SinglePrint>(page))
-    dialog.allowPhotoChoices();
-  dialog.setPage(std::move(page), front->caption());
+  const auto isReady = [source, shown = QPointer<Form>(front)] {
+    return shown && source->isReadyToPrint();
+  };
+  const auto page = [source, &dialog] {
+    PrintPage shown = source->printPage();
+    if (std::holds_alternative<SinglePrint>(shown))
+      dialog.allowPhotoChoices();
+    return shown;
+  };
+  dialog.setPageWhen(isReady, page, front->caption());
   dialog.ShowModal();
 }
 

@@ -141,7 +141,7 @@ TEST_F(StubbedDesktopMail, AMissingPhotoIsTold) {
 TEST_F(StubbedDesktopMail, ClosedWhilePhotosAreReducedNoProgramOpens) {
   install("xdg-email");
   openFilled("");
-  const auto release = holdPool();
+  const auto release = holdPool(pool_);
   closeOnce([] { return isSending(); });
   press("mailProgram");
   EXPECT_FALSE(isOpen());

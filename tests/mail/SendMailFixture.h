@@ -5,6 +5,7 @@
 #include "FileBytes.h"
 #include "FormControls.h"
 #include "Forms.h"
+#include "HeldPool.h"
 #include "QtPrint.h"
 #include "TestPictures.h"
 #include "Text.h"
@@ -19,8 +20,6 @@
 #include <QTimer>
 
 #include <functional>
-#include <future>
-#include <memory>
 #include <string>
 
 namespace hearthbook::test {
@@ -105,14 +104,6 @@ protected:
   }
   static void closeOnce(std::function<bool()> when) {
     onceThat([when = std::move(when)] { return isOpen() && when(); }, [] { press("cmdClose"); });
-  }
-  /// Keeps all threads beside the window's busy until the answer is called.
-  [[nodiscard]] std::function<void()> holdPool() {
-    auto free = std::make_shared<std::promise<void>>();
-    const std::shared_future<void> isFree = free->get_future().share();
-    for (int thread = 0; thread < pool_.threads(); ++thread)
-      pool_.post([isFree] { isFree.wait(); }, true);
-    return [free] { free->set_value(); };
   }
 
   void expectSent() {

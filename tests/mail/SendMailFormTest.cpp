@@ -162,7 +162,7 @@ TEST_F(SendMailForm, ThePhotoDiscIsLookedForWhileTheWindowLivesOn) {
   writeBytes(at("Disc/Photos/00002.jpg"), jpegOf(plain({64, 48}, red)));
   folder_.drives().insertDisc("sr0", at("Disc"));
   page_.photos[1].id = "CD00002";
-  const auto release = holdPool();
+  const auto release = holdPool(pool_);
   open();
   EXPECT_TRUE(attachments().isEmpty());
   const auto* above = control<QLabel>(form(), "Label11");

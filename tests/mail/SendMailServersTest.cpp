@@ -246,7 +246,7 @@ TEST_F(SendMailServers, APortOfLettersFails) {
 TEST_F(SendMailServers, ClosedWhileAPhotoIsReducedNothingIsSent) {
   OddServer server(agreesUntil(99, ""));
   openFilled(server.host());
-  const auto release = holdPool();
+  const auto release = holdPool(pool_);
   closeOnce([] { return isSending(); });
   press("cmdSend");
   EXPECT_FALSE(isOpen());

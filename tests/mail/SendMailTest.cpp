@@ -104,7 +104,7 @@ TEST_F(SendMail, AMissingPhotoAmongSeveralIsLeftOut) {
 TEST_F(SendMail, APhotoThatGoesBeforeItsTurnIsLeftOut) {
   const MailServer server;
   openFilled(server.host());
-  const auto release = holdPool();
+  const auto release = holdPool(pool_);
   onceThat([] { return isSending(); },
            [this, release] {
              std::filesystem::remove(photo(1));

@@ -1,9 +1,17 @@
 #include "PrintFixture.h"
 
+#include "HeldPool.h"
+#include "ScopedVariable.h"
+
+#include <QTcpServer>
 #include <QTimer>
 
 #include <algorithm>
+#include <future>
+#include <latch>
+#include <string>
 #include <utility>
+#include <vector>
 
 namespace hearthbook::test {
 
@@ -224,16 +232,22 @@ TEST_F(PrintForm, SuggestsAFileOfTheFormsCaption) {
 TEST_F(PrintForm, AFileThatCannotBeWrittenFails) {
   pdf_ = folder_.path() / "no such folder" / "page.pdf";
   const frmPrint& form = open("Editor", editorPage());
-  boxes_.expectMessage(printFailureText, QStringLiteral("Print"));
+  const std::string why = "Cannot write \"" + pdf_->string() + "\": it is not there.";
+  boxes_.expectMessage(toQString("The page could not be saved as a PDF file.\n\n" + why),
+                       QStringLiteral("Print"), MsgIcon::Exclamation);
   press(form, "Command4");
-  EXPECT_TRUE(note(form).contains(toQString("no such folder"))) << toUtf8(note(form));
+  EXPECT_EQ(note(form), toQString(why));
   EXPECT_FALSE(control<QGroupBox>(form, "Frame7")->isVisible());
 }
 
-TEST_F(PrintForm, ABrokenPhotoIsPrintedAsItIsOnTheScreen) {
+TEST_F(PrintForm, ABrokenPhotoIsPrintedAsItIsOnTheScreenAndThatIsTold) {
   const SinglePrint page = editorPage();
   writeBytes(page.photo->file, "broken");
-  press(open("Editor", page), "Command4");
+  const frmPrint& form = open("Editor", page);
+  press(form, "Command4");
+  EXPECT_EQ(note(form), QStringLiteral("Saved as ") + toQString(*pdf_) +
+                            QStringLiteral("\nNot every photo could be read: what the screen shows "
+                                           "of it was printed."));
   EXPECT_LE(distance(pixelAt(pdfPages(*pdf_, 72).front(), 400, 720), red), 8);
 }
 
@@ -352,6 +366,86 @@ TEST_F(PrintForm, NothingIsPrintedBeforeThePrintersAreKnown) {
   EXPECT_FALSE(isEnabled(form, "Command4"));
   EXPECT_TRUE(waitFor([&] { return !form.devices().isLooking(); }));
   EXPECT_TRUE(isEnabled(form, "Command4"));
+}
+
+TEST_F(PrintForm, ClosedWhileAPhotoIsWaitedForNothingIsPrinted) {
+  frmPrint& form = open("Editor", editorPage());
+  const auto release = holdPool(pool_);
+  QTimer user;
+  QObject::connect(&user, &QTimer::timeout, &form, [&] {
+    if (!control<QGroupBox>(form, "Frame7")->isVisible())
+      return;
+    user.stop();
+    for (const char* choice : {"Combo1", "Text1", "Option1", "Option4", "Option7", "Option9"})
+      EXPECT_FALSE(isEnabled(form, choice)) << choice;
+    EXPECT_FALSE(isEnabled(form, "Command4"));
+    press(form, "Command1");
+  });
+  user.start(0);
+  press(form, "Command4");
+  EXPECT_FALSE(Forms::loaded<frmPrint>());
+  release();
+  EXPECT_FALSE(std::filesystem::exists(*pdf_));
+}
+
+TEST_F(PrintForm, WhatCouldBeChosenBeforeCanBeChosenAfterPrinting) {
+  const frmPrint& form = open("Editor", editorPage());
+  press(form, "Command4");
+  for (const char* choice : {"Combo1", "Text1", "Option1", "Option4", "Option7", "Option9"})
+    EXPECT_TRUE(isEnabled(form, choice)) << choice;
+  EXPECT_TRUE(isEnabled(form, "Command4"));
+}
+
+TEST_F(PrintForm, APageThatIsNotThereYetIsWaitedFor) {
+  bool isThere = false;
+  auto& form = Forms::get<frmPrint>();
+  form.setPageWhen([&] { return isThere; }, [this] { return PrintPage(editorPage()); },
+                   QStringLiteral("Summer"));
+  form.Show();
+  EXPECT_TRUE(waitFor([&] { return !form.devices().isLooking(); }));
+  EXPECT_FALSE(isEnabled(form, "Command4"));
+  EXPECT_EQ(note(form), QStringLiteral("Waiting for the photos..."));
+  isThere = true;
+  EXPECT_TRUE(waitFor([&] { return isEnabled(form, "Command4"); }));
+  EXPECT_EQ(note(form), QString());
+  EXPECT_EQ(form.sheet().operations.size(), 3u);
+}
+
+TEST_F(PrintForm, ClosedWhileAPageIsWaitedForItIsNotAskedFor) {
+  bool isThere = false;
+  auto& form = Forms::get<frmPrint>();
+  form.setPageWhen([&] { return isThere; },
+                   [] {
+                     ADD_FAILURE() << "asked for";
+                     return PrintPage();
+                   },
+                   QStringLiteral("Summer"));
+  form.Show();
+  EXPECT_TRUE(waitFor([&] { return !form.devices().isLooking(); }));
+  press(form, "Command1");
+  isThere = true;
+  boxes_.expectMessage(noPrintersText);
+  open("Editor", editorPage());
+}
+
+using PrintWithoutAnswer = PrintFixture;
+
+TEST_F(PrintWithoutAnswer, PhotosAreDecodedWhileThePrintingServiceHangs) {
+  QTcpServer silent;
+  ASSERT_TRUE(silent.listen(QHostAddress::LocalHost));
+  const ScopedVariable service("CUPS_SERVER", "127.0.0.1:" + std::to_string(silent.serverPort()));
+  auto& form = Forms::get<frmPrint>();
+  ASSERT_TRUE(waitFor([&] { return silent.hasPendingConnections(); }));
+  std::latch all(pool_.threads());
+  std::vector<std::future<void>> photos;
+  for (int photo = 0; photo < pool_.threads(); ++photo)
+    photos.push_back(pool_.run([&all] { all.arrive_and_wait(); }, {}, true));
+  for (auto& photo : photos)
+    photo.get();
+  QCoreApplication::processEvents();
+  EXPECT_TRUE(form.devices().isLooking()); // what hangs, hangs somewhere else
+  form.Unload();
+  silent.close();
 }
 
 TEST_F(PrintForm, CanBeClosedWhilePrintersAreLookedFor) {

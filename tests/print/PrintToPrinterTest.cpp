@@ -38,6 +38,19 @@ TEST_F(PrintToPrinter, ListsThePrintersWithTheCurrentOneChosenAndTheFileLast) {
   EXPECT_EQ(control<QComboBox>(form, "Combo1")->currentText(), QStringLiteral("Other_PDF"));
 }
 
+TEST_F(PrintToPrinter, ThePageGoesToTheChosenPrinterAndNotToTheCurrentOne) {
+  service().addPrinter("Album_PDF");
+  service().addPrinter("Other_PDF");
+  service().makeCurrent("Album_PDF");
+  const frmPrint& form = openTitled("Editor", editorPage());
+  control<QComboBox>(form, "Combo1")->setCurrentText(QStringLiteral("Other_PDF"));
+  press(form, "Command4");
+  EXPECT_EQ(note(form), QStringLiteral("Sent to Other_PDF."));
+  printed(20);
+  EXPECT_NE(service().pageLog().find("Other_PDF "), std::string::npos) << service().pageLog();
+  EXPECT_EQ(service().pageLog().find("Album_PDF "), std::string::npos) << service().pageLog();
+}
+
 TEST_F(PrintToPrinter, ChoosesTheFirstPrinterWhereNoneIsCurrent) {
   service().addPrinter("Album_PDF");
   service().addPrinter("Other_PDF");

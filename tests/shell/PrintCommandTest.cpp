@@ -54,7 +54,7 @@ protected:
     QTimer glance;
     QObject::connect(&glance, &QTimer::timeout, frame.get(), [&] {
       auto* form = Forms::loaded<frmPrint>();
-      if (!form || !form->isShown() || form->devices().isLooking())
+      if (!form || !form->isShown() || form->devices().isLooking() || form->isWaitingForPage())
         return;
       glance.stop();
       seen = look(*form);

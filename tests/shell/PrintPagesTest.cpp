@@ -18,6 +18,9 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstdint>
+#include <map>
+#include <string>
 #include <vector>
 
 namespace hearthbook {
@@ -124,6 +127,28 @@ TEST_F(PrintPagesTest, TheAlbumPagesGiveTheFilledPlaces) {
     const bool isKnown = cell.photo.file == folder_.at("Photos/00001.jpg");
     EXPECT_EQ(cell.caption, isKnown ? "1987, Wedding in Lake" : ", ");
   }
+}
+
+int dark(const Picture& picture) {
+  const auto light = [](std::uint32_t pixel) { return pixel & 0xff; };
+  int count = 0;
+  for (int y = 0; y < picture.height(); ++y)
+    count +=
+        static_cast<int>(std::count_if(picture.row(y), picture.row(y) + picture.width(),
+                                       [&](std::uint32_t pixel) { return light(pixel) < 100; }));
+  return count;
+}
+
+TEST_F(PrintPagesTest, TheAlbumPagesGiveTheNamesAsTheGridShowsThem) {
+  execute("UPDATE PhotoAlbum SET NamesInPhoto = '002,' WHERE PictureID = 'HD00002'");
+  frame->commands().viewAlbum(0, QStringLiteral("Master Album"));
+  const auto page = pageOf<AlbumPrint>(Forms::get<Viewer>());
+  ASSERT_EQ(page.cells.size(), 3u);
+  std::map<std::string, int> ink;
+  for (const AlbumPrintCell& cell : page.cells)
+    ink[cell.photo.file.stem().string()] = dark(cell.grid);
+  EXPECT_GT(ink["00001"], ink["00002"]); // two names
+  EXPECT_GT(ink["00002"], ink["00003"]); // one, none
 }
 
 /// Where a photo of 400 by 300 or of 300 by 400 stands in a box.

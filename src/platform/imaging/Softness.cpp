@@ -2,6 +2,7 @@
 
 #include "Bands.h"
 #include "Bell.h"
+#include "Brightness.h"
 #include "RunTimeError.h"
 
 #include <algorithm>
@@ -65,18 +66,13 @@ public:
         bytes_(width_ * static_cast<std::size_t>(end - first)) {
     for (int y = first; y < end; ++y) {
       const std::uint32_t* pixels = picture.row(std::clamp(y, 0, picture.height() - 1));
-      std::transform(pixels, pixels + width_, bytes_.data() + startOf(y), brightness);
+      std::transform(pixels, pixels + width_, bytes_.data() + startOf(y), brightnessOf);
     }
   }
 
   [[nodiscard]] const std::uint8_t* row(int y) const { return bytes_.data() + startOf(y); }
 
 private:
-  static std::uint8_t brightness(std::uint32_t pixel) {
-    return static_cast<std::uint8_t>(
-        (77 * (pixel >> 16 & 0xffU) + 150 * (pixel >> 8 & 0xffU) + 29 * (pixel & 0xffU) + 128) >>
-        8);
-  }
   [[nodiscard]] std::size_t startOf(int y) const {
     return static_cast<std::size_t>(y - first_) * width_;
   }

@@ -1,10 +1,13 @@
 #include "PrintPixels.h"
 
+#include "Brightness.h"
 #include "Decode.h"
-#include "PassOver.h"
 
 #include <algorithm>
 #include <cmath>
+#include <exception>
+#include <new>
+#include <utility>
 
 namespace hearthbook {
 
@@ -20,12 +23,7 @@ int pixelsAlong(double twips, int dotsPerInch) {
 }
 
 std::uint32_t greyOf(std::uint32_t pixel) {
-  // How bright an eye finds each of the three, in 256ths.
-  constexpr std::uint32_t red = 54;
-  constexpr std::uint32_t green = 183;
-  constexpr std::uint32_t blue = 19;
-  const std::uint32_t grey =
-      (red * (pixel >> 16 & 0xff) + green * (pixel >> 8 & 0xff) + blue * (pixel & 0xff) + 128) >> 8;
+  const std::uint32_t grey = brightnessOf(pixel);
   return 0xff000000 | grey << 16 | grey << 8 | grey;
 }
 
@@ -39,15 +37,22 @@ bool hasShapeOf(PixelSize full, TwipsRect place) {
 }
 
 Picture decodedForPrint(const SheetPicture& picture, int dotsPerInch) {
-  Picture decoded;
-  passOver([&] {
-    const PixelSize full = readPictureInfo(picture.file).size;
-    if (!picture.atHand.isNull() && !hasShapeOf(full, picture.place))
-      return;
-    decoded =
-        decodePictureAt(picture.file, printedPixels(picture.place, full, dotsPerInch)).picture;
-  });
-  return decoded.isNull() ? picture.atHand : decoded;
+  const PixelSize full = readPictureInfo(picture.file).size;
+  if (!picture.atHand.isNull() && !hasShapeOf(full, picture.place))
+    return picture.atHand;
+  return decodePictureAt(picture.file, printedPixels(picture.place, full, dotsPerInch)).picture;
+}
+
+PrintedPixels decodedOrStoodInFor(const SheetPicture& picture, int dotsPerInch) {
+  if (picture.file.empty())
+    return {picture.atHand};
+  try {
+    return {decodedForPrint(picture, dotsPerInch)};
+  } catch (const std::bad_alloc&) {
+    throw; // nothing is wrong with the photo
+  } catch (const std::exception&) {
+    return {picture.atHand, true};
+  }
 }
 
 } // namespace
@@ -64,12 +69,11 @@ PixelSize printedPixels(TwipsRect place, PixelSize full, int dotsPerInch) {
           std::max(1, static_cast<int>(wanted.height * part))};
 }
 
-Picture pixelsForPrint(const SheetPicture& picture, const PrintSettings& settings) {
-  Picture pixels = picture.file.empty() ? picture.atHand
-                                        : decodedForPrint(picture, dotsPerInch(settings.quality));
-  if (pixels.isNull() || settings.colorMode == ColorMode::Color)
-    return pixels;
-  return greyed(pixels);
+PrintedPixels pixelsForPrint(const SheetPicture& picture, const PrintSettings& settings) {
+  PrintedPixels printed = decodedOrStoodInFor(picture, dotsPerInch(settings.quality));
+  if (!printed.pixels.isNull() && settings.colorMode == ColorMode::Monochrome)
+    printed.pixels = greyed(std::move(printed.pixels));
+  return printed;
 }
 
 Picture greyed(Picture picture) {

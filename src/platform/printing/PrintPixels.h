@@ -9,9 +9,14 @@ namespace hearthbook {
 /// file has.
 PixelSize printedPixels(TwipsRect place, PixelSize full, int dotsPerInch);
 
-/// The pixels of a picture for its place. A file that cannot be read is stood in for by what the
-/// screen shows; none where that has nothing either.
-Picture pixelsForPrint(const SheetPicture& picture, const PrintSettings& settings);
+struct PrintedPixels {
+  Picture pixels;
+  bool isStandIn = false; ///< the file cannot be read: they are what the screen shows
+};
+
+/// The pixels of a picture for its place. None where the file cannot be read and the screen has
+/// nothing to stand in for it either.
+PrintedPixels pixelsForPrint(const SheetPicture& picture, const PrintSettings& settings);
 
 /// The picture without its colours.
 Picture greyed(Picture picture);

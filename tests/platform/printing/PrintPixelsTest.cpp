@@ -17,6 +17,8 @@ PrintSettings draft() {
   return settings;
 }
 
+Picture pixelsOf(const SheetPicture& picture) { return pixelsForPrint(picture, draft()).pixels; }
+
 /// A photo on the disk, and another on the screen, so that one can tell which was printed.
 class PrintPixelsTest : public testing::Test {
 protected:
@@ -64,28 +66,33 @@ TEST(PrintedPixels, AreBoundedForAPhotoMagnifiedFarOverTheSheet) {
 }
 
 TEST_F(PrintPixelsTest, ComeFromTheFileAndNotFromTheScreen) {
-  const Picture pixels = pixelsForPrint(photo({400, 300}, {0, 0, 1440, 1080}), draft());
-  EXPECT_EQ(pixels.size(), (PixelSize{150, 113}));
-  EXPECT_LE(test::distance(*pixels.row(50), test::red), 3);
+  const PrintedPixels printed = pixelsForPrint(photo({400, 300}, {0, 0, 1440, 1080}), draft());
+  EXPECT_EQ(printed.pixels.size(), (PixelSize{150, 113}));
+  EXPECT_LE(test::distance(*printed.pixels.row(50), test::red), 3);
+  EXPECT_FALSE(printed.isStandIn);
 }
 
 TEST_F(PrintPixelsTest, OfAFileOfAnotherShapeAreThoseOfTheScreen) {
-  EXPECT_EQ(*pixelsForPrint(photo({400, 300}, {0, 0, 1080, 1440}), draft()).row(0), test::blue);
+  const SheetPicture upright = photo({400, 300}, {0, 0, 1080, 1440});
+  EXPECT_EQ(*pixelsOf(upright).row(0), test::blue);
+  EXPECT_FALSE(pixelsForPrint(upright, draft()).isStandIn); // another picture was in sight
   // A thumbnail of 73 by 41 is no other shape than its photo of 1600 by 900.
   const SheetPicture thumbnail = photo({1600, 900}, {0, 0, 73 * 21, 41 * 21});
-  EXPECT_LE(test::distance(*pixelsForPrint(thumbnail, draft()).row(0), test::red), 3);
+  EXPECT_LE(test::distance(*pixelsOf(thumbnail).row(0), test::red), 3);
 }
 
 TEST_F(PrintPixelsTest, OfABrokenFileAreThoseOfTheScreen) {
   const SheetPicture broken = photo({400, 300}, {0, 0, 1440, 1080});
   test::writeBytes(broken.file, "not a picture");
-  EXPECT_EQ(*pixelsForPrint(broken, draft()).row(0), test::blue);
+  EXPECT_EQ(*pixelsOf(broken).row(0), test::blue);
+  EXPECT_TRUE(pixelsForPrint(broken, draft()).isStandIn);
 }
 
 TEST_F(PrintPixelsTest, OfAFileThatIsGoneAreThoseOfTheScreen) {
   const SheetPicture gone = photo({400, 300}, {0, 0, 1440, 1080});
   std::filesystem::remove(gone.file);
-  EXPECT_EQ(*pixelsForPrint(gone, draft()).row(0), test::blue);
+  EXPECT_EQ(*pixelsOf(gone).row(0), test::blue);
+  EXPECT_TRUE(pixelsForPrint(gone, draft()).isStandIn);
 }
 
 TEST_F(PrintPixelsTest, OfABrokenFileThatIsNotOnTheScreenEitherAreNone) {
@@ -94,13 +101,14 @@ TEST_F(PrintPixelsTest, OfABrokenFileThatIsNotOnTheScreenEitherAreNone) {
   std::filesystem::remove(gone.file);
   PrintSettings grey = draft();
   grey.colorMode = ColorMode::Monochrome;
-  EXPECT_TRUE(pixelsForPrint(gone, grey).isNull());
+  EXPECT_TRUE(pixelsForPrint(gone, grey).pixels.isNull());
 }
 
 TEST_F(PrintPixelsTest, AreGreyWhereThePrinterIsTo) {
   PrintSettings grey = draft();
   grey.colorMode = ColorMode::Monochrome;
-  const std::uint32_t pixel = *pixelsForPrint(photo({400, 300}, {0, 0, 1440, 1080}), grey).row(10);
+  const SheetPicture picture = photo({400, 300}, {0, 0, 1440, 1080});
+  const std::uint32_t pixel = *pixelsForPrint(picture, grey).pixels.row(10);
   EXPECT_EQ(pixel >> 16 & 0xff, pixel & 0xff);
   EXPECT_EQ(pixel >> 8 & 0xff, pixel & 0xff);
 }
@@ -108,6 +116,7 @@ TEST_F(PrintPixelsTest, AreGreyWhereThePrinterIsTo) {
 TEST(Greyed, KeepsHowBrightTheColoursAre) {
   const Picture grey = greyed(test::corners({2, 2}));
   EXPECT_EQ(*(grey.row(1) + 1), test::white);
+  EXPECT_EQ(*grey.row(0), 0xff4d4d4d);                       // red: 0.299 of white
   EXPECT_GT(*(grey.row(0) + 1) & 0xff, *grey.row(0) & 0xff); // green over red
   EXPECT_GT(*grey.row(0) & 0xff, *grey.row(1) & 0xff);       // red over blue
 }

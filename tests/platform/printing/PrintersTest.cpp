@@ -174,6 +174,7 @@ TEST_F(PrintersTest, CopiesPaperAndGreyReachThePrinter) {
   EXPECT_NE(service().pageLog().find("total 3 - localhost " + title + " na_letter_8.5x11in"),
             std::string::npos)
       << service().pageLog();
+  ASSERT_FALSE(pages.empty());
   for (const Picture& page : pages)
     for (int y = 0; y < page.height(); ++y)
       for (int x = 0; x < page.width(); ++x) {

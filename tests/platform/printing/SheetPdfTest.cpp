@@ -119,6 +119,7 @@ TEST_F(SheetPdfTest, CopiesArePagesThatShareTheirPictures) {
 }
 
 TEST(SheetText, TypeIsOfTenPoints) {
+  EXPECT_EQ(sheetFont().pixelSize(), 200); // a pixel is a twip
   EXPECT_NEAR(sheetLineHeight(), 240, 20);
   EXPECT_GT(sheetWidthOf("mm"), 1.9 * sheetWidthOf("m"));
 }

@@ -24,4 +24,10 @@ inline void letUserActUntil(const std::function<bool()>& done) {
     QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
 }
 
+/// Such an event, from any thread: the window's one then looks whether what it waits for has come.
+inline void wakeWindow() {
+  QMetaObject::invokeMethod(
+      QCoreApplication::instance(), [] {}, Qt::QueuedConnection);
+}
+
 } // namespace hearthbook
