@@ -30,6 +30,8 @@ Picture sharpened(const Picture& picture, double level, double scale = 1, WorkPo
 /// Turned to the left (against the clock) by so many degrees, to the right by negative ones.
 /// Right angles move the pixels as they are and may exchange the sides; at any other angle the
 /// picture grows to hold all of it, on white paper. Throws RunTimeError if that is over maxPixels.
+/// The form's commands turn by right angles alone; any other is there for a print that lies
+/// crooked.
 Picture rotated(const Picture& picture, double degrees, WorkPool* pool = nullptr);
 
 } // namespace hearthbook

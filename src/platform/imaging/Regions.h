@@ -27,7 +27,8 @@ struct PictureElement {
   int top = 0;
 };
 
-/// ... and the outline of a rectangle, drawn inwards from its edges.
+/// ... and the outline of a rectangle, drawn inwards from its edges: for a mark that is to be seen
+/// in the picture for ever. The marks of a scanned page lie above it and are never part of a photo.
 struct OutlineElement {
   PixelRect rectangle;
   std::uint32_t colour = 0xffff0000; ///< 0xffRRGGBB

@@ -127,13 +127,13 @@ bool SaneOptions::setNamed(std::string_view name, const std::string& text) {
   return write(*option, &value);
 }
 
-/// Drivers word it in their own ways: "Color", "24bit Color", "True Gray".
-void SaneOptions::chooseMode(bool grey) {
+/// Drivers word it in their own ways: "Color", "24bit Color".
+void SaneOptions::chooseColour() {
   const auto option = find("mode");
   if (!option)
     return;
   for (const std::string& text : textsOf(*option->about))
-    if (lowerCase(text).find(grey ? "gray" : "color") != std::string::npos && setText("mode", text))
+    if (lowerCase(text).find("color") != std::string::npos && setText("mode", text))
       return;
 }
 
@@ -156,7 +156,7 @@ void SaneOptions::chooseWholeGlass() {
 }
 
 void SaneOptions::follow(const ScanWish& wish) {
-  chooseMode(wish.grey);
+  chooseColour();
   setNumber("depth", 8);
   for (const auto& [name, value] : wish.settings)
     if (!setNamed(name, value))

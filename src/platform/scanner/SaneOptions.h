@@ -36,7 +36,7 @@ private:
   bool setNumber(std::string_view name, double value);
   bool setText(std::string_view name, const std::string& text);
   bool setNamed(std::string_view name, const std::string& text);
-  void chooseMode(bool grey);
+  void chooseColour();
   void chooseResolution(int dotsPerInch);
   void chooseWholeGlass();
 

@@ -28,12 +28,13 @@ struct ScannerDevice {
   std::string label; ///< what a user knows it by: maker and model
 };
 
-/// What the next page is to be like. What a scanner cannot do it does as nearly as it can.
+/// What the next page is to be like, in colour. What a scanner cannot do it does as nearly as it
+/// can.
 struct ScanWish {
   std::string device; ///< empty: the one used last, else the first that is found
   int dotsPerInch = 300;
-  bool grey = false;
-  /// Further settings by the names that the scanner's driver gives them.
+  /// Further settings by the names that the scanner's driver gives them. No family knows those: by
+  /// them tests make a scanner slow, odd or broken.
   std::map<std::string, std::string> settings;
 };
 
@@ -41,7 +42,7 @@ struct ScannedPage {
   ScanStatus status = ScanStatus::Failed;
   std::string trouble; ///< what went wrong, in words; empty at success
   Picture picture;     ///< the whole page; none unless it succeeded
-  int dotsPerInch = 0; ///< as the scanner took it; 0 where it does not tell
+  int dotsPerInch = 0; ///< what came of the wish for it; 0 where the scanner does not tell
 };
 
 /// A scanner on the desk or in the network. Every call returns at once; the answers come on the

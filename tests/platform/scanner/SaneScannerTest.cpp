@@ -44,7 +44,7 @@ TEST_F(SaneScannerTest, TakesThePageOfTheWholeGlass) {
 TEST_F(SaneScannerTest, TakesAPageInGrey) {
   ScanWish wish;
   wish.dotsPerInch = 50;
-  wish.grey = true;
+  wish.settings["mode"] = "Gray";
   const ScannedPage page = scan(wish);
   ASSERT_EQ(page.status, ScanStatus::Success) << page.trouble;
   EXPECT_FALSE(hasColour(page.picture));
@@ -80,10 +80,10 @@ TEST_F(SaneScannerTest, ThreePassesMakeThePictureOfOne) {
 
 TEST_F(SaneScannerTest, EveryDepthGivesAPage) {
   for (const char* depth : {"1", "8", "16"})
-    for (const bool grey : {false, true}) {
+    for (const char* mode : {"Color", "Gray"}) {
       ScanWish wish;
       wish.dotsPerInch = 30;
-      wish.grey = grey;
+      wish.settings["mode"] = mode;
       wish.settings["depth"] = depth;
       EXPECT_EQ(scan(wish).status, ScanStatus::Success) << depth << pages.back().trouble;
     }
