@@ -81,9 +81,8 @@ Picture withPiece(Picture picture) {
   return picture;
 }
 
-Picture flattenedWithMark(const Picture& picture) {
-  return flattened(picture, {{piece(), region.left, region.top}}, {{region, 0xffff0000, 3}},
-                   &pool());
+Picture flattenedWithPiece(const Picture& picture) {
+  return flattened(picture, {{piece(), region.left, region.top}}, {}, &pool());
 }
 
 const bool registered = [] {
@@ -115,7 +114,7 @@ const bool registered = [] {
       "put a region back", [](const Picture& p) { return withPiece(p); },
       [](VipsReference& vips) { vips.putBack(region); });
   measure(
-      "flatten", [](const Picture& p) { return flattenedWithMark(p); },
+      "flatten", [](const Picture& p) { return flattenedWithPiece(p); },
       [](VipsReference& vips) { vips.flatten(region); });
   measurePreview();
   return true;

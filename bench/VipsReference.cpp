@@ -1,7 +1,6 @@
 #include "VipsReference.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <cstdlib>
 #include <stdexcept>
@@ -161,10 +160,6 @@ void VipsReference::flatten(const PixelRect& region) {
   VipsImage* result = vips_image_new_memory();
   expectDone(vips_image_write(photo_, result));
   expectDone(vips_draw_image(result, piece_, region.left, region.top, nullptr));
-  std::array<double, pixelBytes> red{0, 0, 255, 255};
-  for (int i = 0; i < 3; ++i)
-    expectDone(vips_draw_rect(result, red.data(), pixelBytes, region.left + i, region.top + i,
-                              region.width - 2 * i, region.height - 2 * i, nullptr));
   g_object_unref(result);
 }
 
