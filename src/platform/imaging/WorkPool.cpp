@@ -7,8 +7,10 @@
 #include <thread>
 #include <vector>
 
+#ifdef __linux__
 #include <sys/resource.h>
 #include <unistd.h>
+#endif
 
 namespace hearthbook {
 
@@ -17,8 +19,10 @@ namespace {
 /// To the window's thread: with all cores decoding, a zoom step would wait for one of them. Where
 /// that is not allowed the work is done all the same.
 void giveWay() {
+#ifdef __linux__ // elsewhere a process is nice as a whole
   constexpr int niceness = 5;
   setpriority(PRIO_PROCESS, static_cast<id_t>(gettid()), niceness);
+#endif
 }
 
 } // namespace
