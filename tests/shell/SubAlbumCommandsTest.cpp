@@ -60,7 +60,8 @@ protected:
     QTimer::singleShot(0, qApp, [act] {
       auto* editor = Forms::loaded<AddSubAlbum>();
       ASSERT_NE(editor, nullptr);
-      ASSERT_TRUE(QTest::qWaitForWindowActive(editor));
+      // While the frame behind it is active, a dialog counts as active too.
+      ASSERT_TRUE(QTest::qWaitFor([&] { return QApplication::activeWindow() == editor; }));
       act(*editor);
       if (Forms::loaded<AddSubAlbum>() == editor)
         editor->Unload();
