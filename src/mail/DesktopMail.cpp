@@ -5,7 +5,6 @@
 #include "SafeFile.h"
 #include "Text.h"
 
-#include <QCoreApplication>
 #include <QProcess>
 #include <QStandardPaths>
 #include <QTemporaryDir>
@@ -63,6 +62,13 @@ fs::path DesktopMail::freeName(const fs::path& photo) const {
   return free;
 }
 
+/// Some mail programs run until they are closed, and whoever ends such an object ends the program:
+/// so they belong to something that nobody ends.
+QObject& DesktopMail::programs() {
+  static auto* const owner = new QObject;
+  return *owner;
+}
+
 void DesktopMail::add(const fs::path& photo, std::string_view jpeg) {
   if (folder_.empty())
     folder_ = folderOfItsOwn();
@@ -75,8 +81,7 @@ void DesktopMail::open(const MailMessage& message) {
   const QString program = QStandardPaths::findExecutable(opener);
   if (program.isEmpty())
     return ended(false);
-  // Some mail programs run in it until they are closed, so it outlives the form.
-  auto* process = new QProcess(QCoreApplication::instance());
+  auto* process = new QProcess(&programs());
   connect(process, &QProcess::finished, process, &QObject::deleteLater);
   connect(process, &QProcess::finished, this, [this](int code, QProcess::ExitStatus how) {
     ended(how == QProcess::NormalExit && code == 0);

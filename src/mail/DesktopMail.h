@@ -27,6 +27,9 @@ public:
   /// programs tell that they are open only when they are closed again.
   void open(const MailMessage& message);
 
+  /// Whose children the mail programs are for as long as they run. It outlives the application.
+  static QObject& programs();
+
 Q_SIGNALS:
   void opened();
   void failed();

@@ -113,8 +113,21 @@ TEST_F(StubbedDesktopMail, AProgramThatCannotBeStartedIsToldAndForgotten) {
   expectNoProgram();
   press("mailProgram");
   EXPECT_TRUE(waitFor([this] {
-    return boxes_.isDone() && QCoreApplication::instance()->findChildren<QProcess*>().isEmpty();
+    return boxes_.isDone() && DesktopMail::programs().findChildren<QProcess*>().isEmpty();
   }));
+}
+
+TEST_F(StubbedDesktopMail, AProgramThatRunsOnBelongsToNothingThatEndsWithOurs) {
+  install("xdg-email", "until [ -e '" + at("closed").string() + "' ]; do :; done");
+  openFilled("");
+  press("mailProgram");
+  EXPECT_TRUE(waitFor([this] { return std::filesystem::exists(at("told")); }));
+  press("cmdClose");
+  QCoreApplication::processEvents();
+  EXPECT_TRUE(QCoreApplication::instance()->findChildren<QProcess*>().isEmpty());
+  EXPECT_EQ(DesktopMail::programs().findChildren<QProcess*>().size(), 1);
+  writeBytes(at("closed"), "");
+  EXPECT_TRUE(waitFor([] { return DesktopMail::programs().children().isEmpty(); }));
 }
 
 TEST_F(StubbedDesktopMail, AMailThatNoProgramTookLeavesNothing) {
