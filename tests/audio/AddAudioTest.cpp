@@ -27,6 +27,17 @@ private:
 
 /// Where nobody hears anything: what is played takes its time all the same.
 class AddAudioTest : public AddAudioFixture {
+protected:
+  AddAudio& playSoundAndDisc() {
+    attach("00001.wav", silentWave(lowQuality, 60'000));
+    auto& dialog = openTab(Disc);
+    EXPECT_TRUE(waitFor([&] { return disc(dialog).isOpen(); }));
+    transport(dialog, "play");
+    transport(dialog, "play", "MMControl2");
+    return dialog;
+  }
+
+private:
   NoSoundDaemon noSound_;
 };
 
@@ -370,11 +381,7 @@ TEST_F(AddAudioTest, EscapeIsTheCommandToClose) {
 
 TEST_F(AddAudioTest, TheClosingCommandSilencesTheSoundAndTheDisc) {
   const ScopedVariable drive("HEARTHBOOK_DISC", makeDisc(source_, {400}, 3).string());
-  attach("00001.wav", silentWave(lowQuality, 60'000));
-  auto& dialog = openTab(Disc);
-  ASSERT_TRUE(waitFor([&] { return disc(dialog).isOpen(); }));
-  transport(dialog, "play");
-  transport(dialog, "play", "MMControl2");
+  auto& dialog = playSoundAndDisc();
   const Modes ofSound(sound(dialog));
   const Modes ofDisc(disc(dialog));
   expectClosing(MsgAnswer::Cancel);
@@ -404,11 +411,7 @@ TEST_F(AddAudioTest, TheClosingCommandOfTheTabForFilesSilencesTheChosenFile) {
 
 TEST_F(AddAudioTest, UnloadingByOtherMeansIsSilentAndAsksNothing) {
   const ScopedVariable drive("HEARTHBOOK_DISC", makeDisc(source_, {400}, 3).string());
-  attach("00001.wav", silentWave(lowQuality, 60'000));
-  auto& dialog = openTab(Disc);
-  ASSERT_TRUE(waitFor([&] { return disc(dialog).isOpen(); }));
-  transport(dialog, "play");
-  transport(dialog, "play", "MMControl2");
+  auto& dialog = playSoundAndDisc();
   const Modes ofSound(sound(dialog));
   const Modes ofDisc(disc(dialog));
   dialog.close();

@@ -97,6 +97,16 @@ def accept(person, report):
     return count
 
 
+def add_all_photographs(person, folder, count):
+    """Adds every file of the folder, of which there are so many, to the album that is being built."""
+    dialog, files = open_add_from_file(person, folder, count)
+    select(person, files, 0, count - 1)
+    added = accept(person, insert(person, dialog))
+    if added != count:
+        raise Failure(f"{added} of {count} photographs are added")
+    leave_add_from_file(person)
+
+
 def leave_add_from_file(person):
     dialog = person.window("Add From File")
     person.click(person.find("push button", "Done", within=dialog))

@@ -19,10 +19,7 @@ def changed(person):
 
 def bring_photographs(person, home):
     steps.start_building(person)
-    dialog, files = steps.open_add_from_file(person, home.pictures, len(NAMES))
-    steps.select(person, files, 0, len(NAMES) - 1)
-    steps.accept(person, steps.insert(person, dialog))
-    steps.leave_add_from_file(person)
+    steps.add_all_photographs(person, home.pictures, len(NAMES))
 
 
 def change_three(person):

@@ -25,10 +25,7 @@ EVENT = "The wedding"
 
 def add_photographs(person, home):
     steps.open_build_album(person)
-    dialog, files = steps.open_add_from_file(person, home.pictures, len(NAMES))
-    steps.select(person, files, 0, len(NAMES) - 1)
-    expect(steps.accept(person, steps.insert(person, dialog)) == len(NAMES), "all photographs are added")
-    steps.leave_add_from_file(person)
+    steps.add_all_photographs(person, home.pictures, len(NAMES))
     steps.go(person, ">>|", len(NAMES) + 1)
     steps.add_to_list(person, "Add Event", EVENT)
     steps.go(person, "<<", len(NAMES))

@@ -20,10 +20,7 @@ COUNT = len(NAMES) + 1  # with the photo that every album begins with
 
 def add_photographs(person, home):
     steps.open_build_album(person)
-    dialog, files = steps.open_add_from_file(person, home.pictures, len(NAMES))
-    steps.select(person, files, 0, len(NAMES) - 1)
-    expect(steps.accept(person, steps.insert(person, dialog)) == len(NAMES), "all photographs are added")
-    steps.leave_add_from_file(person)
+    steps.add_all_photographs(person, home.pictures, len(NAMES))
     steps.go(person, ">>|", COUNT)
     steps.describe(person, "1989", "Clara & Henry in front of the chapel")
 

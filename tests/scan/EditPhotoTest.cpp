@@ -40,6 +40,14 @@ protected:
         toQString("The photo was not updated: what you have changed will be lost."),
         toQString("Edit Image"), MsgIcon::Exclamation, MsgButtons::OkCancel, answer);
   }
+  void expectCloseToAsk(const Scan& scan) {
+    expectLosingEdits(MsgAnswer::Cancel);
+    press(scan, "BtnClose");
+    ASSERT_NE(Forms::loaded<Scan>(), nullptr);
+    expectLosingEdits(MsgAnswer::Ok);
+    press(scan, "BtnClose");
+    EXPECT_EQ(Forms::loaded<Scan>(), nullptr);
+  }
   std::vector<std::string> rows() {
     std::vector<std::string> all;
     Recordset rows(data().AlbumDB);
@@ -180,12 +188,7 @@ TEST_F(EditPhoto, AFailedUpdateIsReportedAndThePhotoStays) {
 TEST_F(EditPhoto, ClosingWithoutUpdatingAsksFirst) {
   auto& scan = openPhoto();
   press(scan, "Command11");
-  expectLosingEdits(MsgAnswer::Cancel);
-  press(scan, "BtnClose");
-  ASSERT_NE(Forms::loaded<Scan>(), nullptr);
-  expectLosingEdits(MsgAnswer::Ok);
-  press(scan, "BtnClose");
-  EXPECT_EQ(Forms::loaded<Scan>(), nullptr);
+  expectCloseToAsk(scan);
   EXPECT_EQ(readBytes(photo_), original_);
 }
 
@@ -401,12 +404,7 @@ TEST_F(EditPhoto, ClosingAPageThatCameByScanAgainAsksFirst) {
   willSend(corners({300, 200}));
   const auto& scan = openPhoto();
   press(scan, "Command2");
-  expectLosingEdits(MsgAnswer::Cancel);
-  press(scan, "BtnClose");
-  ASSERT_NE(Forms::loaded<Scan>(), nullptr);
-  expectLosingEdits(MsgAnswer::Ok);
-  press(scan, "BtnClose");
-  EXPECT_EQ(Forms::loaded<Scan>(), nullptr);
+  expectCloseToAsk(scan);
 }
 
 TEST_F(EditPhoto, AnUpdateWhoseThumbnailFailsIsToldAsThatAndCanBeTriedAgain) {

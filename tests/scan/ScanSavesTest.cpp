@@ -25,6 +25,16 @@ protected:
     boxes_.expectMessage(toQString("File Could Not Be Saved, Please Scan Photo Again"),
                          toQString("Save Selected"), MsgIcon::Exclamation);
   }
+  /// A rectangle was to be saved where no photo can be put.
+  Scan& saveWithoutAFolder() {
+    auto& scan = openWith(page_);
+    fs::rename(at("Photos"), at("Photos away"));
+    writeBytes(at("Photos"), "no folder");
+    draw(scan, {100, 100}, {300, 200});
+    expectNotSaved();
+    press(scan, "Command1");
+    return scan;
+  }
   std::string lastId() {
     photos().MoveLast();
     return photos().Collect("PictureID").toText();
@@ -110,12 +120,7 @@ TEST_F(ScanSaves, APrintThatWasTurnedAndBrightenedIsSavedSo) {
 }
 
 TEST_F(ScanSaves, APhotoThatCannotBeSavedIsToldAndItsRowStays) {
-  const auto& scan = openWith(page_);
-  fs::rename(at("Photos"), at("Photos away"));
-  writeBytes(at("Photos"), "no folder");
-  draw(scan, {100, 100}, {300, 200});
-  expectNotSaved();
-  press(scan, "Command1");
+  const auto& scan = saveWithoutAFolder();
   EXPECT_EQ(photos().RecordCount(), 2);
   EXPECT_TRUE(scan.page().selection().isThere()) << "so that it can be tried again";
   EXPECT_TRUE(scan.page().savedMarks().empty());
@@ -177,12 +182,7 @@ TEST_F(ScanSaves, OnePixelBecomesAPhoto) {
 }
 
 TEST_F(ScanSaves, WhyAPhotoCannotBeSavedStandsBelowThePageUntilTheRectangleMoves) {
-  const auto& scan = openWith(page_);
-  fs::rename(at("Photos"), at("Photos away"));
-  writeBytes(at("Photos"), "no folder");
-  draw(scan, {100, 100}, {300, 200});
-  expectNotSaved();
-  press(scan, "Command1");
+  const auto& scan = saveWithoutAFolder();
   EXPECT_EQ(hintOf(scan), "Cannot make the folder \"" + at("Photos").string() +
                               "\": a part of its path is not a folder.");
   QTest::keyClick(control(scan, "NotX1"), Qt::Key_Right);
