@@ -8,6 +8,8 @@
 #include <algorithm>
 #include <cstdlib>
 #include <cstring>
+#include <fstream>
+#include <mutex>
 #include <utility>
 
 #include <fcntl.h>
@@ -64,11 +66,26 @@ bool openEmptyTray(const std::filesystem::path& drive) {
   return isOpen;
 }
 
+/// The library takes an image's list of tracks apart by what all threads share, so one image at a
+/// time; one that comes slowly is waited for before it is its turn.
+CdIo_t* openedImage(const std::filesystem::path& image) {
+  std::ifstream(image).peek();
+  static std::mutex oneAtATime;
+  const std::lock_guard lock(oneAtATime);
+  return cdio_open(image.c_str(), DRIVER_BINCUE);
+}
+
+/// A drive waits for nobody: it may hang.
+CdIo_t* opened(const std::filesystem::path& drive) {
+  if (!isImage(drive))
+    return cdio_open(drive.c_str(), DRIVER_DEVICE);
+  return openedImage(drive);
+}
+
 } // namespace
 
 struct DiscSound::Disc {
-  explicit Disc(const std::filesystem::path& drive)
-      : disc(cdio_open(drive.c_str(), isImage(drive) ? DRIVER_BINCUE : DRIVER_DEVICE)) {}
+  explicit Disc(const std::filesystem::path& drive) : disc(opened(drive)) {}
   ~Disc() {
     if (disc)
       cdio_destroy(disc);

@@ -1,6 +1,12 @@
+#include "DiscSound.h"
 #include "MediaFixture.h"
+#include "RunTimeError.h"
 
 #include <QFutureWatcher>
+
+#include <atomic>
+#include <thread>
+#include <vector>
 
 namespace hearthbook {
 
@@ -35,6 +41,14 @@ protected:
       static_cast<void>(slow.letGo());
       return !player_.findChild<QFutureWatcherBase*>();
     });
+  }
+
+  static bool opensWhole(const std::filesystem::path& image) {
+    try {
+      return DiscSound(image).tracks() == 3;
+    } catch (const RunTimeError&) {
+      return false;
+    }
   }
 
   test::SoundDaemon daemon_;
@@ -200,6 +214,19 @@ TEST_F(MMControlDisc, AControlMayGoBeforeItsDriveAnswers) {
     static_cast<void>(drive.letGo());
     return test::threadsOfThisProgram() <= before;
   }));
+}
+
+TEST_F(MMControlDisc, AnImageCanBeOpenedBySeveralAtOnce) {
+  const std::filesystem::path image = test::makeDisc(at("disc"), {500, 900, 700}, 4);
+  std::atomic<int> failures = 0;
+  std::vector<std::jthread> openers(4);
+  for (std::jthread& opener : openers)
+    opener = std::jthread([&] {
+      for (int time = 0; time < 200; ++time)
+        failures += opensWhole(image) ? 0 : 1;
+    });
+  openers.clear();
+  EXPECT_EQ(failures, 0);
 }
 
 TEST_F(MMControlDisc, ADiscCannotBeRecordedOrSaved) {
