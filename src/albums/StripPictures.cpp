@@ -29,8 +29,7 @@ std::size_t placeBehindMove(std::size_t place, std::size_t from, std::size_t to)
 } // namespace
 
 struct StripPictures::Held {
-  std::filesystem::path file; ///< that is wanted
-  std::filesystem::path asked{};
+  std::filesystem::path file;
   Picture picture{};
   TwipsSize size{};
   bool waits = false;
@@ -40,39 +39,32 @@ struct StripPictures::Held {
 StripPictures::StripPictures(const Stage& stage, Source source,
                              std::function<void(std::size_t)> arrived)
     : stage_(stage), source_(std::move(source)), arrived_(std::move(arrived)),
-      pictures_(source_.loader, source_.pool, nullptr) {}
+      pictures_(source_.loader, source_.pool, source_.notFound) {}
 
 StripPictures::~StripPictures() = default;
 
 void StripPictures::load(std::size_t position, const std::string& photoId) {
-  const auto file = source_.fileOf(photoId).value_or(source_.notFound);
   auto& held = held_[position];
-  held = std::make_unique<Held>(Held{file});
-  request(*held, file);
+  held = std::make_unique<Held>(Held{source_.fileOf(photoId).value_or(source_.notFound)});
+  request(*held);
 }
 
-void StripPictures::request(Held& held, const std::filesystem::path& file) {
-  held.asked = file;
+void StripPictures::request(Held& held) {
   held.waits = true;
-  auto ticket = pictures_.load(
-      file,
+  held.ticket = pictures_.load(
+      held.file,
       [this](PixelSize picture) {
         const TwipsSize size = sizeInCell(picture);
         const QSize pixels = stage_.toDevicePixels({0, 0, size.width, size.height});
         return PixelSize{pixels.width(), pixels.height()};
       },
       [this, &held](const FittedPictures::Loaded& loaded) { arrived(held, loaded); });
-  if (held.asked == file) // otherwise a ready failure has asked for another one meanwhile
-    held.ticket = std::move(ticket);
 }
 
 void StripPictures::arrived(Held& held, const FittedPictures::Loaded& loaded) {
   held.waits = false;
-  if (loaded.picture.isNull()) {
-    if (held.asked != source_.notFound)
-      request(held, source_.notFound);
+  if (loaded.picture.isNull())
     return;
-  }
   held.picture = loaded.picture;
   held.size = sizeInCell(loaded.fullSize);
   const auto found =
@@ -89,7 +81,7 @@ void StripPictures::clear() { held_.clear(); }
 
 void StripPictures::loadAgain() {
   for (const auto& [position, held] : held_)
-    request(*held, held->file);
+    request(*held);
 }
 
 void StripPictures::move(std::size_t from, std::size_t to) {

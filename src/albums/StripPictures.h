@@ -52,7 +52,7 @@ public:
 
 private:
   struct Held;
-  void request(Held& held, const std::filesystem::path& file);
+  void request(Held& held);
   void arrived(Held& held, const FittedPictures::Loaded& loaded);
 
   const Stage& stage_;

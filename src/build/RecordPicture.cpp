@@ -11,7 +11,7 @@ namespace hearthbook {
 RecordPicture::RecordPicture(Stage& stage, PictureBox& image, PictureLoader& loader, WorkPool& pool,
                              QObject* parent)
     : QObject(parent), stage_(stage), image_(image),
-      pictures_(loader, pool, nullptr), box_{stage.rect(&image).width, stage.rect(&image).height} {
+      pictures_(loader, pool), box_{stage.rect(&image).width, stage.rect(&image).height} {
   connect(&stage_, &Stage::scaled, this, &RecordPicture::showAgain);
 }
 

@@ -26,12 +26,10 @@ FittedPictures::Fit CellPicture::fitOn(const Stage& stage) {
   };
 }
 
-void CellPicture::show(FittedPictures& pictures, const std::filesystem::path& file,
-                       const std::filesystem::path& notFound) {
+void CellPicture::show(FittedPictures& pictures, const std::filesystem::path& file) {
   clear();
   pictures_ = &pictures;
   file_ = file;
-  notFound_ = notFound;
   request();
 }
 
@@ -47,23 +45,17 @@ void CellPicture::request() {
   if (file_.empty())
     return;
   waits_ = true;
-  const std::filesystem::path asked = file_;
-  auto ticket =
-      pictures_->load(asked, fitOn(stage_), [this](const auto& loaded) { arrived(loaded); });
-  if (asked == file_) // otherwise a ready failure has asked for another one meanwhile
-    ticket_ = std::move(ticket);
+  ticket_ = pictures_->load(file_, fitOn(stage_), [this](const auto& loaded) { arrived(loaded); });
 }
 
 void CellPicture::arrived(const FittedPictures::Loaded& loaded) {
   waits_ = false;
-  if (!loaded.picture.isNull()) {
-    stage_.setRect(&image_, fittedInto(box_, loaded.fullSize));
-    image_.setPicture(loaded.picture);
-    stage_.update(); // it paints what is around the picture
-  } else if (file_ != notFound_) {
-    file_ = notFound_;
-    request();
-  }
+  if (loaded.picture.isNull())
+    return;
+  file_ = loaded.file;
+  stage_.setRect(&image_, fittedInto(box_, loaded.fullSize));
+  image_.setPicture(loaded.picture);
+  stage_.update(); // it paints what is around the picture
 }
 
 } // namespace hearthbook

@@ -21,9 +21,7 @@ public:
   CellPicture(Stage& stage, PictureBox& image, TwipsRect box)
       : stage_(stage), image_(image), box_(box) {}
 
-  /// `notFound` stands in for a file that cannot be read.
-  void show(FittedPictures& pictures, const std::filesystem::path& file,
-            const std::filesystem::path& notFound);
+  void show(FittedPictures& pictures, const std::filesystem::path& file);
   void clear();
   void request(); ///< the pixels for the present size of the stage
 
@@ -41,7 +39,6 @@ private:
   TwipsRect box_;
   FittedPictures* pictures_ = nullptr;
   std::filesystem::path file_; ///< empty where there is nothing to show
-  std::filesystem::path notFound_;
   FittedPictures::Ticket ticket_;
   bool waits_ = false;
 };

@@ -83,8 +83,7 @@ void ResultGrid::wire(ResultCell& cell) {
 }
 
 void ResultGrid::setSource(PictureLoader& loader, WorkPool& pool, std::filesystem::path notFound) {
-  pictures_ = std::make_unique<FittedPictures>(loader, pool, nullptr);
-  notFound_ = std::move(notFound);
+  pictures_ = std::make_unique<FittedPictures>(loader, pool, std::move(notFound));
 }
 
 void ResultGrid::showPhoto(int cell, const ResultPhoto& photo) {
@@ -94,7 +93,7 @@ void ResultGrid::showPhoto(int cell, const ResultPhoto& photo) {
   image.setToolTip(toQString(photo.toolTip));
   image.setAccessibleName(spokenName(photo));
   setSelected(cell, photo.isSelected);
-  at(cell).picture.show(*pictures_, photo.picture.file, notFound_);
+  at(cell).picture.show(*pictures_, photo.picture.file);
   setCurrent(std::min(current_, lastFilled()));
   update();
 }

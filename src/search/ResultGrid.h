@@ -69,7 +69,6 @@ private:
   void paintFocus(QPainter& painter) const;
 
   std::unique_ptr<FittedPictures> pictures_;
-  std::filesystem::path notFound_;
   std::array<std::unique_ptr<Place>, resultsPerPage> places_;
   int current_ = 0; ///< the cell that Tab reaches
 };

@@ -17,8 +17,8 @@ constexpr int patienceMs = 250;
 
 PagePictures::PagePictures(Stage& stage, const Photos& photos, PictureLoader& loader,
                            WorkPool& pool, std::filesystem::path notFound, QObject* parent)
-    : QObject(parent), stage_(stage), photos_(photos), pictures_(loader, pool, nullptr),
-      notFound_(std::move(notFound)) {
+    : QObject(parent), stage_(stage), photos_(photos),
+      pictures_(loader, pool, std::move(notFound)) {
   patience_.setSingleShot(true);
   patience_.setInterval(patienceMs);
   connect(&patience_, &QTimer::timeout, this, &PagePictures::clearLate);
@@ -28,12 +28,10 @@ PagePictures::PagePictures(Stage& stage, const Photos& photos, PictureLoader& lo
 void PagePictures::show(int cell, const std::filesystem::path& file) {
   Slot& slot = slots_[cell];
   slot.wanted = file;
-  auto ticket = pictures_.load(file, fitInto(cell),
+  slot.ticket = pictures_.load(file, fitInto(cell),
                                [this, cell](const auto& loaded) { arrived(cell, loaded); });
-  if (slot.wanted != file)
-    return; // it came at once, or another one stands in for it already
-  slot.ticket = std::move(ticket);
-  patience_.start();
+  if (slot.wanted)
+    patience_.start();
 }
 
 void PagePictures::clear(int cell) {
@@ -52,24 +50,20 @@ FittedPictures::Fit PagePictures::fitInto(int cell) const {
 }
 
 void PagePictures::arrived(int cell, const FittedPictures::Loaded& loaded) {
-  const auto file = std::exchange(slots_[cell].wanted, std::nullopt);
-  if (!file)
-    return;
-  if (loaded.picture.isNull())
-    return failed(cell, *file);
-  slots_[cell].shown = file;
+  slots_[cell].wanted.reset();
+  if (!loaded.picture.isNull())
+    place(cell, loaded);
+  else
+    photos_[cell]->clear();
+  beginAhead();
+}
+
+void PagePictures::place(int cell, const FittedPictures::Loaded& loaded) {
+  slots_[cell].shown = loaded.file;
   stage_.setRect(photos_[cell], FitImage(stage_.rect(photos_[cell]), loaded.fullSize.width,
                                          loaded.fullSize.height, photoSide, photoSide));
   photos_[cell]->setPicture(loaded.picture);
   Q_EMIT placed(cell);
-  beginAhead();
-}
-
-void PagePictures::failed(int cell, const std::filesystem::path& file) {
-  if (file != notFound_)
-    return show(cell, notFound_);
-  photos_[cell]->clear();
-  beginAhead();
 }
 
 void PagePictures::showAgain() {

@@ -61,7 +61,7 @@ private:
 
   [[nodiscard]] FittedPictures::Fit fitInto(int cell) const;
   void arrived(int cell, const FittedPictures::Loaded& loaded);
-  void failed(int cell, const std::filesystem::path& file);
+  void place(int cell, const FittedPictures::Loaded& loaded);
   void showAgain();
   void clearLate();
   void beginAhead();
@@ -69,7 +69,6 @@ private:
   Stage& stage_;
   Photos photos_;
   FittedPictures pictures_;
-  std::filesystem::path notFound_;
   std::array<Slot, photosOnPage> slots_;
   std::vector<Neighbour> ahead_;
   bool aheadIsDue_ = false; ///< not yet begun

@@ -33,30 +33,30 @@ PixelSize withinFile(PixelSize wanted, PixelSize full) {
 
 ZoomPicture::ZoomPicture(LargePhoto& image, PictureLoader& loader, WorkPool& pool,
                          std::filesystem::path notFound, Fit fit, QObject* parent)
-    : QObject(parent), image_(image), pictures_(loader, pool, nullptr),
-      notFound_(std::move(notFound)),
+    : QObject(parent), image_(image), pictures_(loader, pool, std::move(notFound)),
       fit_([fit = std::move(fit)](PixelSize own) { return withinReason(fit(own)); }) {}
 
 void ZoomPicture::show(const std::filesystem::path& file) {
   note_.clear();
-  load(file);
-}
-
-void ZoomPicture::load(const std::filesystem::path& file) {
   endSharpening();
   wanted_ = file;
-  auto ticket = pictures_.load(file, fit_, [this](const auto& loaded) { arrived(loaded); });
-  if (wanted_ == file)
-    ticket_ = std::move(ticket);
+  ticket_ = pictures_.load(file, fit_, [this](const auto& loaded) { arrived(loaded); });
 }
 
 void ZoomPicture::arrived(const FittedPictures::Loaded& loaded) {
-  const auto file = std::exchange(wanted_, std::nullopt);
-  if (!file)
-    return;
+  wanted_.reset();
+  if (!loaded.error.empty())
+    note_ = toQString(loaded.error);
   if (loaded.picture.isNull())
-    return failed(*file, toQString(loaded.error));
-  shown_ = file;
+    clear();
+  else
+    place(loaded);
+  if (!loaded.error.empty())
+    Q_EMIT broken(note_);
+}
+
+void ZoomPicture::place(const FittedPictures::Loaded& loaded) {
+  shown_ = loaded.file;
   fullSize_ = loaded.fullSize;
   image_.setPicture(loaded.picture);
   image_.setNote(note_);
@@ -69,14 +69,6 @@ void ZoomPicture::sharpenAgain(PixelSize decoded) {
   const PixelSize wanted = fit_(fullSize_);
   if (wanted != decoded)
     sharpen(wanted);
-}
-
-void ZoomPicture::failed(const std::filesystem::path& file, const QString& why) {
-  if (file == notFound_)
-    return clear();
-  note_ = why;
-  load(notFound_);
-  Q_EMIT broken(why);
 }
 
 void ZoomPicture::tell(const QString& note) {
@@ -111,15 +103,13 @@ void ZoomPicture::sharpen(PixelSize wanted) {
   setSharpening(size != image_.picture().size());
   if (!sharpening_)
     return;
-  auto ticket = pictures_.load(
+  sharper_ = pictures_.load(
       *shown_, [size](PixelSize) { return size; },
       [this](const auto& loaded) {
         setSharpening(false);
-        if (!loaded.picture.isNull())
+        if (loaded.error.empty())
           image_.setPicture(loaded.picture);
       });
-  if (sharpening_)
-    sharper_ = std::move(ticket);
 }
 
 void ZoomPicture::setSharpening(bool on) {
@@ -140,7 +130,7 @@ void ZoomPicture::adopt(const ZoomPicture& other) {
   tell(other.note_);
   Q_EMIT placed();
   if (other.wanted_)
-    load(*other.wanted_);
+    show(*other.wanted_);
 }
 
 void ZoomPicture::decodeAhead(std::vector<std::filesystem::path> files) {

@@ -51,17 +51,15 @@ Q_SIGNALS:
   void broken(const QString& why); ///< the photo that was asked for cannot be read
 
 private:
-  void load(const std::filesystem::path& file);
   void showNothing();
   void arrived(const FittedPictures::Loaded& loaded);
   void sharpenAgain(PixelSize decoded);
   void setSharpening(bool on);
   void endSharpening();
-  void failed(const std::filesystem::path& file, const QString& why);
+  void place(const FittedPictures::Loaded& loaded);
 
   LargePhoto& image_;
   FittedPictures pictures_;
-  std::filesystem::path notFound_;
   Fit fit_;
   std::vector<std::filesystem::path> ahead_;
   std::optional<std::filesystem::path> wanted_;

@@ -16,11 +16,12 @@ struct FittedPictures::Request {
   std::filesystem::path file;
   Fit fit;
   Callback callback;
+  std::string error{};
   PictureLoader::Ticket ticket{};
 };
 
-FittedPictures::FittedPictures(PictureLoader& loader, WorkPool& pool, QObject* parent)
-    : QObject(parent), loader_(loader), pool_(pool) {}
+FittedPictures::FittedPictures(PictureLoader& loader, WorkPool& pool, std::filesystem::path standIn)
+    : loader_(loader), pool_(pool), standIn_(std::move(standIn)) {}
 
 FittedPictures::~FittedPictures() = default;
 
@@ -53,14 +54,17 @@ void FittedPictures::remember(const ReadHead& read) {
 FittedPictures::Ticket FittedPictures::load(const std::filesystem::path& file, Fit fit,
                                             Callback callback) {
   auto request = std::make_shared<Request>(Request{file, std::move(fit), std::move(callback)});
-  if (const auto size = knownSize(file))
-    start(request, *size);
-  else
-    runBeside(
-        pool_, this, [file] { return readHead(file); },
-        [this, asked = std::weak_ptr(request)](const ReadHead& read) { headRead(asked, read); },
-        true);
+  begin(request);
   return request;
+}
+
+void FittedPictures::begin(const std::shared_ptr<Request>& request) {
+  if (const auto size = knownSize(request->file))
+    return start(request, *size);
+  runBeside(
+      pool_, this, [file = request->file] { return readHead(file); },
+      [this, asked = std::weak_ptr(request)](const ReadHead& read) { headRead(asked, read); },
+      true);
 }
 
 void FittedPictures::headRead(const std::weak_ptr<Request>& asked, const ReadHead& read) {
@@ -71,16 +75,31 @@ void FittedPictures::headRead(const std::weak_ptr<Request>& asked, const ReadHea
   if (read.head)
     start(request, read.head->size);
   else
-    request->callback({{}, {}, read.error.empty() ? read.file.string() : read.error});
+    fail(request, read.error.empty() ? read.file.string() : read.error);
+}
+
+/// What stands in may be broken itself: then there is nothing to show.
+void FittedPictures::fail(const std::shared_ptr<Request>& request, const std::string& why) {
+  if (request->error.empty())
+    request->error = why;
+  if (standIn_.empty() || request->file == standIn_)
+    return request->callback({.file = request->file, .error = request->error});
+  request->file = standIn_;
+  begin(request);
 }
 
 void FittedPictures::start(const std::shared_ptr<Request>& request, PixelSize size) {
-  request->ticket = loader_.load(
-      request->file, request->fit(size),
-      [asked = std::weak_ptr(request)](const PictureLoader::Loaded& loaded) {
-        if (const auto waiting = asked.lock())
-          waiting->callback({loaded.decoded.fullSize, loaded.decoded.picture, loaded.error});
-      });
+  request->ticket =
+      loader_.load(request->file, request->fit(size),
+                   [this, asked = std::weak_ptr(request)](const PictureLoader::Loaded& loaded) {
+                     const auto waiting = asked.lock();
+                     if (!waiting)
+                       return;
+                     if (loaded.decoded.picture.isNull())
+                       return fail(waiting, loaded.error);
+                     waiting->callback({waiting->file, loaded.decoded.fullSize,
+                                        loaded.decoded.picture, waiting->error});
+                   });
 }
 
 void FittedPictures::decodeAhead(const std::vector<std::filesystem::path>& files, const Fit& fit) {
@@ -98,7 +117,7 @@ void FittedPictures::decodeAhead(std::vector<Wish> wishes) {
       unknown.push_back(wish.file);
   const int number = ++wishes_;
   if (unknown.empty())
-    return begin(wishes);
+    return beginAhead(wishes);
   const auto readAll = [unknown] {
     std::vector<ReadHead> heads;
     heads.reserve(unknown.size());
@@ -111,11 +130,11 @@ void FittedPictures::decodeAhead(std::vector<Wish> wishes) {
               for (const ReadHead& head : heads)
                 remember(head);
               if (number == wishes_)
-                begin(wishes);
+                beginAhead(wishes);
             });
 }
 
-void FittedPictures::begin(const std::vector<Wish>& wishes) {
+void FittedPictures::beginAhead(const std::vector<Wish>& wishes) {
   std::vector<PictureWish> sized;
   for (const Wish& wish : wishes)
     if (const auto size = knownSize(wish.file))

@@ -19,14 +19,15 @@ namespace hearthbook {
 ///
 /// The head of a file tells the proportions. It is read beside the window's thread and
 /// remembered for as long as the file stays as it is, so that a picture that was decoded ahead
-/// is there at once.
+/// is there at once. Another picture may stand in for those that cannot be read.
 class FittedPictures : public QObject {
   Q_OBJECT
 public:
   struct Loaded {
-    PixelSize fullSize; ///< of the file's picture
-    Picture picture;    ///< none where `error` is not empty
-    std::string error;  ///< what went wrong, naming the file
+    std::filesystem::path file; ///< whose picture it is: the stand-in's where `error` is not empty
+    PixelSize fullSize{};       ///< of the file's picture
+    Picture picture{};          ///< none where nothing could stand in
+    std::string error{};        ///< why the file asked for cannot be shown, naming it
   };
   /// The size in device pixels at which a picture of this size is wanted; asked on the window's
   /// thread.
@@ -35,7 +36,8 @@ public:
   /// Letting it go forgets the request.
   using Ticket = std::shared_ptr<void>;
 
-  FittedPictures(PictureLoader& loader, WorkPool& pool, QObject* parent);
+  /// Nothing stands in where `standIn` is empty.
+  FittedPictures(PictureLoader& loader, WorkPool& pool, std::filesystem::path standIn = {});
   ~FittedPictures() override;
 
   /// If the picture is ready the callback runs before load() returns.
@@ -67,12 +69,15 @@ private:
   static ReadHead readHead(const std::filesystem::path& file);
   [[nodiscard]] std::optional<PixelSize> knownSize(const std::filesystem::path& file) const;
   void remember(const ReadHead& read);
+  void begin(const std::shared_ptr<Request>& request);
   void start(const std::shared_ptr<Request>& request, PixelSize size);
   void headRead(const std::weak_ptr<Request>& asked, const ReadHead& read);
-  void begin(const std::vector<Wish>& wishes);
+  void fail(const std::shared_ptr<Request>& request, const std::string& why);
+  void beginAhead(const std::vector<Wish>& wishes);
 
   PictureLoader& loader_;
   WorkPool& pool_;
+  std::filesystem::path standIn_;
   std::map<std::filesystem::path, Head> heads_;
   int wishes_ = 0; ///< counts decodeAhead(), so that a late head does not bring old wishes back
 };

@@ -44,7 +44,7 @@ protected:
                           QMetaObject::invokeMethod(QCoreApplication::instance(), std::move(task),
                                                     Qt::QueuedConnection);
                         }};
-  FittedPictures pictures_{loader_, pool_, nullptr};
+  FittedPictures pictures_{loader_, pool_};
   std::optional<FittedPictures::Loaded> arrived_;
 };
 
@@ -106,6 +106,32 @@ TEST_F(FittedPicturesTest, AMissingFileIsToldToo) {
   wait();
   EXPECT_TRUE(arrived_->picture.isNull());
   EXPECT_FALSE(arrived_->error.empty());
+}
+
+TEST_F(FittedPicturesTest, WhatStandsInForABrokenFileComesInItsPlaceAndTheFileIsTold) {
+  const auto standIn = jpeg("instead.jpg", {60, 20}, blue);
+  FittedPictures pictures(loader_, pool_, standIn);
+  writeBytes(folder_.path() / "broken.jpg", "no picture");
+  for (const auto& file : {folder_.path() / "broken.jpg", folder_.path() / "nowhere.jpg"}) {
+    arrived_.reset();
+    const auto ticket =
+        pictures.load(file, half, [this](const auto& loaded) { arrived_ = loaded; });
+    wait();
+    EXPECT_EQ(arrived_->file, standIn);
+    EXPECT_EQ(arrived_->fullSize, (PixelSize{60, 20}));
+    EXPECT_EQ(arrived_->picture.size(), (PixelSize{30, 10}));
+    EXPECT_NE(arrived_->error.find(file.filename().string()), std::string::npos);
+  }
+}
+
+TEST_F(FittedPicturesTest, WhereWhatStandsInIsBrokenTooNothingComesAndTheFirstIsTold) {
+  writeBytes(folder_.path() / "instead.jpg", "no picture");
+  FittedPictures pictures(loader_, pool_, folder_.path() / "instead.jpg");
+  const auto ticket = pictures.load(folder_.path() / "nowhere.jpg", half,
+                                    [this](const auto& loaded) { arrived_ = loaded; });
+  wait();
+  EXPECT_TRUE(arrived_->picture.isNull());
+  EXPECT_NE(arrived_->error.find("nowhere.jpg"), std::string::npos);
 }
 
 TEST_F(FittedPicturesTest, BrokenFilesDoNotKeepOthersFromBeingDecodedAhead) {
