@@ -93,13 +93,11 @@ void AddSubAlbum::load() {
 }
 
 void AddSubAlbum::setFaces() {
-  const auto media = [&](const char* file) {
-    return toQString(album_.folder.path(std::string("\\Media\\") + file));
-  };
-  setFace(Face::Grn, media("Btn_Grn.jpg"), {ui->Command1});
-  setFace(Face::Red, media("Btn_Red.jpg"), {ui->Command2});
-  setFace(Face::Org, media("Btn_Org.jpg"), {ui->OKButton, ui->Command3});
-  setFace(Face::Brn, media("Btn_Brn.jpg"), {ui->CancelButton});
+  const std::filesystem::path media = album_.folder.path("\\Media");
+  setFace(Face::Grn, media, {ui->Command1});
+  setFace(Face::Red, media, {ui->Command2});
+  setFace(Face::Org, media, {ui->OKButton, ui->Command3});
+  setFace(Face::Brn, media, {ui->CancelButton});
 }
 
 void AddSubAlbum::showOnPaper() {

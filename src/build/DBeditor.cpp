@@ -162,20 +162,18 @@ void DBeditor::load() {
 }
 
 void DBeditor::setFaces() {
-  const auto media = [&](const char* file) {
-    return toQString(album_.folder.path(std::string("\\Media\\") + file));
-  };
-  setFace(Face::Gry, media("Btn_Gry.jpg"),
+  const std::filesystem::path media = album_.folder.path("\\Media");
+  setFace(Face::Gry, media,
           {ui->FindPhoto, ui->Command18, ui->Command7, ui->Command6, ui->Command8, ui->PrevPhoto,
            ui->NextPhoto});
-  setFace(Face::Org, media("Btn_Org.jpg"),
+  setFace(Face::Org, media,
           {ui->Command1, ui->Command5, ui->Command13, ui->Command14, ui->Command15});
-  setFace(Face::Brn, media("Btn_Brn.jpg"), {ui->Command4});
-  setFace(Face::Red, media("Btn_Red.jpg"), {ui->Command16, ui->Command17});
-  setFace(Face::Grn, media("Btn_Grn.jpg"),
-          {ui->Command9, ui->Command10, ui->Command11, ui->Command19});
-  setFace(Face::Ylw, media("Btn_Ylw.jpg"), {ui->markName, ui->Command12});
-  marking_->setPictures(QPixmap(media("Marker.png")), QPixmap(media("MarkerIcon.ico")));
+  setFace(Face::Brn, media, {ui->Command4});
+  setFace(Face::Red, media, {ui->Command16, ui->Command17});
+  setFace(Face::Grn, media, {ui->Command9, ui->Command10, ui->Command11, ui->Command19});
+  setFace(Face::Ylw, media, {ui->markName, ui->Command12});
+  marking_->setPictures(QPixmap(toQString(media / "Marker.png")),
+                        QPixmap(toQString(media / "MarkerIcon.ico")));
   ui->Image2->setIcon(soundIcon());
 }
 

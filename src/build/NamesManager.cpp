@@ -72,12 +72,10 @@ void NamesManager::load() {
 }
 
 void NamesManager::setFaces() {
-  const auto media = [&](const char* file) {
-    return toQString(album_.folder.path(std::string("\\Media\\") + file));
-  };
-  setFace(Face::Grn, media("Btn_Grn.jpg"), {ui->Command1});
-  setFace(Face::Brn, media("Btn_Brn.jpg"), {ui->OKButton});
-  setFace(Face::Gry, media("Btn_Gry.jpg"), {ui->Command2});
+  const std::filesystem::path media = album_.folder.path("\\Media");
+  setFace(Face::Grn, media, {ui->Command1});
+  setFace(Face::Brn, media, {ui->OKButton});
+  setFace(Face::Gry, media, {ui->Command2});
 }
 
 void NamesManager::workOn(PeopleForm& caller) { caller_ = &caller; }

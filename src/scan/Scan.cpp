@@ -97,11 +97,9 @@ void Scan::wireControls() {
 }
 
 void Scan::setFaces() {
-  const auto media = [&](const char* file) {
-    return toQString(album_.folder.path(std::string("\\Media\\") + file));
-  };
-  setFace(Face::Grn, media("Btn_Grn.jpg"), {ui->Command1, ui->Command2, ui->Command7});
-  setFace(Face::Org, media("Btn_Org.jpg"),
+  const std::filesystem::path media = album_.folder.path("\\Media");
+  setFace(Face::Grn, media, {ui->Command1, ui->Command2, ui->Command7});
+  setFace(Face::Org, media,
           {ui->Command3, ui->Command4, ui->Command5, ui->Command6, ui->Command9, ui->Command10,
            ui->Command11, ui->Command12, ui->Command13, ui->Command14, ui->Command15,
            ui->Command16});

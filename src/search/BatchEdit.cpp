@@ -115,15 +115,12 @@ void BatchEdit::fillLists() {
 }
 
 void BatchEdit::setFaces() {
-  const auto media = [&](const char* file) {
-    return toQString(album_.folder.path(std::string("\\Media\\") + file));
-  };
-  setFace(Face::Org, media("Btn_Org.jpg"), {ui->Command4, ui->Command5});
-  setFace(Face::Brn, media("Btn_Brn.jpg"), {ui->Command1});
-  setFace(Face::Red, media("Btn_Red.jpg"), {ui->Command13, ui->Command8});
-  setFace(Face::Grn, media("Btn_Grn.jpg"),
-          {ui->Command9, ui->Command10, ui->Command11, ui->Command19});
-  setFace(Face::Ylw, media("Btn_Ylw.jpg"), {ui->Command12});
+  const std::filesystem::path media = album_.folder.path("\\Media");
+  setFace(Face::Org, media, {ui->Command4, ui->Command5});
+  setFace(Face::Brn, media, {ui->Command1});
+  setFace(Face::Red, media, {ui->Command13, ui->Command8});
+  setFace(Face::Grn, media, {ui->Command9, ui->Command10, ui->Command11, ui->Command19});
+  setFace(Face::Ylw, media, {ui->Command12});
 }
 
 void BatchEdit::showNote() {

@@ -110,15 +110,12 @@ void Search::load() {
 }
 
 void Search::setFaces() {
-  const auto media = [&](const char* file) {
-    return toQString(album_.folder.path(std::string("\\Media\\") + file));
-  };
-  setFace(Face::Grn, media("Btn_Grn.jpg"), {ui->Command1});
-  setFace(Face::Gry, media("Btn_Gry.jpg"),
-          {ui->Command2, ui->Command3, ui->Command12, ui->Command13});
-  setFace(Face::Org, media("Btn_Org.jpg"),
+  const std::filesystem::path media = album_.folder.path("\\Media");
+  setFace(Face::Grn, media, {ui->Command1});
+  setFace(Face::Gry, media, {ui->Command2, ui->Command3, ui->Command12, ui->Command13});
+  setFace(Face::Org, media,
           {ui->Command4, ui->Command5, ui->Command10, ui->Command11, ui->Command14});
-  setFace(Face::Brn, media("Btn_Brn.jpg"), {ui->Command9});
+  setFace(Face::Brn, media, {ui->Command9});
 }
 
 void Search::colourLabels() {

@@ -140,15 +140,11 @@ void Viewer::load() {
 }
 
 void Viewer::setFaces() {
-  const auto media = [&](const char* file) {
-    return toQString(album_.folder.path(std::string("\\Media\\") + file));
-  };
-  setFace(Face::Gry, media("Btn_Gry.jpg"),
-          {ui->Command1, ui->Command2, ui->Command7, ui->Command8});
-  setFace(Face::Org, media("Btn_Org.jpg"),
-          {ui->Command3, ui->Command5, ui->Command6, ui->Command9});
-  setFace(Face::Brn, media("Btn_Brn.jpg"), {ui->Command4});
-  const QPixmap arrow(media("Marker.png"));
+  const std::filesystem::path media = album_.folder.path("\\Media");
+  setFace(Face::Gry, media, {ui->Command1, ui->Command2, ui->Command7, ui->Command8});
+  setFace(Face::Org, media, {ui->Command3, ui->Command5, ui->Command6, ui->Command9});
+  setFace(Face::Brn, media, {ui->Command4});
+  const QPixmap arrow(toQString(media / "Marker.png"));
   ui->Picture1->setPixmap(arrow);
   for (int cell = 0; cell < photosOnPage; ++cell)
     cells_->at(cell).facts->setArrow(arrow);

@@ -166,15 +166,12 @@ void Zoom::load() {
 }
 
 void Zoom::setFaces() {
-  const auto media = [&](const char* file) {
-    return toQString(album_.folder.path(std::string("\\Media\\") + file));
-  };
-  setFace(Face::Grn, media("Btn_Grn.jpg"), {ui->Command4, ui->Command5});
-  setFace(Face::Gry, media("Btn_Gry.jpg"),
-          {ui->Command2, ui->Command3, ui->Command6, ui->Command7});
-  setFace(Face::Org, media("Btn_Org.jpg"), {ui->Command8});
-  setFace(Face::Red, media("Btn_Red.jpg"), {ui->Command1});
-  const QPixmap arrow(media("Marker.png"));
+  const std::filesystem::path media = album_.folder.path("\\Media");
+  setFace(Face::Grn, media, {ui->Command4, ui->Command5});
+  setFace(Face::Gry, media, {ui->Command2, ui->Command3, ui->Command6, ui->Command7});
+  setFace(Face::Org, media, {ui->Command8});
+  setFace(Face::Red, media, {ui->Command1});
+  const QPixmap arrow(toQString(media / "Marker.png"));
   area_->setArrow(arrow);
   facts_->setArrow(arrow);
 }

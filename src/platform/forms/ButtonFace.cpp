@@ -2,6 +2,7 @@
 
 #include "Look.h"
 #include "Stage.h"
+#include "Text.h"
 
 #include <QAbstractButton>
 #include <QEvent>
@@ -40,6 +41,24 @@ QColor plainColour(Face face) {
   return look::linen;
 }
 
+const char* pictureOf(Face face) {
+  switch (face) {
+  case Face::Gry:
+    return "Btn_Gry.jpg";
+  case Face::Org:
+    return "Btn_Org.jpg";
+  case Face::Brn:
+    return "Btn_Brn.jpg";
+  case Face::Red:
+    return "Btn_Red.jpg";
+  case Face::Grn:
+    return "Btn_Grn.jpg";
+  case Face::Ylw:
+    return "Btn_Ylw.jpg";
+  }
+  return "";
+}
+
 double worstContrast(const QColor& text, const QImage& face) {
   double worst = 21;
   for (int y = 0; y < face.height(); ++y)
@@ -61,7 +80,8 @@ struct FaceArt {
 
 /// The caption is dark or light, whichever reads better; where neither reads well enough the
 /// picture is made paler or deeper until it does.
-FaceArt makeArt(Face face, const QString& file) {
+FaceArt makeArt(Face face, const std::filesystem::path& media) {
+  const QString file = toQString(media / pictureOf(face));
   QImage picture;
   if (!QFile::exists(file) || !picture.load(file)) {
     picture = QImage(16, 16, QImage::Format_RGB32);
@@ -226,8 +246,9 @@ void FacePainter::paintTick(QPainter& painter, QRectF& room) const {
 
 } // namespace
 
-void setFace(Face face, const QString& file, std::initializer_list<QAbstractButton*> buttons) {
-  const auto art = std::make_shared<const FaceArt>(makeArt(face, file));
+void setFace(Face face, const std::filesystem::path& media,
+             std::initializer_list<QAbstractButton*> buttons) {
+  const auto art = std::make_shared<const FaceArt>(makeArt(face, media));
   for (QAbstractButton* button : buttons)
     new FacePainter(button, art);
 }

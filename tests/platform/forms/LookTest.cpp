@@ -138,28 +138,28 @@ TEST(ButtonFace, EveryFaceHasAReadableCaption) {
 
 TEST(ButtonFace, APictureTooPlainForTextIsMadePalerUntilItCanBeRead) {
   const TemporaryFolder folder;
-  const QString file = toQString((folder.path() / "Btn_Org.png").string());
+  const QString file = toQString(folder.path() / "Btn_Org.jpg");
   QImage grey(32, 16, QImage::Format_RGB32);
   grey.fill(QColor(0x78, 0x78, 0x78)); // neither ink nor white reads well on it
-  ASSERT_TRUE(grey.save(file));
+  ASSERT_TRUE(grey.save(file, "PNG")) << "each colour as it is";
   QPushButton button(QStringLiteral("MMMM"));
   button.resize(120, 40);
-  setFace(Face::Org, file, {&button});
+  setFace(Face::Org, folder.path(), {&button});
   EXPECT_GE(captionContrast(grabbed(button)), readable);
 }
 
 TEST(ButtonFace, ThePictureIsStretchedOverTheButton) {
   const TemporaryFolder folder;
-  const QString file = toQString((folder.path() / "Btn_Gry.png").string());
+  const QString file = toQString(folder.path() / "Btn_Gry.jpg");
   QImage halves(20, 10, QImage::Format_RGB32);
   halves.fill(QColor(250, 240, 160));
   for (int y = 0; y < 10; ++y)
     for (int x = 10; x < 20; ++x)
       halves.setPixelColor(x, y, QColor(180, 220, 250));
-  ASSERT_TRUE(halves.save(file));
+  ASSERT_TRUE(halves.save(file, "PNG")) << "each colour as it is";
   QPushButton button;
   button.resize(200, 60);
-  setFace(Face::Gry, file, {&button});
+  setFace(Face::Gry, folder.path(), {&button});
   const QImage shown = grabbed(button);
   EXPECT_EQ(shown.pixelColor(40, 30), QColor(250, 240, 160));
   EXPECT_EQ(shown.pixelColor(160, 30), QColor(180, 220, 250));
@@ -182,14 +182,14 @@ TEST(ButtonFace, StatesLookDifferent) {
 
 TEST(ButtonFace, APictureIsDarkerWhilePressedAndFadesWhereItCannotBeUsed) {
   const TemporaryFolder folder;
-  const QString file = toQString((folder.path() / "Btn_Grn.png").string());
+  const QString file = toQString(folder.path() / "Btn_Grn.jpg");
   QImage green(32, 16, QImage::Format_RGB32);
   green.fill(QColor(0x9c, 0xc2, 0x74));
-  ASSERT_TRUE(green.save(file));
+  ASSERT_TRUE(green.save(file, "PNG")) << "each colour as it is";
   QWidget form;
   QPushButton button(QStringLiteral("Add"), &form);
   button.resize(120, 40);
-  setFace(Face::Grn, file, {&button});
+  setFace(Face::Grn, folder.path(), {&button});
   const QColor atRest = ground(grabbed(button));
   EXPECT_EQ(atRest, QColor(0x9c, 0xc2, 0x74));
   button.setDown(true);
