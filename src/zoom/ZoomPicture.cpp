@@ -1,32 +1,19 @@
 #include "ZoomPicture.h"
 
 #include "LargePhoto.h"
+#include "Resample.h"
 #include "Text.h"
 
-#include <algorithm>
-#include <cmath>
-#include <cstdint>
 #include <utility>
 
 namespace hearthbook {
 
 namespace {
 
-/// What is decoded of one photo at most, in pixels; what is shown larger is stretched.
-constexpr double mostDecoded = 50e6;
-
-PixelSize withinReason(PixelSize wanted) {
-  const double pixels = static_cast<double>(wanted.width) * wanted.height;
-  if (pixels <= mostDecoded)
-    return wanted;
-  const double part = std::sqrt(mostDecoded / pixels);
-  return {std::max(1, static_cast<int>(wanted.width * part)),
-          std::max(1, static_cast<int>(wanted.height * part))};
-}
-
+/// What is shown larger is stretched.
 PixelSize withinFile(PixelSize wanted, PixelSize full) {
   const bool isMore = wanted.width > full.width || wanted.height > full.height;
-  return withinReason(isMore ? full : wanted);
+  return sizeOfAtMost(mostDecoded, isMore ? full : wanted);
 }
 
 } // namespace
@@ -34,7 +21,7 @@ PixelSize withinFile(PixelSize wanted, PixelSize full) {
 ZoomPicture::ZoomPicture(LargePhoto& image, PictureLoader& loader, WorkPool& pool,
                          std::filesystem::path notFound, Fit fit, QObject* parent)
     : QObject(parent), image_(image), pictures_(loader, pool, std::move(notFound)),
-      fit_([fit = std::move(fit)](PixelSize own) { return withinReason(fit(own)); }) {}
+      fit_([fit = std::move(fit)](PixelSize own) { return sizeOfAtMost(mostDecoded, fit(own)); }) {}
 
 void ZoomPicture::show(const std::filesystem::path& file) {
   note_.clear();

@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <cstddef>
 #include <vector>
 
@@ -130,6 +131,15 @@ PixelSize sizeWithin(PixelSize full, int longerSide) {
   const auto other =
       static_cast<int>(std::max<std::int64_t>(1, roundHalfEven(longerSide / longer * shorter)));
   return landscape ? PixelSize{longerSide, other} : PixelSize{other, longerSide};
+}
+
+PixelSize sizeOfAtMost(double pixels, PixelSize wanted) {
+  const double own = static_cast<double>(wanted.width) * wanted.height;
+  if (own <= pixels)
+    return wanted;
+  const double part = std::sqrt(pixels / own);
+  return {std::max(1, static_cast<int>(wanted.width * part)),
+          std::max(1, static_cast<int>(wanted.height * part))};
 }
 
 PixelSize uprightSize(PixelSize stored, int orientation) {

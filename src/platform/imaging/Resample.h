@@ -19,6 +19,14 @@ Picture uprighted(const Picture& picture, int orientation, WorkPool* pool = null
 /// that, the other in proportion, rounded half to even and at least 1.
 PixelSize sizeWithin(PixelSize full, int longerSide);
 
+/// What is decoded of one photo at most to be shown or printed, in pixels: 200 MB, and more than
+/// a screen or a sheet shows.
+inline constexpr double mostDecoded = 50e6;
+
+/// The size itself, or in its proportions the largest of no more than `pixels`; each side at least
+/// 1.
+PixelSize sizeOfAtMost(double pixels, PixelSize wanted);
+
 /// The size of a stored picture once it is upright.
 PixelSize uprightSize(PixelSize stored, int orientation);
 

@@ -2,6 +2,7 @@
 
 #include "Brightness.h"
 #include "Decode.h"
+#include "Resample.h"
 
 #include <algorithm>
 #include <cmath>
@@ -12,9 +13,6 @@
 namespace hearthbook {
 
 namespace {
-
-/// A photo that was magnified far over the sheet is not decoded for the parts beyond its edge.
-constexpr double mostPixels = 50e6;
 
 int pixelsAlong(double twips, int dotsPerInch) {
   constexpr double most = 1e6; // what is cut off by the rules below anyway
@@ -61,12 +59,7 @@ PixelSize printedPixels(TwipsRect place, PixelSize full, int dotsPerInch) {
   PixelSize wanted{pixelsAlong(place.width, dotsPerInch), pixelsAlong(place.height, dotsPerInch)};
   if (wanted.width >= full.width || wanted.height >= full.height)
     wanted = full;
-  const double pixels = static_cast<double>(wanted.width) * wanted.height;
-  if (pixels <= mostPixels)
-    return wanted;
-  const double part = std::sqrt(mostPixels / pixels);
-  return {std::max(1, static_cast<int>(wanted.width * part)),
-          std::max(1, static_cast<int>(wanted.height * part))};
+  return sizeOfAtMost(mostDecoded, wanted); // the parts beyond the sheet's edge are not printed
 }
 
 PrintedPixels pixelsForPrint(const SheetPicture& picture, const PrintSettings& settings) {

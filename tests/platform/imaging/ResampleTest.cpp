@@ -68,6 +68,12 @@ TEST(Resample, FittingAThreadLeavesOnePixel) {
   EXPECT_EQ(sizeWithin({1, 10'000}, 73), (PixelSize{1, 73}));
 }
 
+TEST(Resample, WhatIsLargerThanTheMostIsShrunkInItsProportions) {
+  EXPECT_EQ(sizeOfAtMost(4e6, {2000, 2000}), (PixelSize{2000, 2000}));
+  EXPECT_EQ(sizeOfAtMost(4e6, {8000, 2000}), (PixelSize{4000, 1000}));
+  EXPECT_EQ(sizeOfAtMost(100, {1, 10'000}), (PixelSize{1, 1000})) << "a thread stays one wide";
+}
+
 TEST(Resample, EveryOrientationIsPutUpright) {
   // Where the stored red, green, blue and white corners stand once upright.
   struct Expected {
