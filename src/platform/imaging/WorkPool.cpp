@@ -19,9 +19,10 @@ namespace {
 /// To the window's thread: with all cores decoding, a zoom step would wait for one of them. Where
 /// that is not allowed the work is done all the same.
 void giveWay() {
-#ifdef __linux__ // elsewhere a process is nice as a whole
-  constexpr int niceness = 5;
-  setpriority(PRIO_PROCESS, static_cast<id_t>(gettid()), niceness);
+#ifdef __linux__          // elsewhere a process is nice as a whole
+  constexpr int more = 5; // than the program, which may have been started as a nice one
+  const auto self = static_cast<id_t>(gettid());
+  setpriority(PRIO_PROCESS, self, getpriority(PRIO_PROCESS, self) + more);
 #endif
 }
 
