@@ -17,7 +17,6 @@
 #include "ui_AddAudio.h"
 
 #include <QCloseEvent>
-#include <QKeyEvent>
 #include <QScopeGuard>
 #include <QSignalBlocker>
 
@@ -303,14 +302,6 @@ void AddAudio::closeEvent(QCloseEvent* event) {
     return event->ignore();
   }
   Form::closeEvent(event);
-}
-
-void AddAudio::keyPressEvent(QKeyEvent* event) {
-  const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-  // Return there chooses a folder: the default button would attach what was chosen before.
-  if (isReturn && choice_->browser().hasFocus())
-    return;
-  Form::keyPressEvent(event);
 }
 
 } // namespace hearthbook

@@ -46,7 +46,6 @@ protected:
   void activated() override;
   bool unloading() override;
   void closeEvent(QCloseEvent* event) override;
-  void keyPressEvent(QKeyEvent* event) override;
 
 private:
   enum class Tab { Microphone, Disc, File };

@@ -15,7 +15,6 @@
 #include "UserActs.h"
 #include "ui_PickaPic.h"
 
-#include <QKeyEvent>
 #include <QResizeEvent>
 #include <QScopeGuard>
 #include <QScreen>
@@ -207,14 +206,6 @@ void PickaPic::showRunning(bool running) {
   running_ = running;
   ui->frmProgress->setVisible(running);
   ui->frmProgress->repaint();
-}
-
-void PickaPic::keyPressEvent(QKeyEvent* event) {
-  const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-  // Return there chooses a folder: the default button would add the files of the one before.
-  if (isReturn && browser_->hasFocus())
-    return;
-  Form::keyPressEvent(event);
 }
 
 bool PickaPic::eventFilter(QObject* watched, QEvent* event) {

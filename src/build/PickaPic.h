@@ -45,7 +45,6 @@ protected:
   void load() override;
   bool unloading() override;
   bool eventFilter(QObject* watched, QEvent* event) override;
-  void keyPressEvent(QKeyEvent* event) override;
 
 private:
   void wireControls();

@@ -12,7 +12,6 @@
 #include "UserActs.h"
 #include "ui_Export.h"
 
-#include <QKeyEvent>
 #include <QScopeGuard>
 #include <QScreen>
 
@@ -199,14 +198,6 @@ bool Export::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() == QEvent::Resize)
     placePhoto();
   return Form::eventFilter(watched, event);
-}
-
-void Export::keyPressEvent(QKeyEvent* event) {
-  const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-  // Return there chooses a folder: the default button would export to the one before.
-  if (isReturn && browser_->hasFocus())
-    return;
-  Form::keyPressEvent(event);
 }
 
 } // namespace hearthbook

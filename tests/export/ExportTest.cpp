@@ -6,6 +6,7 @@
 
 #include <gmock/gmock.h>
 
+#include <QApplication>
 #include <QGroupBox>
 #include <QLabel>
 #include <QPlainTextEdit>
@@ -322,6 +323,52 @@ TEST_F(ExportForm, WhatTheEditorHasNotStoredYetGoesOutToo) {
   expectClosingQuestion("Trip");
   exportNow(dialog);
   EXPECT_THAT(page("Trip/data/1.htm"), HasSubstr("Just typed"));
+}
+
+/// As on a desktop: while a box is shown the focus is in it, and it comes back later.
+class BoxesWithTheFocus : public BoxScript {
+public:
+  MsgAnswer message(const QString& text, const QString& title, MsgIcon icon,
+                    MsgButtons buttons) override {
+    if (QWidget* focused = QApplication::focusWidget())
+      focused->clearFocus();
+    return BoxScript::message(text, title, icon, buttons);
+  }
+};
+
+TEST_F(ExportForm, ReturnBehindAFolderThatIsNotThereExportsNothing) {
+  addTrip(1);
+  auto& dialog = openChosen();
+  dialog.activateWindow();
+  BoxesWithTheFocus boxes;
+  boxes.expectMessage(toQString("There is no folder /nowhere"), toQString("Export Sub-Album"),
+                      MsgIcon::Exclamation);
+  auto* line = control<QLineEdit>(dialog, "folderEdit");
+  line->setFocus();
+  line->setText(toQString("/nowhere"));
+  QTest::keyClick(line, Qt::Key_Return);
+  EXPECT_EQ(folderShown(dialog), base_.string());
+  EXPECT_THAT(namesIn(base_), IsEmpty());
+}
+
+TEST_F(ExportForm, AFolderThatVanishesIsNotExchangedForItsNeighbour) {
+  addTrip(1);
+  for (const char* name : {"A", "Stick", "Z"})
+    fs::create_directories(base_ / name);
+  auto& dialog = openChosen();
+  dialog.showFolder(base_ / "Stick");
+  wait(dialog);
+  const auto* tree = control<QTreeView>(dialog, "Dir1");
+  const auto siblings = [tree] { return tree->model()->rowCount(tree->currentIndex().parent()); };
+  ASSERT_TRUE(waitFor([&] { return siblings() == 3; }));
+  const QModelIndex parent = tree->currentIndex().parent();
+  fs::remove(base_ / "Stick");
+  ASSERT_TRUE(waitFor([&] { return tree->model()->rowCount(parent) == 2; }));
+  EXPECT_EQ(folderShown(dialog), (base_ / "Stick").string());
+  EXPECT_FALSE(tree->currentIndex().isValid()); // so that a click on any of them chooses it
+  boxes_.expectFailure(toQString("Stick"));
+  exportNow(dialog);
+  EXPECT_THAT(namesIn(base_), testing::UnorderedElementsAre("A", "Z"));
 }
 
 TEST_F(ExportForm, ReturnInTheFolderLineExportsNothing) {

@@ -9,17 +9,23 @@
 #include <QComboBox>
 #include <QEvent>
 #include <QFileSystemModel>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QSignalBlocker>
 #include <QStandardPaths>
 #include <QTreeView>
 
 #include <algorithm>
+#include <initializer_list>
 #include <utility>
 
 namespace hearthbook {
 
 namespace {
+
+bool isReturn(const QKeyEvent& event) {
+  return event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
+}
 
 std::filesystem::path standardFolder(QStandardPaths::StandardLocation location) {
   return toPath(QStandardPaths::writableLocation(location));
@@ -42,14 +48,16 @@ FolderBrowser::FolderBrowser(const Parts& parts, const Drives& machine, WorkPool
 void FolderBrowser::wireTree() {
   tree_->setFilter(QDir::Dirs | QDir::NoDotAndDotDot);
   tree_->setRootPath(QStringLiteral("/"));
+  // The tree makes a neighbour of a folder that vanishes its current one: nobody has chosen that.
+  connect(tree_, &QFileSystemModel::rowsAboutToBeRemoved, this, [this] { placing_ = true; });
   parts_.folders->setModel(tree_);
+  connect(tree_, &QFileSystemModel::rowsRemoved, this, &FolderBrowser::keepFolderChosen);
   for (int column = 1; column < tree_->columnCount(); ++column)
     parts_.folders->hideColumn(column);
   // The tree is read and sorted beside the window's thread: its rows move until it is. Once
   // the user has touched it, it stays where he left it.
   connect(tree_, &QFileSystemModel::directoryLoaded, this, &FolderBrowser::keepFolderInSight);
   connect(tree_, &QFileSystemModel::layoutChanged, this, &FolderBrowser::keepFolderInSight);
-  parts_.folders->installEventFilter(this);
   parts_.folders->viewport()->installEventFilter(this);
 }
 
@@ -62,12 +70,22 @@ void FolderBrowser::wireParts() {
               runCommand([=, this] { openFolder(toPath(tree_->filePath(folder))); });
           });
   setLostFocusRule(parts_.path, [this] { return goWhereTyped(); });
-  connect(parts_.path, &QLineEdit::returnPressed, this, asCommand([this] { goWhereTyped(); }));
+  // Return chooses a folder here. It goes no further: after a message about a folder that is not
+  // there the focus is nowhere, and a dialog's default button would work on the folder before.
+  for (QWidget* part : std::initializer_list<QWidget*>{parts_.drives, parts_.folders, parts_.path})
+    part->installEventFilter(this);
 }
 
 void FolderBrowser::keepFolderInSight() {
   if (seeking_)
     parts_.folders->scrollTo(parts_.folders->currentIndex());
+}
+
+void FolderBrowser::keepFolderChosen() {
+  const QModelIndex current = parts_.folders->currentIndex();
+  if (current.isValid() && toPath(tree_->filePath(current)) != folder_)
+    parts_.folders->setCurrentIndex({});
+  placing_ = false;
 }
 
 void FolderBrowser::setDriveTest(std::function<bool(const Drive& drive)> mayChoose) {
@@ -164,15 +182,17 @@ void FolderBrowser::showContent(const std::filesystem::path& folder, const Folde
     MsgBox(toQString(content.error), title_, MsgIcon::Exclamation);
 }
 
-bool FolderBrowser::hasFocus() const {
-  return parts_.drives->hasFocus() || parts_.folders->hasFocus() || parts_.path->hasFocus();
-}
-
 bool FolderBrowser::eventFilter(QObject* watched, QEvent* event) {
   const auto kind = event->type();
-  if (kind == QEvent::KeyPress || kind == QEvent::MouseButtonPress || kind == QEvent::Wheel)
+  const bool isInTree = watched != parts_.path && watched != parts_.drives;
+  if (isInTree &&
+      (kind == QEvent::KeyPress || kind == QEvent::MouseButtonPress || kind == QEvent::Wheel))
     seeking_ = false;
-  return QObject::eventFilter(watched, event);
+  if (kind != QEvent::KeyPress || !isReturn(*static_cast<QKeyEvent*>(event)))
+    return QObject::eventFilter(watched, event);
+  if (watched == parts_.path)
+    runCommand([this] { goWhereTyped(); });
+  return true;
 }
 
 } // namespace hearthbook

@@ -22,7 +22,8 @@ namespace hearthbook {
 class WorkPool;
 
 /// Lets the user go through the folders of the machine, by a list of drives, a tree of folders
-/// and a line with the folder's path. What a folder holds is read beside the window's thread.
+/// and a line with the folder's path. Return in them presses no button of the form. What a folder
+/// holds is read beside the window's thread.
 class FolderBrowser : public QObject {
   Q_OBJECT
 public:
@@ -49,8 +50,6 @@ public:
   [[nodiscard]] const std::filesystem::path& folder() const { return folder_; }
   /// True while the folder is being read.
   [[nodiscard]] bool isReading() const { return reading_; }
-  /// Return chooses a folder then, and presses no button.
-  [[nodiscard]] bool hasFocus() const;
 
 Q_SIGNALS:
   void driveTouched();
@@ -64,6 +63,7 @@ private:
   void wireParts();
   void wireTree();
   void keepFolderInSight();
+  void keepFolderChosen();
   void showDrives();
   void chooseDrive(int index);
   [[nodiscard]] Drive driveNow(char letter) const;
