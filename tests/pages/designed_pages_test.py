@@ -95,6 +95,25 @@ class DesignedPages(unittest.TestCase):
                                  ".getBoundingClientRect().top)")
             self.assertEqual(tops, sorted(tops))
 
+    def test_a_long_caption_leaves_its_photograph_as_wide_as_its_frame(self):
+        index, _ = self.make("Wedding", lambda tag: "Anna Maria Theresia of the house on the hill " * 3)
+        with self.browser.page(1366, 900) as page:
+            page.open(index.as_uri())
+            spare = page.evaluate("[...document.querySelectorAll('figure')].map(figure => figure.clientWidth"
+                                  " - figure.querySelector('img').clientWidth)")
+            self.assertLessEqual(max(spare), 24)
+            page.screenshot(KEEP / "Wedding-long-captions.png")
+
+    def test_on_a_very_large_screen_the_page_is_seen_from_afar(self):
+        index, _ = self.make("Wedding", words_of)
+        widths = []
+        for size in ((1366, 900), (3840, 2160)):
+            with self.browser.page(*size) as page:
+                page.open(index.as_uri())
+                widths.append(page.evaluate("document.querySelector('main').getBoundingClientRect().width"))
+                self.assertLessEqual(page.evaluate("document.documentElement.scrollWidth"), size[0])
+        self.assertGreater(widths[1], 1.5 * widths[0])
+
     def test_a_page_without_texts_is_a_page_all_the_same(self):
         for design in DESIGNS:
             with self.subTest(design=design), self.browser.page() as page:
