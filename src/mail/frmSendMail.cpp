@@ -19,6 +19,7 @@
 
 #include <QScreen>
 #include <QTextCursor>
+#include <QTextDocument>
 
 namespace hearthbook {
 
@@ -62,7 +63,7 @@ void frmSendMail::wireControls() {
   onCommand(ui->Command1, this, &frmSendMail::changeServer);       // "Change Server"
   onCommand(ui->cmdSend, this, &frmSendMail::send);                // "Send message"
   onCommand(ui->mailProgram, this, &frmSendMail::openMailProgram); // "Open in Mail Program"
-  onCommand(ui->cmdClose, this, &frmSendMail::Unload);             // "Cancel"
+  onCommand(ui->cmdClose, this, &frmSendMail::giveUp);             // "Cancel"
 }
 
 void frmSendMail::wireServer() {
@@ -220,7 +221,7 @@ void frmSendMail::openMailProgram() {
 /// A program may run for long; what is being sent by then is not broken off.
 void frmSendMail::mailProgramEnded() {
   if (ui->cmdSend->isEnabled())
-    Unload();
+    giveUp();
 }
 
 void frmSendMail::mailProgramFailed() {
@@ -236,12 +237,13 @@ void frmSendMail::showNote(const QString& note) {
 
 /// Only leaving is possible meanwhile.
 void frmSendMail::showSending(bool sending) {
+  if (sending)
+    setFocus(); // not on to Cancel, which a second Return would press
   ui->fields->setEnabled(!sending);
   allowSending(!sending);
   if (sending) {
     showNote({});
     panel_->show();
-    ui->cmdClose->setFocus();
   } else {
     panel_->hide();
     ui->cmdSend->setFocus();
@@ -271,12 +273,19 @@ void frmSendMail::act(const SmtpSession::Step& step) {
   panel_->setValue(step.progress);
   if (!step.close)
     return;
+  noteTaken();
   winsock_->Close();
   session_.reset();
   if (step.notice)
     return endSession(*step.notice);
   showNote(QStringLiteral("The mail server has taken the message."));
   showSending(false);
+}
+
+/// What the server has taken is not lost with the form.
+void frmSendMail::noteTaken() {
+  if (session_->state() == SmtpSession::State::Quit)
+    ui->txtMessage->document()->setModified(false);
 }
 
 void frmSendMail::endSession(const SmtpSession::Notice& notice) {
@@ -288,6 +297,7 @@ void frmSendMail::serverHungUp() {
   if (!session_)
     return;
   const auto good = session_->hungUp();
+  noteTaken();
   session_.reset();
   if (good)
     endSession(*good);
@@ -304,7 +314,23 @@ void frmSendMail::connectionFailed(int number, const QString& description) {
   showSending(false);
 }
 
+void frmSendMail::giveUp() {
+  ui->txtMessage->document()->setModified(false);
+  Unload();
+}
+
+/// Escape and the window's own cross ask first, where a letter was written.
+bool frmSendMail::mayDropMessage() const {
+  const bool isSending = !ui->fields->isEnabled();
+  return isSending || !ui->txtMessage->document()->isModified() ||
+         MsgBox(QStringLiteral("The message has not been sent. What you have written would be "
+                               "lost.\n\nClose without sending it?"),
+                mailTitle, MsgIcon::Question, MsgButtons::YesNo) == MsgAnswer::Yes;
+}
+
 bool frmSendMail::unloading() {
+  if (!mayDropMessage())
+    return false;
   closed_ = true;
   winsock_->Close();
   return true;

@@ -65,6 +65,8 @@ private:
   void openMailProgram();
   bool handOverPhotos(
       const std::function<void(const std::filesystem::path& photo, const std::string& jpeg)>& then);
+  void giveUp();
+  [[nodiscard]] bool mayDropMessage() const;
   void mailProgramEnded();
   void mailProgramFailed();
 
@@ -75,6 +77,7 @@ private:
   // What the server says
   void replyArrived(const std::string& text);
   void act(const SmtpSession::Step& step);
+  void noteTaken();
   void endSession(const SmtpSession::Notice& notice);
   void serverHungUp();
   void connectionFailed(int number, const QString& description);

@@ -211,10 +211,30 @@ TEST_F(SendMailForm, CancelClosesIt) {
   EXPECT_FALSE(isOpen());
 }
 
+TEST_F(SendMailForm, AWrittenLetterIsLostByEscapeOnlyAfterAQuestion) {
+  open();
+  QTest::keyClicks(control(form(), "txtMessage"), toQString("Dear Anna"));
+  for (const MsgAnswer answer : {MsgAnswer::No, MsgAnswer::Yes}) {
+    boxes_.expectQuestion(toQString("The message has not been sent. What you have written would be "
+                                    "lost.\n\nClose without sending it?"),
+                          toQString("E-Mail Photos"), MsgIcon::Question, MsgButtons::YesNo, answer);
+    QTest::keyClick(&form(), Qt::Key_Escape);
+    EXPECT_EQ(isOpen(), answer == MsgAnswer::No);
+  }
+}
+
+TEST_F(SendMailForm, CancelAsksNothing) {
+  open();
+  QTest::keyClicks(control(form(), "txtMessage"), toQString("Dear Anna"));
+  press("cmdClose");
+  EXPECT_FALSE(isOpen());
+}
+
 TEST_F(SendMailForm, TheFirstKeyTakesThePlaceOfTheHint) {
   open();
   QTest::keyClicks(control(form(), "txtMessage"), toQString("Dear Anna"));
   EXPECT_TRUE(message().starts_with("Dear Anna\n\nPicture 00001:")) << message();
+  press("cmdClose");
 }
 
 TEST_F(SendMailForm, EachPhotoOfTheListHasItsPicture) {

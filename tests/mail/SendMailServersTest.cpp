@@ -75,6 +75,38 @@ TEST_F(SendMailServers, ASilentServerLeavesThePanelUntilTheFormIsClosed) {
   EXPECT_TRUE(waitFor([&] { return server.isLeft(); }));
 }
 
+TEST_F(SendMailServers, ASecondReturnDoesNotCallTheMailBack) {
+  OddServer server([](QTcpSocket&, const std::string&) {});
+  openFilled(server.host());
+  control(form(), "cmdSend")->setFocus();
+  for (const bool sending : {false, true}) {
+    EXPECT_EQ(isSending(), sending);
+    QTest::keyClick(form().focusWidget() ? form().focusWidget() : &form(), Qt::Key_Return);
+    ASSERT_TRUE(isOpen());
+  }
+  EXPECT_TRUE(isSending());
+}
+
+TEST_F(SendMailServers, AnUnsentLetterIsAskedForAndASentOneIsNot) {
+  for (const bool accepts : {false, true}) {
+    OddServer server(agreesUntil(accepts ? stepsOfATalk : 0, "421 busy\r\n", accepts));
+    openFilled(server.host());
+    QTest::keyClicks(control(form(), "txtMessage"), toQString("!"));
+    if (accepts)
+      expectSent();
+    else
+      expectRefusal("421 busy\r\n");
+    send();
+    if (!accepts)
+      boxes_.expectQuestion(
+          toQString("The message has not been sent. What you have written would be "
+                    "lost.\n\nClose without sending it?"),
+          toQString("E-Mail Photos"), MsgIcon::Question, MsgButtons::YesNo, MsgAnswer::Yes);
+    QTest::keyClick(&form(), Qt::Key_Escape);
+    EXPECT_FALSE(isOpen());
+  }
+}
+
 TEST_F(SendMailServers, AServerThatHangsUpIsToldAtEveryStep) {
   mailSmallPhotos();
   openFilled("");
