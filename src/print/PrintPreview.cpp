@@ -7,7 +7,7 @@
 
 #include <QPainter>
 
-#include <algorithm>
+#include <cmath>
 #include <utility>
 
 namespace hearthbook {
@@ -27,6 +27,15 @@ std::vector<QImage> imagesAtHand(const PrintSheet& sheet, ColorMode colorMode) {
   return images;
 }
 
+/// Of a picture that is much larger than its place, painting would take single pixels.
+QImage asSmallAs(const QImage& image, const TwipsRect& place, double scale) {
+  const QSize size(static_cast<int>(std::lround(place.width * scale)),
+                   static_cast<int>(std::lround(place.height * scale)));
+  if (size.isEmpty() || (size.width() >= image.width() && size.height() >= image.height()))
+    return image;
+  return image.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+}
+
 } // namespace
 
 PrintPreview::PrintPreview(QWidget* parent) : QWidget(parent) {}
@@ -34,7 +43,19 @@ PrintPreview::PrintPreview(QWidget* parent) : QWidget(parent) {}
 void PrintPreview::showSheet(PrintSheet sheet, ColorMode colorMode) {
   sheet_ = std::move(sheet);
   images_ = imagesAtHand(sheet_, colorMode);
+  shownScale_ = 0;
   update();
+}
+
+/// `scale`: device pixels to the twip.
+void PrintPreview::shrinkImages(double scale) {
+  if (scale == shownScale_)
+    return;
+  shownScale_ = scale;
+  shown_.clear();
+  for (const PaintOperation& operation : sheet_.operations)
+    if (const auto* picture = std::get_if<SheetPicture>(&operation))
+      shown_.push_back(asSmallAs(images_.at(shown_.size()), picture->place, scale));
 }
 
 QRectF PrintPreview::sheetRect() const {
@@ -55,10 +76,12 @@ void PrintPreview::paintEvent(QPaintEvent*) {
   const QRectF paper = sheetRect();
   painter.fillRect(paper.translated(shadow, shadow), look::edge);
   painter.fillRect(paper, Qt::white);
+  const double scale = paper.width() / sheet_.paper.width;
+  shrinkImages(scale * devicePixelRatioF());
   painter.setClipRect(paper);
   painter.translate(paper.topLeft());
-  painter.scale(paper.width() / sheet_.paper.width, paper.height() / sheet_.paper.height);
-  paintSheet(painter, sheet_, [this](std::size_t picture) { return images_.at(picture); });
+  painter.scale(scale, scale);
+  paintSheet(painter, sheet_, [this](std::size_t picture) { return shown_.at(picture); });
 }
 
 } // namespace hearthbook

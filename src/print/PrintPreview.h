@@ -24,9 +24,12 @@ protected:
 
 private:
   [[nodiscard]] QRectF sheetRect() const;
+  void shrinkImages(double scale);
 
   PrintSheet sheet_;
   std::vector<QImage> images_; ///< of the sheet's pictures
+  std::vector<QImage> shown_;  ///< the same, as small as they are shown
+  double shownScale_ = 0;      ///< for which these are, 0 where they are not made yet
 };
 
 } // namespace hearthbook

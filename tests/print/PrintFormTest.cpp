@@ -329,6 +329,22 @@ TEST_F(PrintForm, BesideThePreviewStandsWhatTheSheetCutsOff) {
   EXPECT_EQ(sheetNote(form), QString());
 }
 
+/// Of lines as fine as those of type, each dark for two pixels and light for two.
+TEST(PrintPreviewOfASheet, MixesTheFineLinesOfAPictureThatItShowsSmall) {
+  Picture stripes = plain({800, 400}, white);
+  for (int y = 0; y < stripes.height(); ++y)
+    for (int x = 0; x < stripes.width(); ++x)
+      if (x % 4 < 2)
+        stripes.writableRow(y)[x] = 0xff000000;
+  PrintPreview preview;
+  preview.resize(128, 128); // 100 pixels for the paper
+  preview.showSheet({{10000, 10000}, {}, {SheetPicture{{0, 0, 10000, 5000}, {}, stripes}}},
+                    ColorMode::Color);
+  const QImage image = preview.grab().toImage();
+  for (int x = 16; x < 112; ++x)
+    EXPECT_NEAR(qGray(image.pixel(x, 30)), 127, 40) << x;
+}
+
 TEST_F(PrintForm, ThePreviewShowsThePhotoOnWhitePaper) {
   const frmPrint& form = open("Editor", editorPage());
   auto* preview = control<PrintPreview>(form, "preview");
