@@ -138,6 +138,8 @@ void DesignSurface::setPhoto(int index, const Picture& photo) {
   placeAt(index).isUnmade = true;
 }
 
+void DesignSurface::focusPhoto(int index) { placeAt(index).photo->setFocus(); }
+
 DesignSurface::Place& DesignSurface::placeAt(int index) {
   return places_.at(static_cast<std::size_t>(index));
 }

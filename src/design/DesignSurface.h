@@ -44,6 +44,7 @@ public:
   void tile(const Picture& ground);
 
   void setPhoto(int index, const Picture& photo);
+  void focusPhoto(int index);
   /// The box of that index, counted through all designs.
   [[nodiscard]] const DesignBox& box(int index) const;
 

@@ -17,6 +17,7 @@
 #include "Text.h"
 #include "ui_ExportDesigner.h"
 
+#include <QLineEdit>
 #include <QScreen>
 #include <QStringList>
 
@@ -102,6 +103,7 @@ ExportDesigner::ExportDesigner(Album& album, WorkPool& pool, DesignFiles files)
                            {DesignSearch::Event, ui->radEvent, ui->Combo3, "Search for event"}}},
       ui->frmThumbCells, album_.data.AlbumDB, this);
   makeTemplateButtons();
+  orderTabs();
   wireControls();
 }
 
@@ -122,6 +124,20 @@ void ExportDesigner::makeTemplateButtons() {
     onCommand(button, this, [this, &design] { chooseTemplate(design); });
     ++index;
   }
+}
+
+/// What is made here comes behind what was drawn: the choice of designs is to be the first stop,
+/// "Done" the last.
+void ExportDesigner::orderTabs() {
+  QWidget* last = surface_->findChildren<QLineEdit*>().back();
+  setTabOrder(last, ui->Command1);
+  last = ui->Command1;
+  for (auto* button : ui->templatePage->findChildren<QRadioButton*>()) {
+    setTabOrder(last, button);
+    last = button;
+  }
+  setTabOrder(last, ui->Command2);
+  setTabOrder(ui->Command2, ui->chkMusic);
 }
 
 void ExportDesigner::wireControls() {
@@ -145,6 +161,7 @@ void ExportDesigner::load() {
   chooser_->fillLists();
   chooseTemplate(pageDesigns().front());
   showRole(Role::Template);
+  ui->templatePage->findChild<QRadioButton*>()->setFocus();
 }
 
 void ExportDesigner::showRole(Role role) {
@@ -244,6 +261,7 @@ void ExportDesigner::returnToTemplates() {
   waiting_.reset();
   ui->ImgX1->clear();
   showRole(Role::Template);
+  surface_->focusPhoto(asked_);
 }
 
 std::filesystem::path ExportDesigner::CreatePage() {

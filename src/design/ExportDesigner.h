@@ -50,6 +50,7 @@ private:
   /// What the left panel is for, and with it the rest of the form.
   enum class Role { Template, Search, Region };
 
+  void orderTabs();
   void wireControls();
   void makeTemplateButtons();
   void showRole(Role role);

@@ -182,6 +182,38 @@ TEST_F(ExportDesignerTest, EscapeCancelsTheSearchAndNotTheDesign) {
   EXPECT_EQ(title(designer, "frameLeft"), "Select Template");
 }
 
+TEST_F(ExportDesignerTest, ReturnTakesTheMarkedRegionAndTheFocusIsOnItsBoxAgain) {
+  addPhotosOf("Clara", 2);
+  writeBytes(at("Photos/00002.jpg"), jpegOf(plain({300, 300}, red)));
+  auto& designer = open();
+  bringPhoto(designer, "Bride", "Clara");
+  QTest::keyClick(&region(designer), Qt::Key_Return);
+  EXPECT_EQ(title(designer, "frameLeft"), "Select Template");
+  EXPECT_FALSE(photoBox(designer, "Bride").picture().isNull());
+  EXPECT_EQ(designer.focusWidget(), &photoBox(designer, "Bride"));
+  leave(designer);
+}
+
+TEST_F(ExportDesignerTest, AfterCancelTheFocusIsOnTheBoxAgain) {
+  const auto& designer = open();
+  QTest::mouseClick(&photoBox(designer, "Groom"), Qt::LeftButton);
+  press(designer, "Command3");
+  EXPECT_EQ(designer.focusWidget(), &photoBox(designer, "Groom"));
+}
+
+TEST_F(ExportDesignerTest, TheKeyboardBeginsAtTheDesignsAndEndsAtDone) {
+  auto& designer = open();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&designer)); // only then is the choice one stop
+  const auto* first = member<QAbstractButton>(designer, "optTemplate", 0);
+  EXPECT_EQ(designer.focusWidget(), first);
+  QTest::keyClick(designer.focusWidget(), Qt::Key_Backtab, Qt::ShiftModifier);
+  EXPECT_EQ(designer.focusWidget(), control(designer, "Command1"));
+  QTest::keyClick(designer.focusWidget(), Qt::Key_Tab);
+  EXPECT_EQ(designer.focusWidget(), first);
+  QTest::keyClick(designer.focusWidget(), Qt::Key_Tab);
+  EXPECT_EQ(designer.focusWidget(), control(designer, "Command2"));
+}
+
 TEST_F(ExportDesignerTest, TheLastPhotoAskedForIsTheOneThatIsShown) {
   addPhotosOf("Clara", 3);
   writeBytes(at("Photos/00002.jpg"), jpegOf(plain({300, 300}, red)));
