@@ -14,6 +14,7 @@
 #include <ostream>
 #include <string_view>
 #include <system_error>
+#include <utility>
 
 namespace hearthbook {
 
@@ -86,7 +87,7 @@ void writePhoto(const Picture& picture, const PhotoPlaces& places) {
 }
 
 KeptPage::KeptPage(const ApplicationFolder& folder)
-    : file_(folder.path(backupFolder) / "Scanned page.jpg") {}
+    : file_(folder.path(backupFolder) / "Scanned page.jpg"), isLeftBehind_(fileExists(file_)) {}
 
 void KeptPage::keep(const Picture& page, int turn) {
   const std::string bytes = jpegBytes(page, photoFactor);
@@ -94,6 +95,8 @@ void KeptPage::keep(const Picture& page, int turn) {
   if (isForgotten_ || turn < newest_)
     return;
   newest_ = turn;
+  if (std::exchange(isLeftBehind_, false))
+    moveToTrash(file_, file_.parent_path());
   replaceWith(file_, bytes);
 }
 

@@ -47,7 +47,8 @@ public:
 void writePhoto(const Picture& picture, const PhotoPlaces& places);
 
 /// The last page of the scanner, on the disk until the form that shows it is closed, so that a
-/// crash does not cost a page. May be used from any thread.
+/// crash does not cost a page. May be used from any thread. A page that a crash has left behind
+/// goes to the trash when another one takes its place.
 class KeptPage {
 public:
   explicit KeptPage(const ApplicationFolder& folder);
@@ -63,6 +64,7 @@ private:
   std::mutex mutex_;
   int newest_ = 0;
   bool isForgotten_ = false;
+  bool isLeftBehind_;
 };
 
 } // namespace hearthbook

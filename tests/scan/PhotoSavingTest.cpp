@@ -123,6 +123,16 @@ TEST_F(PhotoSaving, TheScannedPageIsOnTheDiskUntilItIsForgotten) {
   EXPECT_FALSE(fs::exists(page.file())) << "what was still being written comes too late";
 }
 
+TEST_F(PhotoSaving, APageThatACrashHasLeftGoesToTheTrashWhenAnotherTakesItsPlace) {
+  KeptPage(album().folder).keep(grainy({90, 60}));
+  KeptPage page(album().folder);
+  page.keep(grainy({30, 20}), 1);
+  page.keep(grainy({50, 40}), 2);
+  EXPECT_EQ(readPictureInfo(folder_.trash() / "Scanned page.jpg").size, (PixelSize{90, 60}));
+  EXPECT_EQ(std::distance(fs::directory_iterator(folder_.trash()), {}), 1);
+  EXPECT_EQ(readPictureInfo(page.file()).size, (PixelSize{50, 40}));
+}
+
 TEST_F(PhotoSaving, AnOlderPageThatIsReadyLateDoesNotTakeThePlaceOfANewerOne) {
   KeptPage page(album().folder);
   page.keep(grainy({90, 60}), 2);

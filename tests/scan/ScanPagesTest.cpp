@@ -236,6 +236,9 @@ TEST_F(ScanPages, AnotherPageIsScannedWhereTheOldOneIsNotWanted) {
   expectKeptPage(MsgAnswer::No);
   const auto& scan = openWith(corners({300, 200}));
   EXPECT_TRUE(isSame(scan.page().picture(), corners({300, 200})));
+  finishPool();
+  EXPECT_TRUE(fs::exists(folder_.trash() / "Scanned page.jpg"))
+      << "the other one may be wanted yet";
 }
 
 TEST_F(ScanPages, AKeptPageThatCannotBeReadIsScannedAnew) {
