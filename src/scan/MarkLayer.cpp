@@ -87,10 +87,8 @@ bool MarkLayer::hasPage() const { return edit_ && isUsable_ && !edit_->isEmpty()
 
 void MarkLayer::setUsable(bool usable) {
   isUsable_ = usable;
-  if (!usable) {
-    pressedAt_.reset();
+  if (!usable)
     isPulling_ = false;
-  }
   buttons_->setUsable(usable);
 }
 
@@ -119,8 +117,13 @@ double MarkLayer::reach() const {
 
 void MarkLayer::mousePressEvent(QMouseEvent* event) {
   setFocus(Qt::MouseFocusReason);
-  if (!hasPage() || edit_->view().factor() <= 0 || event->button() != Qt::LeftButton)
+  if (!edit_ || edit_->isEmpty() || edit_->view().factor() <= 0 ||
+      event->button() != Qt::LeftButton)
     return;
+  if (!isUsable_) { // who is quick has begun the next rectangle while the last one is saved
+    pressedAt_ = event->position();
+    return;
+  }
   const PixelPoint place = PagePlaces(*edit_, *this).toPage(event->position());
   const Handle handle = edit_->selection().handleAt(place, reach());
   if (handle == Handle::None) {
@@ -146,8 +149,18 @@ void MarkLayer::mouseMoveEvent(QMouseEvent* event) {
 }
 
 void MarkLayer::pull(QPointF position) {
+  showMore(position);
   edit_->selection().pullTo(PagePlaces(*edit_, *this).toPage(position));
   changed();
+}
+
+/// What is pulled beyond the edge of a page that goes on there takes the page along.
+void MarkLayer::showMore(QPointF position) {
+  const auto beyond = [](double at, int end) { return at - std::clamp<double>(at, 0, end); };
+  const QPointF way(beyond(position.x(), width()), beyond(position.y(), height()));
+  const double toTwips = twipsPerPixel / Stage::scaleOf(this);
+  if (!way.isNull())
+    Q_EMIT scrollAsked(way.x() * toTwips, way.y() * toTwips);
 }
 
 void MarkLayer::mouseReleaseEvent(QMouseEvent* event) {

@@ -45,6 +45,7 @@ private:
   [[nodiscard]] double reach() const; ///< how near a handle is near, in pixels of the page
   void showPointer(QPointF position);
   void pull(QPointF position);
+  void showMore(QPointF position);
   bool pressArrow(int key, Qt::KeyboardModifiers held);
   bool removeSelection();
   void selectAll();

@@ -21,8 +21,11 @@ RegionButtons::RegionButtons(QWidget& layer) : QObject(&layer), layer_(layer) {}
 
 void RegionButtons::setUsable(bool usable) {
   isUsable_ = usable;
-  for (QPushButton* button : buttons_)
+  for (QPushButton* button : buttons_) {
+    if (!usable)
+      leave(*button);
     button->setEnabled(usable);
+  }
 }
 
 QPushButton* RegionButtons::makeButton() {
@@ -47,10 +50,12 @@ void RegionButtons::show(const ImageEdit& edit) {
     makeButton();
   const PagePlaces places(edit, layer_);
   for (std::size_t i = 0; i < buttons_.size(); ++i) {
-    const bool isShown = i < shown_.size();
+    const bool isShown = i < shown_.size() && isInSight(places.toWidget(shown_[i].place));
     if (isShown) {
       dress(*buttons_[i], shown_[i].reverts);
       buttons_[i]->setGeometry(placeOf(places.toWidget(shown_[i].place).toRect()));
+    } else {
+      leave(*buttons_[i]);
     }
     buttons_[i]->setVisible(isShown);
   }
@@ -66,6 +71,16 @@ void RegionButtons::dress(QPushButton& button, bool reverts) const {
   QFont small = layer_.font();
   small.setPointSizeF(smallPoints * Stage::scaleOf(&layer_) * 96.0 / layer_.logicalDpiY());
   button.setFont(small);
+}
+
+/// Else the keyboard would go on to any other command.
+void RegionButtons::leave(const QPushButton& button) {
+  if (layer_.window()->focusWidget() == &button)
+    layer_.setFocus();
+}
+
+bool RegionButtons::isInSight(const QRectF& region) const {
+  return region.intersects(QRectF(layer_.rect()));
 }
 
 /// Above the rectangle's right end, or inside where there is no room.

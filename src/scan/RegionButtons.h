@@ -28,6 +28,8 @@ Q_SIGNALS:
 private:
   QPushButton* makeButton();
   void dress(QPushButton& button, bool reverts) const;
+  void leave(const QPushButton& button);
+  [[nodiscard]] bool isInSight(const QRectF& region) const;
   [[nodiscard]] QRect placeOf(const QRect& region) const;
 
   QWidget& layer_;

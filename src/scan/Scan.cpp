@@ -66,27 +66,27 @@ Scan::~Scan() = default;
 
 void Scan::wireControls() {
   // What becomes of it
-  onCommand(ui->Command1, this, &Scan::save);            // "Save Selected", "Update Photo"
-  onCommand(ui->Command2, this, &Scan::scanAgain);       // "Scan Again"
-  onCommand(ui->Command7, this, &Scan::cutAndSaveAsNew); // "Cut And Save As New"
+  onCommandInTurn(ui->Command1, [this] { save(); });            // "Save Selected", "Update Photo"
+  onCommandInTurn(ui->Command2, [this] { scanAgain(); });       // "Scan Again"
+  onCommandInTurn(ui->Command7, [this] { cutAndSaveAsNew(); }); // "Cut And Save As New"
   // Put right
-  onCommand(ui->Command10, this, [this] { edit(edits::autoLevels); }); // "Auto Levels"
-  onCommand(ui->Command11, this, [this] { edit(edits::brighter); });   // "Brighter"
-  onCommand(ui->Command12, this, [this] { edit(edits::darken); });     // "Darken"
-  onCommand(ui->Command13, this, [this] { edit(edits::soften); });     // "Soften"
-  onCommand(ui->Command14, this, [this] { edit(edits::sharpen); });    // "Sharpen"
-  onCommand(ui->Command3, this, [this] { edit(edits::flip); });        // "Flip"
-  onCommand(ui->Command4, this, [this] { edit(edits::rotateRight); }); // "Rotate Right"
-  onCommand(ui->Command5, this, [this] { edit(edits::rotateLeft); });  // "Rotate Left"
-  onCommand(ui->Command6, this, &Scan::crop);                          // "Crop To Selection"
-  onCommand(ui->undoButton, this, &Scan::undo);
+  onCommandInTurn(ui->Command10, [this] { edit(edits::autoLevels); }); // "Auto Levels"
+  onCommandInTurn(ui->Command11, [this] { edit(edits::brighter); });   // "Brighter"
+  onCommandInTurn(ui->Command12, [this] { edit(edits::darken); });     // "Darken"
+  onCommandInTurn(ui->Command13, [this] { edit(edits::soften); });     // "Soften"
+  onCommandInTurn(ui->Command14, [this] { edit(edits::sharpen); });    // "Sharpen"
+  onCommandInTurn(ui->Command3, [this] { edit(edits::flip); });        // "Flip"
+  onCommandInTurn(ui->Command4, [this] { edit(edits::rotateRight); }); // "Rotate Right"
+  onCommandInTurn(ui->Command5, [this] { edit(edits::rotateLeft); });  // "Rotate Left"
+  onCommandInTurn(ui->Command6, [this] { crop(); });                   // "Crop To Selection"
+  onCommandInTurn(ui->undoButton, [this] { undo(); });
   // Looked at
-  onCommand(ui->Command15, this, &Scan::zoomIn); // "(+)  Zoom In"
+  onCommandInTurn(ui->Command15, [this] { zoomIn(); }); // "(+)  Zoom In"
   // Where + needs the Shift key, it is meant without it.
   connect(new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_Equal), this), &QShortcut::activated,
           ui->Command15, &QPushButton::click);
-  onCommand(ui->Command16, this, &Scan::zoomOut);     // "(--)  Zoom Out"
-  onCommand(ui->Command9, this, &Scan::originalSize); // "Original Size"
+  onCommandInTurn(ui->Command16, [this] { zoomOut(); });     // "(--)  Zoom Out"
+  onCommandInTurn(ui->Command9, [this] { originalSize(); }); // "Original Size"
   onCommand(ui->stopButton, this, &Scan::stop);
   onCommand(ui->BtnClose, this, &Scan::Unload); // "Close"
   // The page
@@ -94,6 +94,10 @@ void Scan::wireControls() {
   connect(ui->NotX1, &MarkLayer::buttonPressed, this, &Scan::pressRegionButton);
   connect(ui->NotX1, &MarkLayer::zoomAsked, this,
           [this](int steps) { runCommand([&] { zoomBy(steps); }); });
+}
+
+void Scan::onCommandInTurn(QAbstractButton* button, std::function<void()> command) {
+  onCommand(button, this, [this, command = std::move(command)] { doInTurn(command); });
 }
 
 void Scan::setFaces() {
@@ -138,14 +142,34 @@ void Scan::showUse() {
 }
 
 void Scan::updateEnabled() {
+  const bool isEditing = work_ == Work::Editing;
+  const bool takesCommands = !isBusy() || isEditing;
   for (QPushButton* button : findChildren<QPushButton*>())
-    if (button->objectName().contains(QStringLiteral("Command")))
-      button->setEnabled(areCommandsUsable_ && !isBusy());
-  ui->Command2->setEnabled(canScanAgain_ && !isBusy());
-  ui->undoButton->setEnabled(areCommandsUsable_ && edit_.canUndo() && !isBusy());
+    if (button != ui->Command2 && button->objectName().contains(QStringLiteral("Command")))
+      setUsable(*button, areCommandsUsable_ && takesCommands);
+  setUsable(*ui->Command2, canScanAgain_ && takesCommands);
+  setUsable(*ui->undoButton, areCommandsUsable_ && takesCommands && (edit_.canUndo() || isEditing));
   ui->NotX1->setUsable(areCommandsUsable_ && !isBusy());
-  ui->ProgressBar1->setVisible(isBusy());
-  ui->stopButton->setVisible(isBusy() && work_ != Work::Saving);
+  ui->ProgressBar1->setVisible(isWorkShown_);
+  setShown(*ui->stopButton, isWorkShown_ && work_ != Work::Saving);
+}
+
+void Scan::setUsable(QWidget& control, bool usable) {
+  if (!usable)
+    leave(control);
+  control.setEnabled(usable);
+}
+
+void Scan::setShown(QWidget& control, bool shown) {
+  if (!shown)
+    leave(control);
+  control.setVisible(shown);
+}
+
+/// The toolkit would hand the keyboard on to Close, where the next key would end it all.
+void Scan::leave(const QWidget& control) {
+  if (focusWidget() == &control)
+    ui->NotX1->setFocus();
 }
 
 void Scan::setCommands(bool usable, bool canScanAgain) {
@@ -189,37 +213,6 @@ void Scan::showHint() {
 }
 
 bool Scan::isSharp() const { return ui->ImgX1->isSharp(); }
-
-// ---- work beside the window's thread
-
-void Scan::beginWork(Work work, const QString& words) {
-  work_ = work;
-  ++job_;
-  if (work == Work::Saving)
-    hourglass_.emplace();
-  ui->ProgressBar1->setRange(0, 0);
-  updateEnabled();
-  say(words);
-}
-
-void Scan::endWork() {
-  work_ = Work::None;
-  hourglass_.reset();
-  said_.clear();
-  showPage();
-}
-
-void Scan::stop() {
-  if (work_ == Work::Scanning) {
-    isPageGivenUp_ = true;
-    return scanner_.cancel(); // it answers at once
-  }
-  const bool wasLoading = work_ == Work::Loading;
-  ++job_;
-  endWork();
-  if (wasLoading)
-    say(QStringLiteral("It was not opened."));
-}
 
 // ---- what is done with it
 
@@ -279,23 +272,30 @@ void Scan::carryOut(ImageEdit::Task task) {
 }
 
 void Scan::undo() {
+  said_.clear();
   edit_.undo();
   pageEdited();
 }
 
 void Scan::pressRegionButton(const RegionButton& button) {
+  said_.clear();
   edit_.press(button);
   pageEdited();
 }
 
 void Scan::zoomIn() {
   if (edit_.view().zoomIn())
-    showPage();
+    zoomed();
 }
 
 void Scan::zoomOut() {
   if (edit_.view().zoomOut())
-    showPage();
+    zoomed();
+}
+
+void Scan::zoomed() {
+  said_.clear();
+  showPage();
 }
 
 void Scan::zoomBy(int steps) {
@@ -305,7 +305,7 @@ void Scan::zoomBy(int steps) {
 
 void Scan::originalSize() {
   edit_.view().originalSize();
-  showPage();
+  zoomed();
 }
 
 } // namespace hearthbook

@@ -10,6 +10,7 @@
 #include "Scanner.h"
 #include "WorkPool.h"
 
+#include <deque>
 #include <exception>
 #include <filesystem>
 #include <functional>
@@ -17,6 +18,8 @@
 #include <optional>
 #include <string>
 #include <utility>
+
+class QAbstractButton;
 
 namespace Ui {
 class Scan;
@@ -32,7 +35,8 @@ struct PhotoPlaces;
 /// it becomes a photo of the album; or the photo of the editor is put right and written back.
 ///
 /// Opened by DBeditor, whose Tag says the use: "Scan" or "edit". What takes time is done beside
-/// the window's thread; meanwhile the commands wait and Stop gives up what can be given up.
+/// the window's thread; meanwhile the commands wait and Stop gives up what can be given up. While
+/// the page is edited they can be given already, and are carried out in turn.
 class Scan : public Form {
   Q_OBJECT
 public:
@@ -68,9 +72,16 @@ private:
   using AfterSaving = std::function<void(const Saved&)>;
 
   void wireControls();
+  void onCommandInTurn(QAbstractButton* button, std::function<void()> command);
+  void doInTurn(const std::function<void()>& command);
+  void doWhatWaits();
+  void dropWhatWaits();
   void setFaces();
   void showUse();
   void updateEnabled();
+  void setUsable(QWidget& control, bool usable);
+  void setShown(QWidget& control, bool shown);
+  void leave(const QWidget& control); ///< the keyboard goes to the page
   void showPage();
   void pageEdited(); ///< it is another one now than was written
   void showHint();
@@ -78,6 +89,7 @@ private:
 
   // Work beside the window's thread
   void beginWork(Work work, const QString& words);
+  void showWork(const QString& words);
   void endWork();
   void stop();
   /// What comes of the work is only wanted while nothing else was begun.
@@ -88,7 +100,9 @@ private:
           if (job != job_)
             return;
           endWork();
-          guarded([&] { then(std::move(result)); });
+          if (!guarded([&] { then(std::move(result)); }))
+            dropWhatWaits();
+          doWhatWaits();
         },
         true);
   }
@@ -118,6 +132,7 @@ private:
   void zoomIn();
   void zoomOut();
   void zoomBy(int steps);
+  void zoomed();
   void originalSize();
 
   // What becomes of it
@@ -139,15 +154,17 @@ private:
   std::unique_ptr<Ui::Scan> ui;
   ImageEdit edit_;
   Work work_ = Work::None;
-  std::optional<Hourglass> hourglass_; ///< while files are written
-  int job_ = 0;                        ///< what an older job brings is not wanted any more
+  bool isWorkShown_ = false;
+  std::deque<std::function<void()>> waiting_; ///< commands given while the page was edited
+  std::optional<Hourglass> hourglass_;        ///< while files are written
+  int job_ = 0;                               ///< what an older job brings is not wanted any more
   bool isEditUse_ = false;
   bool areCommandsUsable_ = false;
   bool canScanAgain_ = true;
   bool isUpdated_ = false;            ///< the photo has been written as it is shown
   bool isScanned_ = false;            ///< what is shown came from the scanner
   bool keepsPages_ = true;            ///< on the disk, until the form is closed
-  bool isCloseWished_ = false;        ///< as soon as what is being saved is saved
+  bool isCloseWished_ = false;        ///< as soon as what is being done is done
   bool isPageGivenUp_ = false;        ///< by the user; a scanner may cancel a page by itself
   QString said_;                      ///< stands in the hint until the next thing happens
   std::optional<FileStamp> loadedAs_; ///< the state of the photo's file when it was loaded

@@ -4,9 +4,12 @@
 #include "MarkLayer.h"
 #include "PageView.h"
 
+#include <QCoreApplication>
+#include <QMouseEvent>
 #include <QPainter>
 #include <QScrollBar>
 #include <QSignalBlocker>
+#include <QWheelEvent>
 
 namespace hearthbook {
 
@@ -77,6 +80,23 @@ void ScanArea::scrollBy(double right, double down) {
   edit_->view().scrollTo({at.x + right, at.y + down});
   showChanged();
 }
+
+// A rectangle around something at the page's edge begins beside the page.
+
+void ScanArea::mousePressEvent(QMouseEvent* event) { handOn(*event); }
+
+void ScanArea::mouseMoveEvent(QMouseEvent* event) { handOn(*event); }
+
+void ScanArea::mouseReleaseEvent(QMouseEvent* event) { handOn(*event); }
+
+void ScanArea::handOn(const QMouseEvent& event) {
+  QMouseEvent there(event.type(), parts_.marks->mapFromParent(event.position()),
+                    event.scenePosition(), event.globalPosition(), event.button(), event.buttons(),
+                    event.modifiers());
+  QCoreApplication::sendEvent(parts_.marks, &there);
+}
+
+void ScanArea::wheelEvent(QWheelEvent* event) { QCoreApplication::sendEvent(parts_.marks, event); }
 
 void ScanArea::paintEvent(QPaintEvent*) { QPainter(this).fillRect(QWidget::rect(), look::desk); }
 

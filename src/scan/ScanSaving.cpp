@@ -135,6 +135,10 @@ bool Scan::unloading() {
     say(QStringLiteral("This closes as soon as the photo is saved."));
     return false;
   }
+  if (work_ == Work::Editing) { // what was asked for before comes first
+    isCloseWished_ = true;
+    return false;
+  }
   if (!mayDropEdits())
     return false;
   if (work_ == Work::Scanning)

@@ -269,6 +269,31 @@ TEST_F(EditPhoto, ScanAgainAsksBeforeItDropsWhatWasChanged) {
   press(scan, "BtnClose");
 }
 
+TEST_F(EditPhoto, CloseWhileAnEditRunsAsksAboutThatEditToo) {
+  const auto& scan = openPhoto();
+  auto held = holdPool();
+  FormControls::press(scan, "Command11");
+  FormControls::press(scan, "BtnClose");
+  expectLosingEdits(MsgAnswer::Cancel);
+  held.reset();
+  settle();
+  ASSERT_NE(Forms::loaded<Scan>(), nullptr);
+  EXPECT_TRUE(scan.page().canUndo());
+  expectLosingEdits(MsgAnswer::Ok);
+  press(scan, "BtnClose");
+}
+
+TEST_F(EditPhoto, WhatWasAskedForBeforeCloseIsDoneFirst) {
+  const auto& scan = openPhoto();
+  const Picture before = scan.page().picture();
+  auto held = holdPool();
+  for (const char* name : {"Command4", "Command4", "Command1", "BtnClose"})
+    FormControls::press(scan, name);
+  held.reset();
+  waitUntil([] { return !Forms::loaded<Scan>(); });
+  EXPECT_EQ(readBytes(photo_), jpegOf(rotated(before, 180), 0));
+}
+
 TEST_F(EditPhoto, AFailedScanAgainLeavesNothingButCloseAndThePhotoAsItWas) {
   const auto& scan = openPhoto();
   press(scan, "Command11");
@@ -334,7 +359,7 @@ TEST_F(EditPhoto, APictureTooLongForAJpegIsToldAndTheOldPhotoStaysWhole) {
   EXPECT_EQ(readBytes(photo_), original_);
   EXPECT_TRUE(namesIn(folder_.trash()).empty());
   press(scan, "Command9");
-  draw(scan, {100, 1}, {400, 9});
+  draw(scan, {35000, 1}, {35300, 9});
   press(scan, "Command6");
   press(scan, "Command1");
   EXPECT_EQ(Forms::loaded<Scan>(), nullptr);

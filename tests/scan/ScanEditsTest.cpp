@@ -5,15 +5,11 @@
 #include "Stage.h"
 #include "WaitFor.h"
 
-#include <gmock/gmock.h>
-
 #include <QScrollBar>
 
 namespace hearthbook::test {
 
 namespace {
-
-using testing::ElementsAre;
 
 class ScanEdits : public ScanFixture {
 protected:
@@ -337,12 +333,119 @@ TEST_F(ScanEdits, WhatAStoppedEditHasShownBeforehandGoesAway) {
   EXPECT_LT(distance(middle(), red), 3);
 }
 
-TEST_F(ScanEdits, WhileAnEditRunsCommandsWait) {
+TEST_F(ScanEdits, CommandsGivenWhileAnEditRunsAreCarriedOutInTurn) {
   const auto& scan = openWith(page_);
-  FormControls::press(scan, "Command11");
-  EXPECT_THAT(usableCommands(scan), ElementsAre("BtnClose", "stopButton"));
+  auto held = holdPool();
+  for (const char* name : {"Command4", "Command4", "Command11", "Command15"})
+    FormControls::press(scan, name);
+  EXPECT_TRUE(isSame(scan.page().picture(), page_));
+  held.reset();
   settle();
-  EXPECT_TRUE(isEnabled(scan, "Command11"));
+  EXPECT_TRUE(isSame(scan.page().picture(), withLightness(rotated(page_, 180), 10)));
+  EXPECT_EQ(scan.page().view().factor(), 1.25);
+}
+
+TEST_F(ScanEdits, StopGivesUpWhatWaitsForItsTurnToo) {
+  const auto& scan = openWith(page_);
+  auto held = holdPool();
+  for (const char* name : {"Command11", "Command4", "BtnClose", "stopButton"})
+    FormControls::press(scan, name);
+  held.reset();
+  finishPool();
+  EXPECT_FALSE(scan.isBusy());
+  ASSERT_NE(Forms::loaded<Scan>(), nullptr);
+  EXPECT_TRUE(isSame(scan.page().picture(), page_));
+}
+
+TEST_F(ScanEdits, WhatIsDoneInAMomentIsNotAnnounced) {
+  const auto& scan = openWith(page_);
+  auto held = holdPool();
+  const std::string hint = hintOf(scan);
+  FormControls::press(scan, "Command11");
+  EXPECT_EQ(hintOf(scan), hint);
+  EXPECT_FALSE(control(scan, "stopButton")->isVisible());
+  ASSERT_TRUE(waitFor([&] { return control(scan, "stopButton")->isVisible(); }));
+  EXPECT_EQ(hintOf(scan), "One moment ...");
+}
+
+TEST_F(ScanEdits, ACommandGivenByKeyKeepsTheKeyboardAndCanBeGivenAgain) {
+  const auto& scan = openWith(page_);
+  auto* brighter = control(scan, "Command11");
+  brighter->setFocus();
+  QTest::keyClick(brighter, Qt::Key_Space);
+  EXPECT_EQ(scan.focusWidget(), brighter);
+  QTest::keyClick(brighter, Qt::Key_Space);
+  settle();
+  EXPECT_EQ(scan.focusWidget(), brighter);
+  EXPECT_TRUE(isSame(scan.page().picture(), withLightness(withLightness(page_, 10), 10)));
+}
+
+TEST_F(ScanEdits, WhereNothingIsLeftToUndoTheKeyboardGoesToThePage) {
+  const auto& scan = openWith(page_);
+  press(scan, "Command11");
+  auto* undo = control(scan, "undoButton");
+  undo->setFocus();
+  QTest::keyClick(undo, Qt::Key_Space);
+  EXPECT_FALSE(undo->isEnabled());
+  EXPECT_EQ(scan.focusWidget(), layer(scan));
+}
+
+TEST_F(ScanEdits, ASmallButtonPressedByKeyLeavesTheKeyboardOnThePage) {
+  const auto& scan = openWith(page_);
+  draw(scan, {100, 100}, {300, 200});
+  auto* close = regionButton(scan, "Close");
+  close->setFocus();
+  QTest::keyClick(close, Qt::Key_Space);
+  EXPECT_FALSE(scan.page().selection().isThere());
+  EXPECT_EQ(scan.focusWidget(), layer(scan));
+}
+
+TEST_F(ScanEdits, ARectangleMayBeginBesideThePage) {
+  const auto& scan = openWith(grainy({300, 400}));
+  auto* box = control(scan, "viewBox");
+  const QPoint corner = layer(scan)->geometry().topLeft();
+  ASSERT_GT(corner.x(), 10);
+  const QPoint inside = corner + QPoint(layer(scan)->width() / 2, layer(scan)->height() / 2);
+  QTest::mousePress(box, Qt::LeftButton, {}, corner + QPoint(-9, 5));
+  for (const QPoint at : {corner, inside})
+    QTest::mouseMove(box, at);
+  QTest::mouseRelease(box, Qt::LeftButton, {}, inside);
+  EXPECT_EQ(scan.page().selected().left, 0);
+  EXPECT_NEAR(scan.page().selected().width, 150, 2);
+}
+
+TEST_F(ScanEdits, TheWheelBesideThePageIsThePagesToo) {
+  const auto& scan = openWith(grainy({300, 400}));
+  QWheelEvent event(QPointF(2, 2), QPointF(2, 2), {}, QPoint(0, 120), Qt::NoButton,
+                    Qt::ControlModifier, Qt::NoScrollPhase, false);
+  QCoreApplication::sendEvent(control(scan, "viewBox"), &event);
+  EXPECT_EQ(scan.page().view().factor(), 1.25);
+}
+
+TEST_F(ScanEdits, WhatIsPulledBeyondTheEdgeTakesThePageAlong) {
+  const auto& scan = openWith(grainy({2000, 1500}));
+  press(scan, "Command9");
+  const TwipsPoint before = scan.page().view().scroll();
+  const int width = layer(scan)->width();
+  QTest::mousePress(layer(scan), Qt::LeftButton, {}, QPoint(width / 2, 50));
+  for (const int right : {width - 1, width + 40, width + 80})
+    QTest::mouseMove(layer(scan), QPoint(right, 90));
+  EXPECT_GT(scan.page().view().scroll().x, before.x);
+  EXPECT_EQ(scan.page().view().scroll().y, before.y);
+  QTest::mouseRelease(layer(scan), Qt::LeftButton, {}, QPoint(width / 2, 90));
+  EXPECT_GT(scan.page().selected().width, 0) << "it began farther left than it is let go";
+}
+
+TEST_F(ScanEdits, ASmallButtonIsOutOfSightWithItsRegion) {
+  const auto& scan = openWith(grainy({2000, 1500}));
+  draw(scan, {10, 10}, {200, 200});
+  press(scan, "Command12");
+  ASSERT_NE(regionButton(scan, "Revert"), nullptr);
+  press(scan, "Command9");
+  EXPECT_EQ(regionButton(scan, "Revert"), nullptr);
+  bar(scan, "acrossBar")->setValue(0);
+  bar(scan, "downBar")->setValue(0);
+  EXPECT_NE(regionButton(scan, "Revert"), nullptr);
 }
 
 TEST_F(ScanEdits, ThePixelsOnTheScreenAreThoseOfThePage) {

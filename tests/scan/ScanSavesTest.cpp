@@ -128,6 +128,46 @@ TEST_F(ScanSaves, APhotoThatCannotBeSavedIsToldAndItsRowStays) {
   EXPECT_FALSE(Hourglass::isShown());
 }
 
+TEST_F(ScanSaves, WhileAPhotoIsSavedTheKeyboardGoesToThePageNotToClose) {
+  const auto& scan = openWith(page_);
+  draw(scan, {100, 100}, {300, 200});
+  auto held = holdPool();
+  control(scan, "Command1")->setFocus();
+  QTest::keyClick(control(scan, "Command1"), Qt::Key_Space);
+  ASSERT_TRUE(scan.isBusy());
+  EXPECT_EQ(scan.focusWidget(), control(scan, "NotX1"));
+  held.reset();
+  settle();
+}
+
+TEST_F(ScanSaves, TheNextRectangleMayBeBegunWhileTheLastOneIsSaved) {
+  const auto& scan = openWith(page_);
+  draw(scan, {100, 100}, {300, 200});
+  auto* layer = control<MarkLayer>(scan, "NotX1");
+  auto held = holdPool();
+  FormControls::press(scan, "Command1");
+  QTest::mousePress(layer, Qt::LeftButton, {}, QPoint(20, 20));
+  QTest::mouseMove(layer, QPoint(30, 30));
+  held.reset();
+  settle();
+  EXPECT_FALSE(scan.page().selection().isThere());
+  QTest::mouseMove(layer, QPoint(60, 50));
+  QTest::mouseRelease(layer, Qt::LeftButton, {}, QPoint(60, 50));
+  const PagePlaces places(scan.page(), *layer);
+  EXPECT_NEAR(scan.page().selected().left, places.toPage({20, 20}).x, 1);
+  EXPECT_NEAR(scan.page().selected().width, places.toPage({40, 0}).x, 1);
+}
+
+TEST_F(ScanSaves, ThatThePageIsZoomedOutOfSightIsToldAfterASavedPhotoToo) {
+  const auto& scan = openWith(page_);
+  draw(scan, {100, 100}, {300, 200});
+  press(scan, "Command1");
+  ASSERT_EQ(hintOf(scan), "Saved as photo 00002.");
+  for (int step = 0; step < 4; ++step)
+    press(scan, "Command16");
+  EXPECT_NE(hintOf(scan).find("out of sight"), std::string::npos);
+}
+
 TEST_F(ScanSaves, ClosingWhileAPhotoIsSavedClosesOnceItIs) {
   const auto& scan = openWith(page_);
   draw(scan, {100, 100}, {300, 200});
