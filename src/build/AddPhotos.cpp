@@ -4,10 +4,10 @@
 #include "PhotoWriter.h"
 #include "PhotosAhead.h"
 #include "PreparedPhoto.h"
+#include "Ready.h"
 #include "Resample.h"
 #include "ThumbnailSize.h"
 
-#include <chrono>
 #include <deque>
 #include <future>
 #include <string>
@@ -202,9 +202,8 @@ void PhotoAdder::failed(const std::exception_ptr& failure) {
 }
 
 template <class Answer> Answer PhotoAdder::await(std::future<Answer> answer) {
-  using namespace std::chrono_literals;
   if (listener_.wait)
-    listener_.wait([&] { return answer.wait_for(0s) == std::future_status::ready; });
+    listener_.wait([&] { return isReady(answer); });
   return answer.get();
 }
 

@@ -44,13 +44,13 @@ QSize RegionView::sizeHint() const {
   return comfortable;
 }
 
-void RegionView::showPhoto(const PhotoLevels& photo, PixelSize box) { show(photo, box); }
+void RegionView::showPhoto(const PhotoLevels& photo, PixelSize box) { take(photo, box); }
 
-void RegionView::showOnly(const Picture& picture) { show(PhotoLevels(picture), std::nullopt); }
+void RegionView::showOnly(const Picture& picture) { take(PhotoLevels(picture), std::nullopt); }
 
-void RegionView::clear() { show({}, std::nullopt); }
+void RegionView::clear() { take({}, std::nullopt); }
 
-void RegionView::show(const PhotoLevels& photo, std::optional<PixelSize> box) {
+void RegionView::take(const PhotoLevels& photo, std::optional<PixelSize> box) {
   levels_ = photo;
   box_ = box;
   enlarged_ = 1;

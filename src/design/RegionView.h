@@ -55,7 +55,7 @@ protected:
   void keyPressEvent(QKeyEvent* event) override;
 
 private:
-  void show(const PhotoLevels& photo, std::optional<PixelSize> box);
+  void take(const PhotoLevels& photo, std::optional<PixelSize> box);
   void setRegion(const PixelRect& region);
   void layOut();
   void placeFrame();

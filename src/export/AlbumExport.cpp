@@ -12,6 +12,7 @@
 #include "PhotoIdentity.h"
 #include "PhotoScript.h"
 #include "PlainFile.h"
+#include "Ready.h"
 #include "SoundShelf.h"
 
 #include <chrono>
@@ -117,9 +118,8 @@ private:
     return answer.get();
   }
   template <class Answer> void await(std::future<Answer>& answer) const {
-    using namespace std::chrono_literals;
     if (listener_.wait)
-      listener_.wait([&] { return answer.wait_for(0s) == std::future_status::ready; });
+      listener_.wait([&] { return isReady(answer); });
     answer.wait();
   }
 

@@ -13,11 +13,11 @@ PhotoFrame::PhotoFrame(const PictureBox* photo, QWidget* parent) : QWidget(paren
   rest();
 }
 
-void PhotoFrame::rest() { show(1, Qt::black, look::titleBar); }
+void PhotoFrame::rest() { take(1, Qt::black, look::titleBar); }
 
-void PhotoFrame::select() { show(selectedWidth, QColor(255, 0, 0), QColor(255, 255, 0)); }
+void PhotoFrame::select() { take(selectedWidth, QColor(255, 0, 0), QColor(255, 255, 0)); }
 
-void PhotoFrame::show(int borderWidth, const QColor& border, const QColor& fill) {
+void PhotoFrame::take(int borderWidth, const QColor& border, const QColor& fill) {
   borderWidth_ = borderWidth;
   border_ = border;
   fill_ = fill;

@@ -31,7 +31,7 @@ protected:
   void paintEvent(QPaintEvent* event) override;
 
 private:
-  void show(int borderWidth, const QColor& border, const QColor& fill);
+  void take(int borderWidth, const QColor& border, const QColor& fill);
 
   const PictureBox* photo_;
   int borderWidth_ = 1;

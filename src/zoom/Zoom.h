@@ -51,7 +51,6 @@ public:
   [[nodiscard]] PrintPage printPage() const override;
 
   [[nodiscard]] const ZoomArea& area() const { return *area_; }
-  [[nodiscard]] const SlideShow& show() const { return show_; }
   /// True while the pixels of the photo are on their way.
   [[nodiscard]] bool isWaitingForPicture() const;
   [[nodiscard]] bool isLookingForSound() const;
