@@ -25,7 +25,7 @@ QAccessibleInterface* formWindowInterface(const QString& className, QObject* obj
 
 FormWindow::FormWindow(Form& form, QWidget* parent)
     : QWidget(parent, Qt::SubWindow), form_(form), caption_(new QLabel), titleBar_(makeTitleBar()),
-      room_(new QVBoxLayout) {
+      room_(new QVBoxLayout), firstFocus_(form.focusWidget()) {
   setAutoFillBackground(true);
   auto* column = new QVBoxLayout(this);
   column->setContentsMargins(0, 0, 0, 0);
@@ -86,7 +86,11 @@ QWidget* FormWindow::makeTitleBar() {
 }
 
 void FormWindow::focusForm() {
-  if (QWidget* last = form_.focusWidget()) {
+  QWidget* last = form_.focusWidget();
+  if (!last)
+    last = firstFocus_; // a widget that moves into another window forgets it
+  firstFocus_.clear();
+  if (last) {
     last->setFocus(Qt::ActiveWindowFocusReason);
     return;
   }

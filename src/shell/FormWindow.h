@@ -3,6 +3,7 @@
 #include "Form.h"
 
 #include <QMargins>
+#include <QPointer>
 
 class QLabel;
 class QBoxLayout;
@@ -33,6 +34,7 @@ private:
   QLabel* caption_;
   QWidget* titleBar_;
   QBoxLayout* room_;
+  QPointer<QWidget> firstFocus_; ///< what the form has chosen before it stood here
 };
 
 /// Makes a FormWindow read as a window of its own, named by its caption, to screen readers.

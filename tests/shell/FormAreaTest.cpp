@@ -172,6 +172,12 @@ TEST_F(FormAreaTest, TabStaysInsideTheFormInFront) {
   EXPECT_TRUE(editor.first.hasFocus());
 }
 
+TEST_F(FormAreaTest, TheFocusBeginsWhereTheFormHasPutItBeforeItWasShown) {
+  editor.second.setFocus();
+  area->showForm(editor);
+  EXPECT_TRUE(editor.second.hasFocus());
+}
+
 TEST_F(FormAreaTest, TheFocusComesBackToWhereItWas) {
   area->showForm(search);
   search.second.setFocus();
