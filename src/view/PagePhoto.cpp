@@ -32,6 +32,8 @@ void PagePhoto::paintEvent(QPaintEvent* event) {
 
 void PagePhoto::mousePressEvent(QMouseEvent* event) {
   isPressed_ = event->button() == Qt::LeftButton;
+  showsFocus_ = false;
+  update();
   PictureBox::mousePressEvent(event);
 }
 

@@ -242,6 +242,16 @@ TEST_F(ViewerCells, ThePagesCloseWhileADescriptionSlides) {
   EXPECT_EQ(Forms::loaded<Viewer>(), nullptr);
 }
 
+TEST_F(ViewerCells, AClickTakesTheRingOfTheKeyboardAway) {
+  const auto& viewer = openAlbumOf(2);
+  auto* photo = viewer.cells().at(1).photo;
+  const QImage plain = photo->grab().toImage();
+  photo->setFocus(Qt::TabFocusReason);
+  EXPECT_NE(photo->grab().toImage(), plain);
+  clickPhoto(viewer, 1);
+  EXPECT_EQ(photo->grab().toImage(), plain);
+}
+
 TEST_F(ViewerCells, AClickSelectsThePhotoAndAnotherOneLetsItGo) {
   const auto& viewer = openAlbumOf(4);
   clickPhoto(viewer, 1);
