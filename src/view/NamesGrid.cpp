@@ -39,6 +39,8 @@ void NamesGrid::showNames(const std::vector<NamesRow>& names) {
   clearRows();
   for (const NamesRow& name : names) {
     addRow(toQString(name.text + "\t" + name.id));
+    if (name.id.empty())
+      item(rows() - 2, nameColumn)->setFlags(Qt::ItemIsEnabled); // nobody to be chosen
     if (name.marked)
       setCellPicture(rows() - 1, nameColumn, arrow_);
   }

@@ -155,6 +155,15 @@ TEST_F(ViewerCells, TheArrowPointsAtThePersonAtTheScaleOfThePage) {
   EXPECT_TRUE(arrow->isHidden());
 }
 
+TEST_F(ViewerCells, WhereNobodyStandsNothingIsChosen) {
+  const auto& viewer = openPageOf("NamesInPhoto = '" + addPeople(2) + "'");
+  const auto& grid = names(viewer, 0);
+  clickName(viewer, 0, 1);
+  EXPECT_EQ(grid.selectedItems().size(), 1);
+  clickName(viewer, 0, 4);
+  EXPECT_TRUE(grid.selectedItems().isEmpty());
+}
+
 TEST_F(ViewerCells, AnotherPhotosNamesKeepTheArrowWhereTheyHaveNoMarkersAtAll) {
   const auto field = addPeople(1);
   folder_.addPhoto("HD00002", {{"NamesInPhoto", field}});
