@@ -174,10 +174,20 @@ void ZoomArea::place() {
 }
 
 void ZoomArea::showBars() {
+  keepKeyboard();
   showBar(*ui_.across, steps_.across);
   showBar(*ui_.down, steps_.down);
   ui_.magnify->setEnabled(steps_.canMagnify);
   ui_.reduce->setEnabled(steps_.canReduce);
+}
+
+/// A button that is disabled under the keyboard would hand it on to the next one, which the key
+/// that is still being struck would press.
+void ZoomArea::keepKeyboard() {
+  const bool loses = (ui_.magnify->hasFocus() && !steps_.canMagnify) ||
+                     (ui_.reduce->hasFocus() && !steps_.canReduce);
+  if (loses)
+    ui_.photo->setFocus(Qt::OtherFocusReason);
 }
 
 void ZoomArea::scaled() {

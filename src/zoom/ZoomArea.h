@@ -75,6 +75,7 @@ private:
   void drag(QPointF position, bool leftDown);
   void place();
   void showBars();
+  void keepKeyboard();
   void scaled();
 
   Controls ui_;

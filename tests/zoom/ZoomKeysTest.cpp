@@ -99,6 +99,17 @@ TEST_F(ZoomKeyboard, UpAndDownMoveTheMagnifiedPhotoAlsoBehindAClick) {
   }
 }
 
+TEST_F(ZoomKeyboard, AButtonThatEndsUnderTheKeyboardHandsItToThePhoto) {
+  auto& zoom = openZoom();
+  for (const char* button : {"Command4", "Command5"}) {
+    control(zoom, button)->setFocus();
+    for (int step = 0; step < 12 && control(zoom, button)->isEnabled(); ++step)
+      strike(Qt::Key_Space);
+    EXPECT_FALSE(control(zoom, button)->isEnabled()) << button;
+    EXPECT_TRUE(photo(zoom).hasFocus()) << button;
+  }
+}
+
 TEST_F(ZoomKeyboard, UpAndDownChooseAmongTheNamesAndReadTheDescription) {
   QString longText;
   for (int line = 0; line < 60; ++line)
