@@ -89,6 +89,7 @@ void FactsPanel::makeIcons(const Design& design) {
   description_ = makeIcon(descriptionIcon(), QStringLiteral("Read the description"), this);
   description_->setObjectName(familyName("Image2", design.index));
   sound_ = makeIcon(soundIcon(), QStringLiteral("Play the sound"), this);
+  sound_->setToolTip(QStringLiteral("Play the sound (Esc ends it)"));
   sound_->setObjectName(familyName("Image3", design.index));
   const double third = design.size.width / 3;
   place(description_, {third - iconSize.width / 2, iconTop, iconSize.width, iconSize.height});

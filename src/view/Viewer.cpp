@@ -483,8 +483,7 @@ void Viewer::keyPressEvent(QKeyEvent* event) {
     runCommand([this] { lastPage(); });
     return;
   case Qt::Key_Escape:
-    comments_->putAway();
-    return;
+    return comments_->isVisible() ? comments_->putAway() : clip_->end();
   default:
     if (!walkByArrow(event->key()))
       Form::keyPressEvent(event);

@@ -139,7 +139,8 @@ void Zoom::wireKeys() {
   keys->add({Qt::Key_Plus, Qt::Key_Equal, Qt::CTRL | Qt::Key_Plus, Qt::CTRL | Qt::Key_Equal},
             [this] { magnify(); });
   keys->add({Qt::Key_Minus, Qt::CTRL | Qt::Key_Minus}, [this] { reduce(); });
-  keys->add({Qt::Key_Escape}, [this] { comments_->putAway(); });
+  keys->add({Qt::Key_Escape},
+            [this] { comments_->isVisible() ? comments_->putAway() : clip_->end(); });
   for (QWidget* lines : std::initializer_list<QWidget*>{&facts_->names(), comments_, ui->VScroll2})
     keys->leaveUpAndDownTo(*lines);
 }

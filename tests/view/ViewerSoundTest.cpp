@@ -172,6 +172,26 @@ TEST_F(ViewerSound, TurningThePageLetsTheClipPlayOn) {
   EXPECT_EQ(clip_->mode(), Mode::Playing);
 }
 
+TEST_F(ViewerSound, EscapeEndsTheClipAndTheAlbumsSoundGoesOn) {
+  addTone("A7.wav", 60'000);
+  addTone("00001.wav", 60'000);
+  auto& viewer = openPagesWithSound();
+  playClip(viewer);
+  QTest::keyClick(&viewer, Qt::Key_Escape);
+  EXPECT_EQ(clip_->mode(), Mode::NotOpen);
+  EXPECT_EQ(background_->mode(), Mode::Playing);
+}
+
+TEST_F(ViewerSound, EscapePutsTheDescriptionAwayBeforeItEndsTheClip) {
+  execute("UPDATE PhotoAlbum SET Description = 'Behind the house'");
+  addTone("00001.wav", 60'000);
+  auto& viewer = openPagesWithSound();
+  playClip(viewer);
+  clickIcon(viewer, "Image2", 0);
+  QTest::keyClick(&viewer, Qt::Key_Escape);
+  EXPECT_EQ(clip_->mode(), Mode::Playing);
+}
+
 TEST_F(ViewerSound, ThePagesCloseInTheMiddleOfAClip) {
   addTone("A7.wav", 60'000);
   addTone("00001.wav", 60'000);

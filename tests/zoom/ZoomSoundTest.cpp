@@ -81,6 +81,14 @@ TEST_F(ZoomSound, ThePhotoWithoutASoundHasNoNote) {
   EXPECT_TRUE(control(zoom, "Image3(0)")->isHidden());
 }
 
+TEST_F(ZoomSound, EscapeEndsTheClip) {
+  auto& zoom = openWithSound(60'000);
+  FormControls::press(zoom, "Image3(0)");
+  ASSERT_EQ(clip_->mode(), Mode::Playing);
+  key(zoom, Qt::Key_Escape);
+  EXPECT_EQ(clip_->mode(), Mode::NotOpen);
+}
+
 TEST_F(ZoomSound, TheViewClosesInTheMiddleOfAClip) {
   const auto& zoom = openWithSound(60'000);
   FormControls::press(zoom, "Image3(0)");
