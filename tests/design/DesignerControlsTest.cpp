@@ -100,6 +100,7 @@ TEST_F(DesignerControls, ItFitsASmallScreenAndGrowsWithALargeOne) {
   applyLook(*qApp);
   auto& designer = open();
   EXPECT_EQ(designer.size(), QSize(990, 690));
+  folder_.addPerson("Grandmother Wilhelmine of the house above the lake, called Mimi by all of us");
   addPhotosOf("Clara", 2);
   designer.Unload();
   auto& again = open();

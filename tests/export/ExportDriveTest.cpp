@@ -41,6 +41,15 @@ TEST_F(ExportDrive, ADriveWithRoomIsGoneTo) {
 
 TEST_F(ExportDrive, ItBeginsInTheProgramsFolderForExports) { expectHome(open()); }
 
+TEST_F(ExportDrive, ADriveWithALongNameMakesTheDialogNoWider) {
+  folder_.drives().addDisk("sdb", true);
+  const auto disk =
+      base_ / "The photographs of all of us since we moved to the house above the lake";
+  fs::create_directories(disk);
+  folder_.drives().mount("/dev/sdb1", disk, "vfat");
+  EXPECT_LE(open().minimumSizeHint().width(), 900);
+}
+
 TEST_F(ExportDrive, ADriveThatIsNotReadyIsRefused) {
   folder_.drives().listOptical({"sr0"});
   auto& dialog = open();

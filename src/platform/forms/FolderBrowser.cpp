@@ -62,6 +62,8 @@ void FolderBrowser::wireTree() {
 }
 
 void FolderBrowser::wireParts() {
+  // A disk with a long name would make the dialog wider than a small screen.
+  parts_.drives->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
   connect(parts_.drives, &QComboBox::activated, this,
           [this](int index) { runCommand([=, this] { chooseDrive(index); }); });
   connect(parts_.folders->selectionModel(), &QItemSelectionModel::currentChanged, this,
