@@ -170,7 +170,14 @@ void MarkLayer::mouseReleaseEvent(QMouseEvent* event) {
   isPulling_ = false;
   pull(event->position());
   edit_->endSelecting();
+  showWhollyOnPage();
   changed();
+}
+
+/// Sides beyond the page could be neither seen nor taken hold of.
+void MarkLayer::showWhollyOnPage() {
+  if (edit_->selection().isThere())
+    edit_->selection().set(edit_->selected());
 }
 
 void MarkLayer::showPointer(QPointF position) {

@@ -46,6 +46,7 @@ private:
   void showPointer(QPointF position);
   void pull(QPointF position);
   void showMore(QPointF position);
+  void showWhollyOnPage();
   bool pressArrow(int key, Qt::KeyboardModifiers held);
   bool removeSelection();
   void selectAll();

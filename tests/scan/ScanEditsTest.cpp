@@ -412,6 +412,7 @@ TEST_F(ScanEdits, ARectangleMayBeginBesideThePage) {
   QTest::mouseRelease(box, Qt::LeftButton, {}, inside);
   EXPECT_EQ(scan.page().selected().left, 0);
   EXPECT_NEAR(scan.page().selected().width, 150, 2);
+  EXPECT_EQ(scan.page().selection().topLeft().x, 0) << "its side can be seen and taken hold of";
 }
 
 TEST_F(ScanEdits, TheWheelBesideThePageIsThePagesToo) {
