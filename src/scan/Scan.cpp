@@ -29,7 +29,6 @@ struct Detail {
 constexpr std::array details{
     Detail{"150 dots per inch: to look at", 150}, Detail{"300 dots per inch: prints", 300},
     Detail{"600 dots per inch: small prints", 600}, Detail{"1200 dots per inch: slides", 1200}};
-constexpr int usualDetail = 1;
 
 constexpr const char* drawHint = "Draw a rectangle around a photo with the mouse. Its handles, and "
                                  "the arrow keys, adjust it.";
@@ -56,7 +55,7 @@ Scan::Scan(Album& album, WorkPool& pool, Scanner& scanner)
   ui->viewBox->setParts({ui->ImgX1, ui->NotX1, ui->acrossBar, ui->downBar}, edit_, pool_);
   for (const Detail& detail : details)
     ui->detailBox->addItem(toQString(detail.words), detail.dotsPerInch);
-  ui->detailBox->setCurrentIndex(usualDetail);
+  ui->detailBox->setCurrentIndex(ui->detailBox->findData(scanner_.lastWish().dotsPerInch));
   setFaces();
   wireControls();
   resize(sizeOnScreen(screen()->availableSize(), drawn));

@@ -115,6 +115,7 @@ private:
   void findScanners();
   void showScanners(const std::vector<ScannerDevice>& devices);
   [[nodiscard]] ScanWish readWish() const;
+  void rememberWish(ScanWish wish, ScanStatus outcome);
   void acquire(std::function<void(const ScannedPage&)> failed);
   void acquired(const ScannedPage& page);
   void scanFirst();

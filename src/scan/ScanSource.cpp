@@ -8,6 +8,7 @@
 
 #include <QPointer>
 
+#include <algorithm>
 #include <utility>
 
 namespace hearthbook {
@@ -71,11 +72,15 @@ void Scan::showScanners(const std::vector<ScannerDevice>& devices) {
   ui->scannerBox->clear();
   for (const ScannerDevice& device : devices)
     ui->scannerBox->addItem(toQString(device.label), toQString(device.name));
+  const int last = ui->scannerBox->findData(toQString(scanner_.lastWish().device));
+  ui->scannerBox->setCurrentIndex(std::max(0, last));
 }
 
 ScanWish Scan::readWish() const {
   ScanWish wish;
-  wish.device = toUtf8(ui->scannerBox->currentData().toString());
+  const bool areScannersKnown = ui->scannerBox->count() > 0;
+  wish.device = areScannersKnown ? toUtf8(ui->scannerBox->currentData().toString())
+                                 : scanner_.lastWish().device;
   wish.dotsPerInch = ui->detailBox->currentData().toInt();
   return wish;
 }
@@ -91,17 +96,28 @@ void Scan::acquire(std::function<void(const ScannedPage&)> failed) {
     form->ui->ProgressBar1->setRange(0, 100);
     form->ui->ProgressBar1->setValue(qRound(share * 100));
   };
-  scanner_.acquire(readWish(), progress,
-                   [form, job = job_, failed = std::move(failed)](const ScannedPage& page) {
+  const ScanWish wish = readWish();
+  scanner_.acquire(wish, progress,
+                   [form, job = job_, wish, failed = std::move(failed)](const ScannedPage& page) {
                      if (!form || form->job_ != job)
                        return;
                      form->endWork();
+                     form->rememberWish(wish, page.status);
                      if (page.status == ScanStatus::Success)
                        return form->acquired(page);
                      form->say(toQString(page.trouble));
                      if (page.status != ScanStatus::Cancelled || !form->isPageGivenUp_)
                        guarded([&] { failed(page); });
                    });
+}
+
+/// One that does not work is not asked again by itself: it may have been carried away.
+void Scan::rememberWish(ScanWish wish, ScanStatus outcome) {
+  if (outcome == ScanStatus::Cancelled)
+    return;
+  if (outcome != ScanStatus::Success)
+    wish.device.clear();
+  scanner_.remember(std::move(wish));
 }
 
 void Scan::acquired(const ScannedPage& page) {

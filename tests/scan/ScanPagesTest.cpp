@@ -211,6 +211,32 @@ TEST_F(ScanPages, TheNextPageComesFromTheScannerAndInTheDetailThatWereChosen) {
   EXPECT_EQ(scanner_.wishes.at(1).dotsPerInch, 600);
 }
 
+TEST_F(ScanPages, TheScannerAndTheDetailThatWereChosenAreThoseOfTheNextTime) {
+  scanner_.devices = {{"test:0", "Anna's scanner"}, {"test:1", "The other one"}};
+  auto& scan = openWith(page_);
+  control<QComboBox>(scan, "scannerBox")->setCurrentIndex(1);
+  control<QComboBox>(scan, "detailBox")->setCurrentIndex(2);
+  willSend(page_);
+  press(scan, "Command2");
+  scan.Unload();
+  const auto& again = openWith(page_);
+  EXPECT_EQ(scanner_.wishes.back().device, "test:1");
+  EXPECT_EQ(scanner_.wishes.back().dotsPerInch, 600);
+  EXPECT_EQ(control<QComboBox>(again, "scannerBox")->currentIndex(), 1);
+  EXPECT_EQ(control<QComboBox>(again, "detailBox")->currentIndex(), 2);
+}
+
+TEST_F(ScanPages, AScannerThatDoesNotWorkIsNotAskedAgainTheNextTime) {
+  scanner_.remember({"test:1", 600, {}});
+  willFail(ScanStatus::NoScanner);
+  expectScannerError();
+  open("Scan").Unload();
+  EXPECT_EQ(scanner_.wishes.back().device, "test:1");
+  openWith(page_);
+  EXPECT_EQ(scanner_.wishes.back().device, "");
+  EXPECT_EQ(scanner_.wishes.back().dotsPerInch, 600);
+}
+
 TEST_F(ScanPages, ThePageIsKeptOnTheDiskUntilTheFormIsClosed) {
   auto& scan = openWith(page_);
   const fs::path kept = at("Backup/Scanned page.jpg");

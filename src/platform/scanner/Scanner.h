@@ -5,6 +5,7 @@
 #include <functional>
 #include <map>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace hearthbook {
@@ -69,6 +70,13 @@ public:
   /// No more pages are wanted for now: once those asked for have ended, the scanner in use is free
   /// for other programs, too.
   virtual void release() = 0;
+
+  /// The wish that brought a page last, for who asks next; for as long as the program runs.
+  [[nodiscard]] const ScanWish& lastWish() const { return lastWish_; }
+  void remember(ScanWish wish) { lastWish_ = std::move(wish); }
+
+private:
+  ScanWish lastWish_;
 };
 
 /// "The paper is stuck in the scanner."
