@@ -39,8 +39,10 @@ void NamesGrid::showNames(const std::vector<NamesRow>& names) {
   clearRows();
   for (const NamesRow& name : names) {
     addRow(toQString(name.text + "\t" + name.id));
+    auto* shown = item(rows() - 2, nameColumn);
+    shown->setToolTip(shown->text().trimmed()); // a long name is cut short
     if (name.id.empty())
-      item(rows() - 2, nameColumn)->setFlags(Qt::ItemIsEnabled); // nobody to be chosen
+      shown->setFlags(Qt::ItemIsEnabled); // nobody to be chosen
     if (name.marked)
       setCellPicture(rows() - 1, nameColumn, arrow_);
   }

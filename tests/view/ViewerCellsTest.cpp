@@ -118,6 +118,14 @@ TEST_F(ViewerCells, SixNamesFillTheGridWithoutAScrollBar) {
   EXPECT_EQ(height, grid.viewport()->height());
 }
 
+TEST_F(ViewerCells, ANameThatIsCutShortIsReadWholeUnderTheMouse) {
+  const auto id = std::to_string(1000 + folder_.addPerson("Anna Maria Theodora van den Bergh"));
+  const auto& viewer = openPageOf("NamesInPhoto = '" + id.substr(1) + ",', NamesCords = '" +
+                                  id.substr(1) + "-0100X0200,'");
+  EXPECT_EQ(names(viewer, 0).item(0, 0)->toolTip(), toQString("Anna Maria Theodora van den Bergh"));
+  EXPECT_EQ(names(viewer, 0).item(1, 0)->toolTip(), QString());
+}
+
 TEST_F(ViewerCells, TheSeventhNameBringsAScrollBar) {
   const auto& viewer = openPageOf("NamesInPhoto = '" + addPeople(7) + "'");
   EXPECT_EQ(names(viewer, 0).names(), 7);
