@@ -326,7 +326,7 @@ bool ExportDesigner::unloading() {
          isYes(QStringLiteral("There is no page yet of what you have put into the design ") +
                    listOf(designs, QStringLiteral(" and the design ")) +
                    QStringLiteral(". It would be lost.\n\nClose without making the page?"),
-               MsgIcon::Question);
+               MsgIcon::Exclamation);
 }
 
 } // namespace hearthbook

@@ -325,7 +325,7 @@ bool frmSendMail::mayDropMessage() const {
   return isSending || !ui->txtMessage->document()->isModified() ||
          MsgBox(QStringLiteral("The message has not been sent. What you have written would be "
                                "lost.\n\nClose without sending it?"),
-                mailTitle, MsgIcon::Question, MsgButtons::YesNo) == MsgAnswer::Yes;
+                mailTitle, MsgIcon::Exclamation, MsgButtons::YesNo) == MsgAnswer::Yes;
 }
 
 bool frmSendMail::unloading() {

@@ -155,7 +155,7 @@ protected:
                               toQString(designs) +
                               QStringLiteral(". It would be lost.\n\n"
                                              "Close without making the page?"),
-                          designTitle, MsgIcon::Question, MsgButtons::YesNo, answer);
+                          designTitle, MsgIcon::Exclamation, MsgButtons::YesNo, answer);
   }
   void leave(ExportDesigner& designer, MsgAnswer answer = MsgAnswer::Yes) {
     expectLossQuestion("the design Wedding", answer);

@@ -217,7 +217,8 @@ TEST_F(SendMailForm, AWrittenLetterIsLostByEscapeOnlyAfterAQuestion) {
   for (const MsgAnswer answer : {MsgAnswer::No, MsgAnswer::Yes}) {
     boxes_.expectQuestion(toQString("The message has not been sent. What you have written would be "
                                     "lost.\n\nClose without sending it?"),
-                          toQString("E-Mail Photos"), MsgIcon::Question, MsgButtons::YesNo, answer);
+                          toQString("E-Mail Photos"), MsgIcon::Exclamation, MsgButtons::YesNo,
+                          answer);
     QTest::keyClick(&form(), Qt::Key_Escape);
     EXPECT_EQ(isOpen(), answer == MsgAnswer::No);
   }

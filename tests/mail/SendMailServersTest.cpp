@@ -101,7 +101,7 @@ TEST_F(SendMailServers, AnUnsentLetterIsAskedForAndASentOneIsNot) {
       boxes_.expectQuestion(
           toQString("The message has not been sent. What you have written would be "
                     "lost.\n\nClose without sending it?"),
-          toQString("E-Mail Photos"), MsgIcon::Question, MsgButtons::YesNo, MsgAnswer::Yes);
+          toQString("E-Mail Photos"), MsgIcon::Exclamation, MsgButtons::YesNo, MsgAnswer::Yes);
     QTest::keyClick(&form(), Qt::Key_Escape);
     EXPECT_FALSE(isOpen());
   }

@@ -63,7 +63,15 @@ void addButtons(QMessageBox& box, MsgButtons buttons) {
     box.setEscapeButton(QMessageBox::No);
     break;
   }
-  box.setDefaultButton(buttons == MsgButtons::YesNo ? QMessageBox::Yes : QMessageBox::Ok);
+}
+
+/// Return presses the first button, but where a warning asks: whoever presses it unread loses
+/// nothing then.
+void chooseDefault(QMessageBox& box, MsgButtons buttons) {
+  if (buttons != MsgButtons::YesNo)
+    box.setDefaultButton(QMessageBox::Ok);
+  else
+    box.setDefaultButton(box.icon() == QMessageBox::Warning ? QMessageBox::No : QMessageBox::Yes);
 }
 
 MsgAnswer answerOf(int pressed) {
@@ -137,6 +145,7 @@ public:
     box.setTextFormat(Qt::PlainText);
     box.setIcon(shownIcon(icon));
     addButtons(box, buttons);
+    chooseDefault(box, buttons);
     showText(box, text);
     return answerOf(box.exec());
   }

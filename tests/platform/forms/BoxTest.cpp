@@ -79,6 +79,15 @@ TEST(MsgBox, ReturnIsTheFirstButton) {
   EXPECT_EQ(MsgBox(QStringLiteral("?"), {}, MsgIcon::Question, MsgButtons::YesNo), MsgAnswer::Yes);
 }
 
+TEST(MsgBox, ReturnAnswersAWarningWithNo) {
+  withBox([](QWidget& box) {
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&box));
+    QTest::keyClick(&box, Qt::Key_Return);
+  });
+  EXPECT_EQ(MsgBox(QStringLiteral("Delete it?"), {}, MsgIcon::Exclamation, MsgButtons::YesNo),
+            MsgAnswer::No);
+}
+
 TEST(MsgBox, MarkupInATextIsShownAsItStands) {
   withBox([](QWidget& box) {
     EXPECT_EQ(dynamic_cast<QMessageBox&>(box).textFormat(), Qt::PlainText);
@@ -114,7 +123,7 @@ TEST(MsgBox, ManyLinesScrollBetweenWhatIsToldAndWhatIsAsked) {
     QTest::keyClick(&box, Qt::Key_Return);
   });
   EXPECT_EQ(MsgBox(QStringLiteral("These are lost:\n") + names + QStringLiteral("\n\nGo on?"), {},
-                   MsgIcon::Exclamation, MsgButtons::YesNo),
+                   MsgIcon::Question, MsgButtons::YesNo),
             MsgAnswer::Yes);
 }
 
