@@ -142,7 +142,10 @@ void Scan::scanAgain() {
     return;
   edit_.selection().clear();
   showPage();
-  acquire([this](const ScannedPage&) { setCommands(false, false); });
+  acquire([this](const ScannedPage& page) {
+    setCommands(false, false);
+    say(toQString(page.trouble + " To try again, close this window and open it anew."));
+  });
 }
 
 } // namespace hearthbook

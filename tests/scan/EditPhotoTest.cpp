@@ -301,7 +301,8 @@ TEST_F(EditPhoto, AFailedScanAgainLeavesNothingButCloseAndThePhotoAsItWas) {
   expectLosingEdits(MsgAnswer::Ok);
   press(scan, "Command2");
   EXPECT_THAT(usableCommands(scan), ElementsAre("BtnClose", "stopButton"));
-  EXPECT_EQ(hintOf(scan), "The paper is stuck in the scanner.");
+  EXPECT_EQ(hintOf(scan), "The paper is stuck in the scanner. To try again, close this window and "
+                          "open it anew.");
   press(scan, "BtnClose"); // that the changes are lost was said before
   EXPECT_EQ(Forms::loaded<Scan>(), nullptr);
   EXPECT_EQ(readBytes(photo_), original_);

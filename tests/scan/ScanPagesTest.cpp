@@ -122,7 +122,8 @@ TEST_F(ScanPages, AFailedScanAgainLeavesNothingButClose) {
   const auto& scan = open("Scan");
   press(scan, "Command2");
   EXPECT_THAT(usableCommands(scan), ElementsAre("BtnClose", "stopButton"));
-  EXPECT_EQ(hintOf(scan), "The paper is stuck in the scanner.");
+  EXPECT_EQ(hintOf(scan), "The paper is stuck in the scanner. To try again, close this window and "
+                          "open it anew.");
 }
 
 TEST_F(ScanPages, ScanAgainShowsTheNewPageWithNothingOfTheOldOne) {

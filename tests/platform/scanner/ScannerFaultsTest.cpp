@@ -22,7 +22,7 @@ protected:
 
   static void expectFailure(const ScannedPage& page, ScanStatus status) {
     EXPECT_EQ(page.status, status) << page.trouble;
-    EXPECT_NE(page.trouble, "");
+    EXPECT_TRUE(page.trouble.ends_with('.')) << "a sentence: " << page.trouble;
     EXPECT_TRUE(page.picture.isNull());
   }
 };
