@@ -141,6 +141,7 @@ void AddSubAlbum::openViewedAlbum() {
 }
 
 void AddSubAlbum::showViewedName() {
+  ui->Label1->setBuddy(nullptr); // or an & in the name would be the mark of a key, and not shown
   ui->Label1->setText(QStringLiteral("Editing ") + chosenName());
 }
 

@@ -75,6 +75,7 @@ TEST_F(AddSubAlbumForm, OverTheAlbumPagesItEditsTheirSubAlbumAndNoOther) {
   const auto lake = addSubAlbum(folder_, "Lake", {3, 2});
   auto& form = openForViewer(lake);
   EXPECT_EQ(text(form, "Label1"), "Editing Lake");
+  EXPECT_EQ(control<QLabel>(form, "Label1")->buddy(), nullptr); // an & in a name is shown
   EXPECT_EQ(shown(form), (Numbers{3, 2}));
   EXPECT_EQ(text(form, "lblCount"), "2 photos in sub-album");
   EXPECT_TRUE(isShown(form, "frmProperties"));
