@@ -197,6 +197,18 @@ TEST_F(AddAudioTest, AnAlbumsSoundBearsItsIdWithoutLeadingZeros) {
   EXPECT_EQ(textOf(dialog, "ownerName"), "Lake");
 }
 
+TEST_F(AddAudioTest, ALongNameOfAnAlbumIsReadWhole) {
+  addAlbums();
+  data().AlbumDB.execute("UPDATE SubAlbums SET AlbumName = 'Our long summer at the sea, with "
+                         "all of the cousins and the dog' WHERE AlbumID = 7");
+  data().rsSubAlbums.Requery();
+  data().rsSubAlbums.Find("AlbumID = 7", Recordset::Start::First);
+  const auto& dialog = open("album");
+  const auto* name = control<QLabel>(dialog, "ownerName");
+  EXPECT_LE(name->heightForWidth(name->width()), name->height());
+  EXPECT_GE(name->heightForWidth(name->width()), 2 * name->fontMetrics().height());
+}
+
 TEST_F(AddAudioTest, EveryTagButPictureMeansTheAlbum) {
   addAlbums();
   attach("00001.wav", silentWave(lowQuality, 1000));
