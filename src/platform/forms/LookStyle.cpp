@@ -177,6 +177,17 @@ QIcon LookStyle::standardIcon(StandardPixmap icon, const QStyleOption* option,
   return QProxyStyle::standardIcon(icon, option, widget);
 }
 
+void LookStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option,
+                              QPainter* painter, const QWidget* widget) const {
+  const bool isOnSelection =
+      element == PE_IndicatorBranch && option->state.testFlag(State_Selected);
+  if (!isOnSelection)
+    return QProxyStyle::drawPrimitive(element, option, painter, widget);
+  QStyleOption light(*option); // the arrow of a chosen folder is as light as its name
+  light.palette.setColor(QPalette::WindowText, option->palette.color(QPalette::HighlightedText));
+  QProxyStyle::drawPrimitive(element, &light, painter, widget);
+}
+
 void LookStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
                                    QPainter* painter, const QWidget* widget) const {
   QProxyStyle::drawComplexControl(control, option, painter, widget);

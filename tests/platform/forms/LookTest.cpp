@@ -14,8 +14,10 @@
 #include <QPushButton>
 #include <QScreen>
 #include <QSignalSpy>
+#include <QStandardItemModel>
 #include <QStyle>
 #include <QTest>
+#include <QTreeView>
 
 #include <gtest/gtest.h>
 
@@ -55,6 +57,28 @@ QImage grabbed(QWidget& widget) {
 }
 
 } // namespace
+
+TEST(Look, TheArrowOfAChosenFolderCanBeSeen) {
+  QStandardItemModel folders;
+  auto* album = new QStandardItem(QStringLiteral("Album"));
+  album->appendRow(new QStandardItem(QStringLiteral("Photos")));
+  folders.appendRow(album);
+  QTreeView tree;
+  tree.setHeaderHidden(true);
+  tree.setModel(&folders);
+  tree.resize(200, 100);
+  tree.setCurrentIndex(album->index());
+  tree.show();
+  QRect arrow = tree.visualRect(album->index());
+  arrow.setLeft(0);
+  arrow.setWidth(tree.indentation());
+  const QImage drawn = tree.viewport()->grab(arrow).toImage();
+  double best = 1;
+  for (int y = 0; y < drawn.height(); ++y)
+    for (int x = 0; x < drawn.width(); ++x)
+      best = std::max(best, contrast(drawn.pixelColor(x, y), drawn.pixelColor(0, 0)));
+  EXPECT_GE(best, readable);
+}
 
 TEST(Look, AMenuOfTwoHundredEntriesStaysOnTheScreenAndTheLastOneIsReached) {
   QMenu menu;
