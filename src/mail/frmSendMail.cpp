@@ -315,14 +315,15 @@ void frmSendMail::connectionFailed(int number, const QString& description) {
 }
 
 void frmSendMail::giveUp() {
-  ui->txtMessage->document()->setModified(false);
+  isGivenUp_ = true;
   Unload();
+  isGivenUp_ = false; // where it asks already, its answer holds
 }
 
 /// Escape and the window's own cross ask first, where a letter was written.
 bool frmSendMail::mayDropMessage() const {
   const bool isSending = !ui->fields->isEnabled();
-  return isSending || !ui->txtMessage->document()->isModified() ||
+  return isGivenUp_ || isSending || !ui->txtMessage->document()->isModified() ||
          MsgBox(QStringLiteral("The message has not been sent. What you have written would be "
                                "lost.\n\nClose without sending it?"),
                 mailTitle, MsgIcon::Exclamation, MsgButtons::YesNo) == MsgAnswer::Yes;

@@ -91,6 +91,7 @@ private:
   Winsock* winsock_;
   std::optional<SmtpSession> session_; ///< while there is a talk with a server
   bool closed_ = false;
+  bool isGivenUp_ = false; ///< the letter too, if there is one
 };
 
 } // namespace hearthbook

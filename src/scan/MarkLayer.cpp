@@ -137,6 +137,8 @@ void MarkLayer::mousePressEvent(QMouseEvent* event) {
 void MarkLayer::mouseMoveEvent(QMouseEvent* event) {
   if (!hasPage())
     return;
+  if (!event->buttons().testFlag(Qt::LeftButton))
+    pressedAt_.reset(); // a box has taken the release
   if (pressedAt_ && (event->position() - *pressedAt_).manhattanLength() >= leastPull) {
     edit_->selection().begin(PagePlaces(*edit_, *this).toPage(*pressedAt_));
     pressedAt_.reset();

@@ -103,7 +103,10 @@ void KeptPage::keep(const Picture& page, int turn) {
 void KeptPage::forget() {
   const std::scoped_lock lock(mutex_);
   isForgotten_ = true;
-  deleteFile(file_);
+  if (isLeftBehind_)
+    moveToTrash(file_, file_.parent_path());
+  else
+    deleteFile(file_);
 }
 
 } // namespace hearthbook

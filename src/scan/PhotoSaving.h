@@ -48,7 +48,7 @@ void writePhoto(const Picture& picture, const PhotoPlaces& places);
 
 /// The last page of the scanner, on the disk until the form that shows it is closed, so that a
 /// crash does not cost a page. May be used from any thread. A page that a crash has left behind
-/// goes to the trash when another one takes its place.
+/// goes to the trash when another one takes its place, or when it is forgotten.
 class KeptPage {
 public:
   explicit KeptPage(const ApplicationFolder& folder);

@@ -65,9 +65,9 @@ Scan::~Scan() = default;
 
 void Scan::wireControls() {
   // What becomes of it
-  onCommandInTurn(ui->Command1, [this] { save(); });            // "Save Selected", "Update Photo"
-  onCommandInTurn(ui->Command2, [this] { scanAgain(); });       // "Scan Again"
-  onCommandInTurn(ui->Command7, [this] { cutAndSaveAsNew(); }); // "Cut And Save As New"
+  onSaveInTurn(ui->Command1, [this] { save(); });            // "Save Selected", "Update Photo"
+  onCommand(ui->Command2, this, &Scan::scanAgain);           // "Scan Again"
+  onSaveInTurn(ui->Command7, [this] { cutAndSaveAsNew(); }); // "Cut And Save As New"
   // Put right
   onCommandInTurn(ui->Command10, [this] { edit(edits::autoLevels); }); // "Auto Levels"
   onCommandInTurn(ui->Command11, [this] { edit(edits::brighter); });   // "Brighter"
@@ -93,10 +93,6 @@ void Scan::wireControls() {
   connect(ui->NotX1, &MarkLayer::buttonPressed, this, &Scan::pressRegionButton);
   connect(ui->NotX1, &MarkLayer::zoomAsked, this,
           [this](int steps) { runCommand([&] { zoomBy(steps); }); });
-}
-
-void Scan::onCommandInTurn(QAbstractButton* button, std::function<void()> command) {
-  onCommand(button, this, [this, command = std::move(command)] { doInTurn(command); });
 }
 
 void Scan::setFaces() {
@@ -141,12 +137,13 @@ void Scan::showUse() {
 }
 
 void Scan::updateEnabled() {
-  const bool isEditing = work_ == Work::Editing;
+  const bool isSaveWaiting = !waiting_.empty() && waiting_.back().isSave;
+  const bool isEditing = work_ == Work::Editing && !isSaveWaiting;
   const bool takesCommands = !isBusy() || isEditing;
   for (QPushButton* button : findChildren<QPushButton*>())
     if (button != ui->Command2 && button->objectName().contains(QStringLiteral("Command")))
       setUsable(*button, areCommandsUsable_ && takesCommands);
-  setUsable(*ui->Command2, canScanAgain_ && takesCommands);
+  setUsable(*ui->Command2, canScanAgain_ && !isBusy());
   setUsable(*ui->undoButton, areCommandsUsable_ && takesCommands && (edit_.canUndo() || isEditing));
   ui->NotX1->setUsable(areCommandsUsable_ && !isBusy());
   ui->ProgressBar1->setVisible(isWorkShown_);

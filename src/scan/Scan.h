@@ -36,7 +36,8 @@ struct PhotoPlaces;
 ///
 /// Opened by DBeditor, whose Tag says the use: "Scan" or "edit". What takes time is done beside
 /// the window's thread; meanwhile the commands wait and Stop gives up what can be given up. While
-/// the page is edited they can be given already, and are carried out in turn.
+/// the page is edited they can be given already, but for Scan Again, and are carried out in turn;
+/// a save is the last of them.
 class Scan : public Form {
   Q_OBJECT
 public:
@@ -72,8 +73,13 @@ private:
   using AfterSaving = std::function<void(const Saved&)>;
 
   void wireControls();
+  struct Waiting {
+    std::function<void()> command;
+    bool isSave = false; ///< and may end the selection, or close the form
+  };
   void onCommandInTurn(QAbstractButton* button, std::function<void()> command);
-  void doInTurn(const std::function<void()>& command);
+  void onSaveInTurn(QAbstractButton* button, std::function<void()> save);
+  void doInTurn(const Waiting& wished);
   void doWhatWaits();
   void dropWhatWaits();
   void setFaces();
@@ -141,7 +147,7 @@ private:
   void saveSelected();
   void cutAndSaveAsNew();
   void updatePhoto();
-  [[nodiscard]] bool hasSelection() const;
+  [[nodiscard]] bool askForSelection();
   void saveNewPhoto(const PhotoPlaces& places, std::function<void()> afterwards);
   void writeBeside(ImageEdit::Task task, const PhotoPlaces& places, AfterSaving then);
   void newPhotoWritten(const PhotoPlaces& places, const PixelRect& region, const Saved& saved);
@@ -156,9 +162,9 @@ private:
   ImageEdit edit_;
   Work work_ = Work::None;
   bool isWorkShown_ = false;
-  std::deque<std::function<void()>> waiting_; ///< commands given while the page was edited
-  std::optional<Hourglass> hourglass_;        ///< while files are written
-  int job_ = 0;                               ///< what an older job brings is not wanted any more
+  std::deque<Waiting> waiting_;        ///< commands given while the page was edited
+  std::optional<Hourglass> hourglass_; ///< while files are written
+  int job_ = 0;                        ///< what an older job brings is not wanted any more
   bool isEditUse_ = false;
   bool areCommandsUsable_ = false;
   bool canScanAgain_ = true;

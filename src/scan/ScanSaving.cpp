@@ -24,21 +24,22 @@ QString wordsOf(const std::exception_ptr& failure) {
 
 void Scan::save() { isEditUse_ ? updatePhoto() : saveSelected(); }
 
-bool Scan::hasSelection() const {
+bool Scan::askForSelection() {
   if (!edit_.selected().isEmpty())
     return true;
+  dropWhatWaits(); // the user is to go on with the page
   MsgBox(QStringLiteral("Please Make A Selection\nBy Draging Your Mouse On The Image."),
          QStringLiteral("Save Selected Image"));
   return false;
 }
 
 void Scan::saveSelected() {
-  if (hasSelection())
+  if (askForSelection())
     saveNewPhoto(addPhotoRow(album_, album_.data.rsPhotoAlbum), [] {});
 }
 
 void Scan::cutAndSaveAsNew() {
-  if (!hasSelection())
+  if (!askForSelection())
     return;
   auto photos = std::make_shared<OwnPhotoTable>(album_);
   const PhotoPlaces places = addPhotoRow(album_, photos->rows());
@@ -88,10 +89,9 @@ void Scan::writeBeside(ImageEdit::Task task, const PhotoPlaces& places, AfterSav
         }
       },
       [this, then = std::move(then)](const Saved& saved) {
-        const bool isCloseWished = std::exchange(isCloseWished_, false);
+        if (!saved.isPhotoWritten)
+          dropWhatWaits(); // Close among it: nothing may be lost
         then(saved);
-        if (isCloseWished && saved.isPhotoWritten)
-          Unload();
       });
 }
 
@@ -137,6 +137,7 @@ bool Scan::unloading() {
   }
   if (work_ == Work::Editing) { // what was asked for before comes first
     isCloseWished_ = true;
+    showWork(QStringLiteral("This closes as soon as what was asked for is done."));
     return false;
   }
   if (!mayDropEdits())
@@ -144,6 +145,7 @@ bool Scan::unloading() {
   if (work_ == Work::Scanning)
     scanner_.cancel();
   scanner_.release();
+  dropWhatWaits();
   ++job_;                        // what is still on its way comes too late
   if (isScanned_ && keepsPages_) // a page that a crash has left and nobody has seen again stays
     passOver([this] { kept_->forget(); });

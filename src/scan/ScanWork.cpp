@@ -1,5 +1,6 @@
 #include "Scan.h"
 
+#include "Command.h"
 #include "Guard.h"
 #include "ui_Scan.h"
 
@@ -27,7 +28,7 @@ void Scan::beginWork(Work work, const QString& words) {
     return showWork(words);
   updateEnabled();
   QTimer::singleShot(worthTelling, this, [this, words, job = job_] {
-    if (job == job_ && isBusy())
+    if (job == job_ && isBusy() && !isWorkShown_)
       showWork(words);
   });
 }
@@ -61,16 +62,24 @@ void Scan::stop() {
 
 // ---- commands that are given meanwhile
 
-void Scan::doInTurn(const std::function<void()>& command) {
-  if (work_ == Work::Editing)
-    waiting_.push_back(command);
-  else
-    command();
+void Scan::onCommandInTurn(QAbstractButton* button, std::function<void()> command) {
+  onCommand(button, this, [this, wished = Waiting{std::move(command)}] { doInTurn(wished); });
+}
+
+void Scan::onSaveInTurn(QAbstractButton* button, std::function<void()> save) {
+  onCommand(button, this, [this, wished = Waiting{std::move(save), true}] { doInTurn(wished); });
+}
+
+void Scan::doInTurn(const Waiting& wished) {
+  if (work_ != Work::Editing)
+    return wished.command();
+  waiting_.push_back(wished);
+  updateEnabled();
 }
 
 void Scan::doWhatWaits() {
   while (!waiting_.empty() && !isBusy()) {
-    const std::function<void()> command = std::move(waiting_.front());
+    const std::function<void()> command = std::move(waiting_.front().command);
     waiting_.pop_front();
     if (!guarded(command))
       dropWhatWaits();

@@ -90,7 +90,7 @@ void FormWindow::focusForm() {
   if (!last)
     last = firstFocus_; // a widget that moves into another window forgets it
   firstFocus_.clear();
-  if (last) {
+  if (last && last->isEnabled() && !last->isHidden()) {
     last->setFocus(Qt::ActiveWindowFocusReason);
     return;
   }

@@ -58,6 +58,12 @@ def do(person, form, command):
     person.click(person.find("push button", command, within=form))
 
 
+def await_the_last(person, form):
+    """All that was asked for has been done: no page is asked for before."""
+    again = person.find("push button", "Scan Again", within=form)
+    person.until(lambda: again.enabled, "the end of what was asked for")
+
+
 def update(person, form):
     person.click(person.find("push button", "Update Photo", within=form))
     person.closed(form)

@@ -294,6 +294,21 @@ TEST_F(EditPhoto, WhatWasAskedForBeforeCloseIsDoneFirst) {
   EXPECT_EQ(readBytes(photo_), jpegOf(rotated(before, 180), 0));
 }
 
+TEST_F(EditPhoto, NothingIsDoneToAPhotoThatIsUpdatedAndClosed) {
+  const auto& scan = openPhoto();
+  const Picture before = scan.page().picture();
+  const auto count = photos().RecordCount();
+  auto held = holdPool();
+  for (const char* name : {"Command11", "Command1", "Command1", "Command4", "Command7"})
+    FormControls::press(scan, name);
+  held.reset();
+  waitUntil([] { return !Forms::loaded<Scan>(); });
+  finishPool();
+  EXPECT_EQ(readBytes(photo_), jpegOf(withLightness(before, 10), 0));
+  EXPECT_EQ(std::distance(fs::directory_iterator(folder_.trash()), {}), 1);
+  EXPECT_EQ(photos().RecordCount(), count);
+}
+
 TEST_F(EditPhoto, AFailedScanAgainLeavesNothingButCloseAndThePhotoAsItWas) {
   const auto& scan = openPhoto();
   press(scan, "Command11");

@@ -133,6 +133,15 @@ TEST_F(PhotoSaving, APageThatACrashHasLeftGoesToTheTrashWhenAnotherTakesItsPlace
   EXPECT_EQ(readPictureInfo(page.file()).size, (PixelSize{50, 40}));
 }
 
+TEST_F(PhotoSaving, APageThatACrashHasLeftGoesToTheTrashWhereTheNextOneCameTooLate) {
+  KeptPage(album().folder).keep(grainy({90, 60}));
+  KeptPage page(album().folder);
+  page.forget();
+  page.keep(grainy({30, 20}), 1);
+  EXPECT_EQ(readPictureInfo(folder_.trash() / "Scanned page.jpg").size, (PixelSize{90, 60}));
+  EXPECT_FALSE(fs::exists(page.file()));
+}
+
 TEST_F(PhotoSaving, AnOlderPageThatIsReadyLateDoesNotTakeThePlaceOfANewerOne) {
   KeptPage page(album().folder);
   page.keep(grainy({90, 60}), 2);

@@ -357,6 +357,27 @@ TEST_F(ScanEdits, StopGivesUpWhatWaitsForItsTurnToo) {
   EXPECT_TRUE(isSame(scan.page().picture(), page_));
 }
 
+TEST_F(ScanEdits, ScanAgainWaitsForThePageThatIsEdited) {
+  const auto& scan = openWith(page_);
+  auto held = holdPool();
+  FormControls::press(scan, "Command11");
+  EXPECT_FALSE(isEnabled(scan, "Command2"));
+  held.reset();
+  settle();
+  EXPECT_TRUE(isEnabled(scan, "Command2"));
+}
+
+TEST_F(ScanEdits, CloseThatHasToWaitSaysSo) {
+  const auto& scan = openWith(page_);
+  auto held = holdPool();
+  for (const char* name : {"Command11", "BtnClose"})
+    FormControls::press(scan, name);
+  EXPECT_EQ(hintOf(scan), "This closes as soon as what was asked for is done.");
+  EXPECT_TRUE(control(scan, "stopButton")->isVisible());
+  held.reset();
+  waitUntil([] { return !Forms::loaded<Scan>(); });
+}
+
 TEST_F(ScanEdits, WhatIsDoneInAMomentIsNotAnnounced) {
   const auto& scan = openWith(page_);
   auto held = holdPool();

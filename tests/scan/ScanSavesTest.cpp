@@ -198,6 +198,50 @@ TEST_F(ScanSaves, WhatCouldNotBeSavedIsNotClosed) {
   EXPECT_TRUE(scan.page().selection().isThere());
 }
 
+TEST_F(ScanSaves, ASaveIsTheLastThatCanBeAskedForWhileThePageIsEdited) {
+  const auto& scan = openWith(page_);
+  draw(scan, {100, 100}, {300, 200});
+  auto held = holdPool();
+  FormControls::press(scan, "Command11");
+  EXPECT_TRUE(isEnabled(scan, "Command1"));
+  FormControls::press(scan, "Command1");
+  EXPECT_FALSE(isEnabled(scan, "Command1")) << "a second photo of it is not meant";
+  EXPECT_FALSE(isEnabled(scan, "Command11"));
+  held.reset();
+  settle();
+  EXPECT_EQ(photos().RecordCount(), 2);
+  EXPECT_TRUE(isEnabled(scan, "Command1"));
+}
+
+TEST_F(ScanSaves, WhereNothingIsSelectedForAWishedSaveThePageIsNotClosed) {
+  const auto& scan = openWith(page_);
+  auto held = holdPool();
+  for (const char* name : {"Command11", "Command1", "BtnClose"})
+    FormControls::press(scan, name);
+  expectNoSelection();
+  held.reset();
+  settle();
+  EXPECT_NE(Forms::loaded<Scan>(), nullptr);
+  EXPECT_TRUE(fs::exists(at("Backup/Scanned page.jpg")));
+}
+
+TEST_F(ScanSaves, APressWhoseReleaseWasTakenByABoxBeginsNoRectangle) {
+  const auto& scan = openWith(page_);
+  auto* layer = control<MarkLayer>(scan, "NotX1");
+  auto held = holdPool();
+  FormControls::press(scan, "Command11");
+  QTest::mousePress(layer, Qt::LeftButton, {}, QPoint(20, 20));
+  held.reset();
+  settle();
+  for (const QPointF at : {QPointF(60, 50), QPointF(90, 80)}) {
+    QMouseEvent hovered(QEvent::MouseMove, at, layer->mapToGlobal(at), Qt::NoButton, Qt::NoButton,
+                        Qt::NoModifier);
+    QCoreApplication::sendEvent(layer, &hovered);
+  }
+  EXPECT_FALSE(scan.page().selection().isThere());
+  QTest::mouseRelease(layer, Qt::LeftButton, {}, QPoint(90, 80));
+}
+
 TEST_F(ScanSaves, ARectangleThatWasMovedOffThePageIsNone) {
   const auto& scan = openWith(page_);
   draw(scan, {570, 100}, {590, 200});

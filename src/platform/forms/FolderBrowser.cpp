@@ -27,6 +27,11 @@ bool isReturn(const QKeyEvent& event) {
   return event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
 }
 
+/// As the tree spells it.
+std::filesystem::path withoutEndSlash(const std::filesystem::path& folder) {
+  return folder.has_relative_path() && !folder.has_filename() ? folder.parent_path() : folder;
+}
+
 std::filesystem::path standardFolder(QStandardPaths::StandardLocation location) {
   return toPath(QStandardPaths::writableLocation(location));
 }
@@ -132,7 +137,7 @@ Drive FolderBrowser::driveNow(char letter) const {
 }
 
 bool FolderBrowser::goWhereTyped() {
-  const auto folder = toPath(parts_.path->text());
+  const auto folder = withoutEndSlash(toPath(parts_.path->text()));
   if (folder == folder_)
     return true;
   std::error_code unknown;

@@ -68,10 +68,15 @@ void addButtons(QMessageBox& box, MsgButtons buttons) {
 /// Return presses the first button, but where a warning asks: whoever presses it unread loses
 /// nothing then.
 void chooseDefault(QMessageBox& box, MsgButtons buttons) {
-  if (buttons != MsgButtons::YesNo)
-    box.setDefaultButton(QMessageBox::Ok);
-  else
-    box.setDefaultButton(box.icon() == QMessageBox::Warning ? QMessageBox::No : QMessageBox::Yes);
+  const bool isWarning = box.icon() == QMessageBox::Warning;
+  switch (buttons) {
+  case MsgButtons::Ok:
+    return box.setDefaultButton(QMessageBox::Ok);
+  case MsgButtons::OkCancel:
+    return box.setDefaultButton(isWarning ? QMessageBox::Cancel : QMessageBox::Ok);
+  case MsgButtons::YesNo:
+    return box.setDefaultButton(isWarning ? QMessageBox::No : QMessageBox::Yes);
+  }
 }
 
 MsgAnswer answerOf(int pressed) {

@@ -71,7 +71,8 @@ public:
   /// for other programs, too.
   virtual void release() = 0;
 
-  /// The wish that brought a page last, for who asks next; for as long as the program runs.
+  /// What was wished for last, for who asks next, without a device where it brought no page; for
+  /// as long as the program runs.
   [[nodiscard]] const ScanWish& lastWish() const { return lastWish_; }
   void remember(ScanWish wish) { lastWish_ = std::move(wish); }
 

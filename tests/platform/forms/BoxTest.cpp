@@ -79,13 +79,16 @@ TEST(MsgBox, ReturnIsTheFirstButton) {
   EXPECT_EQ(MsgBox(QStringLiteral("?"), {}, MsgIcon::Question, MsgButtons::YesNo), MsgAnswer::Yes);
 }
 
-TEST(MsgBox, ReturnAnswersAWarningWithNo) {
-  withBox([](QWidget& box) {
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&box));
-    QTest::keyClick(&box, Qt::Key_Return);
-  });
-  EXPECT_EQ(MsgBox(QStringLiteral("Delete it?"), {}, MsgIcon::Exclamation, MsgButtons::YesNo),
-            MsgAnswer::No);
+TEST(MsgBox, ReturnAnswersAWarningWithNoOrCancel) {
+  const auto answer = [](MsgButtons buttons) {
+    withBox([](QWidget& box) {
+      ASSERT_TRUE(QTest::qWaitForWindowActive(&box));
+      QTest::keyClick(&box, Qt::Key_Return);
+    });
+    return MsgBox(QStringLiteral("Delete it?"), {}, MsgIcon::Exclamation, buttons);
+  };
+  EXPECT_EQ(answer(MsgButtons::YesNo), MsgAnswer::No);
+  EXPECT_EQ(answer(MsgButtons::OkCancel), MsgAnswer::Cancel);
 }
 
 TEST(MsgBox, MarkupInATextIsShownAsItStands) {
