@@ -137,7 +137,7 @@ public:
   /// So many ticks, at the least that the form lets one set.
   double latestTickAtASecond(int ticks) {
     zoom_->findChild<QScrollBar*>(QStringLiteral("VScroll2"))->setValue(1);
-    return latestTick(zoom_->show().interval(), [&] { return --ticks > 0; });
+    return latestTick(zoom_->slideShow().interval(), [&] { return --ticks > 0; });
   }
 
 private:

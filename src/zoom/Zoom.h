@@ -51,6 +51,7 @@ public:
   [[nodiscard]] PrintPage printPage() const override;
 
   [[nodiscard]] const ZoomArea& area() const { return *area_; }
+  [[nodiscard]] const SlideShow& slideShow() const { return show_; }
   /// True while the pixels of the photo are on their way.
   [[nodiscard]] bool isWaitingForPicture() const;
   [[nodiscard]] bool isLookingForSound() const;
